@@ -1,0 +1,33 @@
+# mirl_sources(OUT DIR...): every .cpp below the folders. New files need no registration.
+function(mirl_sources out)
+    set(all)
+    foreach(dir IN LISTS ARGN)
+        file(GLOB_RECURSE found CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${dir}/*.cpp)
+        list(APPEND all ${found})
+    endforeach()
+    set(${out} ${all} PARENT_SCOPE)
+endfunction()
+
+# mirl_tests(NAME SUFFIX "FOLDER;FOLDER" LIBS...): one GoogleTest program from every *_SUFFIX.cpp below the folders.
+# The folders' other .cpp files are test support and are linked too.
+function(mirl_tests name suffix folders)
+    set(tests)
+    set(support)
+    foreach(folder IN LISTS folders)
+        file(GLOB_RECURSE found CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*_${suffix}.cpp)
+        list(APPEND tests ${found})
+        file(GLOB_RECURSE found CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp)
+        list(APPEND support ${found})
+    endforeach()
+    if(NOT tests)
+        return()
+    endif()
+    list(FILTER support EXCLUDE REGEX "_(test|dbtest|fuzz)\\.cpp$")
+    add_executable(${name} ${tests} ${support})
+    target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR} ${CMAKE_CURRENT_SOURCE_DIR})
+    target_link_libraries(${name} PRIVATE ${ARGN} GTest::gtest GTest::gmock GTest::gtest_main mirl_flags)
+    target_compile_definitions(${name} PRIVATE MIRL_SOURCE_DIR="${CMAKE_SOURCE_DIR}"
+        MIRL_BINARY_DIR="${CMAKE_BINARY_DIR}")
+    add_test(NAME ${name} COMMAND ${name})
+    set_tests_properties(${name} PROPERTIES LABELS ${suffix})
+endfunction()

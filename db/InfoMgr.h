@@ -1,0 +1,13 @@
+#pragma once
+
+/// Kinds of data whose changes the service counts: the index of a "changeStatus" record.
+enum class InfoMgr_InfoID : unsigned {
+    Switches = 1,
+    Users = 6,
+    Receivers = 7,
+    Transmitters = 8,
+    Targets = 10,
+    UserSessions = 13,
+    AdminSessions = 14,
+    Connections = 17
+};

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <Wt/WFlags.h>
+#include <Wt/WGlobal.h>
+
+#include <string>
+
+namespace Wt {
+class WContainerWidget;
+class WStandardItemModel;
+class WString;
+} // namespace Wt
+
+class WAutoSizeTableView;
+class WLineEditPlus;
+class WNumericSortFilterProxyModel;
+
+/// What every list panel holds: a source model of records, the proxy that sorts and filters it, the table
+/// over the proxy, and perhaps a filter field. Rows: column 0 is hidden and holds the record index as
+/// unsigned int, the other columns std::string, all under Wt::EditRole.
+class ObjListParts {
+public:
+    WAutoSizeTableView* table() const { return mTable; }
+    Wt::WStandardItemModel* model() const { return mModel; }
+    WNumericSortFilterProxyModel* proxy() const { return mProxy; }
+    WLineEditPlus* filterField() const { return mFilterField; }
+
+protected:
+    ObjListParts(int columns, bool withFilter);
+    ~ObjListParts() = default;
+
+    /// Makes mFilterField in a row of its own, labelled; owned by the caller.
+    Wt::WContainerWidget* makeFilterRow(const Wt::WString& label, const Wt::WString& toolTip);
+
+    /// Shows the records whose column 2 matches the text; what the user types acts as a regular expression.
+    void setFilterText(const std::string& text);
+
+    /// Shows a column under the heading, without moving it.
+    void setHeader(int column, const Wt::WString& text);
+
+    /// Writes a cell of the source model.
+    void setCell(int row, int column, unsigned int value);
+    void setCell(int row, int column, const std::string& text);
+
+    // The table belongs to the panel, proxy and model to the table.
+    WAutoSizeTableView* mTable;
+    WNumericSortFilterProxyModel* mProxy;
+    Wt::WStandardItemModel* mModel;
+    WLineEditPlus* mFilterField = nullptr;
+};

@@ -1,0 +1,99 @@
+#include "platform/client/ZeqObj.h"
+#include "platform/ctl/Assign.h"
+#include "platform/ctl/ReadCommands.h"
+
+namespace zeqctl {
+
+namespace {
+
+/// The catalogue's word on the resource. Without one all values are texts, and the service says what it
+/// thinks of them.
+ResourceInfo infoOf(Service& service, const std::string& resource) {
+    try {
+        return readCatalogue(service, resource);
+    } catch (const Refusal&) {
+        return {};
+    }
+}
+
+JsonPtr assignAll(Context& context, const std::string& resource, std::span<const std::string> words) {
+    if (words.empty()) throw Failure(Exit::Usage, "nothing to write; give KEY=VALUE");
+    JsonPtr params(ZeqObj_new());
+    const ResourceInfo info = infoOf(context.service, resource);
+    for (const std::string& word : words) assign(params.get(), word, info, context.in);
+    return params;
+}
+
+/// The indexes of a word such as "3" or "3,4", as an array; null when it is none.
+JsonPtr indexList(const std::string& word) {
+    JsonPtr indexes = parseIndexes(word);
+    if (!json_is_integer(indexes.get())) return indexes;
+    return JsonPtr(json_pack("[o]", indexes.release()));
+}
+
+/// Writes one record after the other; the first refusal ends it and says which record it was. A null list is
+/// a singleton.
+void writeEach(Service& service, const char* method, const std::string& resource, json_t* params,
+               const json_t* indexes) {
+    if (!indexes) service.write(method, resource, params);
+    for (std::size_t i = 0; i < json_array_size(indexes); ++i) {
+        json_t* index = json_array_get(indexes, i);
+        ZeqObj_setObject(params, "index", json_incref(index));
+        try {
+            service.write(method, resource, params);
+        } catch (const Refusal& refusal) {
+            if (json_array_size(indexes) == 1) throw;
+            throw Failure(Exit::Refused,
+                          resource + " " + std::to_string(json_integer_value(index)) + ": " + refusal.what());
+        }
+    }
+}
+
+} // namespace
+
+void runSet(Context& context) {
+    std::vector<std::string> words;
+    const std::string resource = takeResource(context, words);
+    const JsonPtr indexes = words.empty() ? nullptr : indexList(words.front());
+    const JsonPtr params =
+        assignAll(context, resource, std::span<const std::string>(words).subspan(indexes ? 1 : 0));
+    writeEach(context.service, "set", resource, params.get(), indexes.get());
+}
+
+void runCreate(Context& context) {
+    std::vector<std::string> words;
+    const std::string resource = takeResource(context, words);
+    const JsonPtr params = assignAll(context, resource, words);
+    const JsonPtr rows = context.service.write("create", resource, params.get());
+    context.out << json_integer_value(json_object_get(json_array_get(rows.get(), 0), "index")) << '\n';
+}
+
+void runDelete(Context& context) {
+    std::vector<std::string> words;
+    const std::string resource = takeResource(context, words);
+    const JsonPtr indexes = words.size() == 1 ? indexList(words.front()) : nullptr;
+    if (!indexes) throw Failure(Exit::Usage, "which records? give INDEX or INDEX,INDEX");
+    const JsonPtr params(ZeqObj_new());
+    writeEach(context.service, "delete", resource, params.get(), indexes.get());
+}
+
+void runDevice(Context& context) {
+    const bool known =
+        context.words.size() == 2 && (context.words[0] == "offline" || context.words[0] == "online");
+    if (!known) throw Failure(Exit::Usage, "use device offline EID or device online EID");
+    const JsonPtr params(
+        json_pack("{s:s, s:s}", "action", context.words[0].c_str(), "eid", context.words[1].c_str()));
+    if (!params) throw Failure(Exit::Usage, "the EID is not UTF-8");
+    context.service.write("set", "simControl", params.get());
+}
+
+void runTime(Context& context) {
+    const JsonPtr factor =
+        context.words.size() == 2 && context.words[0] == "faster" ? parseIndexes(context.words[1]) : nullptr;
+    if (!json_is_integer(factor.get()))
+        throw Failure(Exit::Usage, "use time faster N, a whole number from 1");
+    const JsonPtr params(json_pack("{s:s, s:O}", "action", "time", "factor", factor.get()));
+    context.service.write("set", "simControl", params.get());
+}
+
+} // namespace zeqctl

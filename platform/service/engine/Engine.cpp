@@ -1,0 +1,246 @@
+#include "platform/service/engine/Engine.h"
+
+#include "platform/service/archive/SettingsArchive.h"
+#include "platform/service/archive/SettingsText.h"
+#include "platform/service/catalogue/Catalogue.h"
+#include "platform/service/record/JsonText.h"
+#include "platform/service/request/ReadRequest.h"
+#include "platform/service/request/WriteRequest.h"
+#include "platform/service/rules/Devices.h"
+#include "platform/service/rules/Sessions.h"
+#include "platform/service/rules/SettingsFiles.h"
+#include "platform/service/secret/PasswordHash.h"
+#include "platform/service/sim/Simulation.h"
+
+namespace zeqd {
+
+namespace {
+
+constexpr std::size_t kMaxBatch = 256;
+/// Simulated milliseconds after which a step that could not be kept is tried again.
+constexpr std::int64_t kRetryMs = 5000;
+/// Logins and new passwords that may wait for their hash; more are turned away.
+constexpr std::size_t kMaxHashing = 64;
+
+std::vector<DiskChange> diskChanges(const Transaction& batch) {
+    std::vector<DiskChange> changes;
+    for (const auto& [key, record] : batch.changes()) {
+        if (!resource(key.first).durable) continue;
+        DiskChange change{key.first, key.second, std::nullopt};
+        if (record) change.body = diskText(*record);
+        changes.push_back(std::move(change));
+    }
+    return changes;
+}
+
+std::string textParam(const Request& request, const char* key) {
+    const json_t* value = json_object_get(request.params.get(), key);
+    return json_is_string(value) ? json_string_value(value) : "";
+}
+
+bool isLogin(const Request& request) {
+    return request.resource->id == Res::AdminSession && request.method == Method::Create;
+}
+
+bool isSettingsFile(const Request& request) {
+    return request.resource->id == Res::SwxControl &&
+           json_object_get(request.params.get(), "settingsAction") != nullptr;
+}
+
+} // namespace
+
+Engine::Engine(EngineParts parts, Store store)
+    : mParts(std::move(parts)), mStore(std::move(store)), mSchedule(mParts.clock.monotonicMs()),
+      mSimulation(std::make_unique<Simulation>(*this)) {}
+
+Engine::~Engine() = default;
+
+void Engine::request(ClientId client, std::string_view text, Reply reply) {
+    auto request = std::make_shared<Request>();
+    Errors errors;
+    interpret(text, *request, errors);
+    if (!errors.empty()) return reply(errorText(request->id, errors));
+    if (request->method == Method::Get) return reply(answerRead(mStore, *request, mParts.clock.now()));
+    if (isLogin(*request)) return verifyLogin(std::move(request), client, std::move(reply));
+    if (isSettingsFile(*request)) return prepareSettings(std::move(request), client, std::move(reply));
+    const std::set<std::string> secrets = secretsOf(*request);
+    if (secrets.empty()) return submitRequest(std::move(request), client, {}, std::move(reply));
+    if (mHashing >= kMaxHashing) return reply(errorText(request->id, {{Errno::Capacity, {}}}));
+    ++mHashing;
+    auto prepared = std::make_shared<Prepared>();
+    mParts.executor.run(
+        Lane::Hash,
+        [prepared, secrets] {
+            for (const std::string& secret : secrets) prepared->hashes[secret] = hashPassword(secret);
+        },
+        [this, request, client, prepared, reply = std::move(reply)] {
+            --mHashing;
+            submitRequest(request, client, std::move(*prepared), reply);
+        });
+}
+
+void Engine::verifyLogin(std::shared_ptr<Request> request, ClientId client, Reply reply) {
+    if (mHashing >= kMaxHashing) return reply(errorText(request->id, {{Errno::Capacity, {}}}));
+    ++mHashing;
+    const std::string name = textParam(*request, "username");
+    const RecordPtr user = name.empty() ? nullptr : mStore.findText(Res::User, "name", name);
+    const std::string hash = user ? user->text("password") : std::string();
+    auto right = std::make_shared<bool>(false);
+    mParts.executor.run(
+        Lane::Hash,
+        [right, hash, known = user != nullptr, password = textParam(*request, "password")] {
+            *right = verifyPassword(known ? hash : decoyHash(), password);
+        },
+        [this, right, hash, user, request, client, reply = std::move(reply)] {
+            --mHashing;
+            Prepared prepared;
+            if (*right && user) {
+                prepared.verifiedUser = user->index();
+                prepared.verifiedHash = hash;
+            }
+            submitRequest(request, client, std::move(prepared), reply);
+        });
+}
+
+void Engine::prepareSettings(std::shared_ptr<Request> request, ClientId client, Reply reply) {
+    auto prepared = std::make_shared<Prepared>();
+    const std::string action = textParam(*request, "settingsAction");
+    std::function<void()> work;
+    if (action == "zip") {
+        work = [prepared, password = textParam(*request, "settingsPassword"), folder = mParts.settingsDir,
+                text = settingsText(mStore, mParts.clock.now()), log = mParts.log] {
+            const std::string failure = saveSettings(folder, text, password);
+            if (failure.empty()) return;
+            prepared->settings = {Errno::General, "service.detail.settings_folder", {}};
+            log("error: no settings file: " + failure);
+        };
+    } else {
+        work = [prepared, password = textParam(*request, "settingsPassword"),
+                path = textParam(*request, "settingsFilename")] {
+            std::string why;
+            std::optional<std::string> text = loadSettings(path, password, why);
+            if (text)
+                prepared->settings.text = std::move(*text);
+            else
+                prepared->settings = {Errno::BadContent, why, {}};
+        };
+    }
+    mParts.executor.run(Lane::Archive, std::move(work),
+                        [this, request, client, prepared, reply = std::move(reply)] {
+                            submitRequest(request, client, std::move(*prepared), reply);
+                        });
+}
+
+void Engine::submitRequest(std::shared_ptr<Request> request, ClientId client, Prepared prepared,
+                           Reply reply) {
+    auto answer = std::make_shared<std::string>();
+    Write write;
+    write.run = [this, request, client, prepared = std::move(prepared), answer](Transaction& tx) {
+        Errors errors;
+        Context context{tx, errors, mParts.clock.now(), request->method, client, prepared};
+        *answer = runWrite(*request, context);
+        if (errors.empty()) return true;
+        // A refusal keeps nothing of the request, but the event that tells of it.
+        tx.clear();
+        if (context.failureAlert.kind)
+            raiseAlert(tx, context.now, *context.failureAlert.kind, thisSwitchEid(tx),
+                       context.failureAlert.message);
+        return false;
+    };
+    write.done = [request, answer, reply = std::move(reply)](bool kept) {
+        reply(kept ? std::move(*answer) : errorText(request->id, {{Errno::General, "service.detail.disk"}}));
+    };
+    submit(std::move(write));
+}
+
+void Engine::submit(Write write) {
+    mWrites.push_back(std::move(write));
+}
+
+void Engine::flush() {
+    while (!mBusy && !mWrites.empty()) startBatch();
+}
+
+void Engine::startBatch() {
+    mBusy = true;
+    mBatch = std::make_unique<Transaction>(&mStore);
+    while (!mWrites.empty() && mBatchWrites.size() < kMaxBatch) {
+        Write write = std::move(mWrites.front());
+        mWrites.pop_front();
+        Transaction tx(mBatch.get());
+        const bool good = write.run(tx);
+        moveChangeStatus(tx);
+        mBatch->merge(std::move(tx));
+        mBatchWrites.emplace_back(std::move(write), good);
+    }
+    auto changes = std::make_shared<std::vector<DiskChange>>(diskChanges(*mBatch));
+    if (changes->empty()) return finishBatch({});
+    auto failure = std::make_shared<std::string>();
+    mParts.executor.run(
+        Lane::Disk, [this, changes, failure] { *failure = mParts.disk.write(*changes); },
+        [this, failure] { finishBatch(*failure); });
+}
+
+void Engine::finishBatch(const std::string& failure) {
+    const bool kept = failure.empty();
+    if (kept) {
+        mStore.apply(*mBatch);
+        for (const TimedTask& task : mBatch->tasks()) mSchedule.add(mParts.clock.monotonicMs(), task);
+        for (const std::string& line : mBatch->logLines()) mParts.log(line);
+    } else {
+        mParts.log("error: writing to the database failed, nothing of it is kept: " + failure);
+    }
+    mBatch.reset();
+    std::vector<std::pair<Write, bool>> writes;
+    writes.swap(mBatchWrites);
+    mBusy = false;
+    // A request that was refused has its answer whatever became of the disk.
+    for (auto& [write, good] : writes)
+        if (write.done) write.done(kept || !good);
+}
+
+void Engine::clientGone(ClientId client) {
+    if (!mStore.findNumber(Res::AdminSession, "simClient", static_cast<std::uint32_t>(client))) return;
+    submit({[this, client](Transaction& tx) {
+                endAdminSessionsOfClient(tx, mParts.clock.now(), client);
+                return true;
+            },
+            {}});
+}
+
+void Engine::runDue() {
+    const auto again = [this](const Task& task) {
+        return [this, task](bool kept) {
+            if (!kept) mSchedule.add(mParts.clock.monotonicMs(), {task, kRetryMs});
+        };
+    };
+    for (const Task& task : mSchedule.takeDue(mParts.clock.monotonicMs()))
+        submit({[this, task](Transaction& tx) {
+                    mSimulation->run(task, tx);
+                    return true;
+                },
+                again(task)});
+}
+
+void Engine::start(std::int64_t timeFactor, const std::string& damaged) {
+    mSchedule.setFactor(mParts.clock.monotonicMs(), timeFactor);
+    submit({[this, damaged](Transaction& tx) {
+                if (!damaged.empty())
+                    addAlert(tx, mParts.clock.now(), "error", thisSwitchEid(tx),
+                             "The database was damaged. It has been set aside as " + damaged +
+                                 ", and the Switch has started with a new one.");
+                if (installPendingSettings(tx))
+                    addAlert(tx, mParts.clock.now(), "info", thisSwitchEid(tx),
+                             "Settings of a settings file have been installed");
+                mSimulation->resume(tx);
+                return true;
+            },
+            {}});
+    flush();
+}
+
+std::optional<std::int64_t> Engine::nextDue() const {
+    return mSchedule.nextDue();
+}
+
+} // namespace zeqd

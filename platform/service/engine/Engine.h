@@ -1,0 +1,88 @@
+// The service without its sockets: requests in, answers out, time passing.
+//
+// Reads are answered at once from the records that are on disk. Writes queue; while one batch of them is
+// being written to disk, the next gathers. A write is answered when it is kept, and other clients see it from
+// then on.
+#pragma once
+
+#include "platform/service/engine/Schedule.h"
+#include "platform/service/engine/Seams.h"
+#include "platform/service/request/Request.h"
+#include "platform/service/rules/Context.h"
+#include "platform/service/store/Store.h"
+
+#include <deque>
+#include <memory>
+
+namespace zeqd {
+
+class Simulation;
+
+struct EngineParts {
+    Clock& clock;
+    Disk& disk;
+    Executor& executor;
+    /// Lines for the event log.
+    std::function<void(const std::string&)> log;
+    std::string settingsDir; ///< where settings files are made
+};
+
+class Engine {
+public:
+    using Reply = std::function<void(std::string)>;
+
+    Engine(EngineParts parts, Store store);
+    ~Engine();
+    Engine(const Engine&) = delete;
+    Engine& operator=(const Engine&) = delete;
+
+    /// Answers through `reply`, at once or later. A client has one request at a time.
+    void request(ClientId client, std::string_view text, Reply reply);
+    void clientGone(ClientId client);
+
+    /// Starts keeping what has been written since; to be called when a round of requests has been taken in,
+    /// so that they share one sync of the disk.
+    void flush();
+    /// Runs what the simulation has due.
+    void runDue();
+    /// Begins the simulation, and settles what a stop in the middle left behind: reboots go on, updates that
+    /// were lost fail. `damaged`: where a damaged database was set aside, or empty.
+    void start(std::int64_t timeFactor, const std::string& damaged);
+
+    const Store& store() const { return mStore; }
+    /// Monotonic milliseconds at which runDue has something to do; nothing while nothing happens.
+    std::optional<std::int64_t> nextDue() const;
+    /// The Switch has rebooted: the process is to end and to be started again.
+    bool restartWanted() const { return mRestart; }
+    /// No write waits to be kept.
+    bool idle() const { return mWrites.empty() && !mBusy; }
+
+private:
+    friend class Simulation;
+
+    /// Work in a transaction of its own. Answers whether it is to be kept.
+    struct Write {
+        std::function<bool(Transaction&)> run;
+        std::function<void(bool kept)> done;
+    };
+    void submit(Write write);
+    void submitRequest(std::shared_ptr<Request> request, ClientId client, Prepared prepared, Reply reply);
+    void verifyLogin(std::shared_ptr<Request> request, ClientId client, Reply reply);
+    void prepareSettings(std::shared_ptr<Request> request, ClientId client, Reply reply);
+    void startBatch();
+    void finishBatch(const std::string& failure);
+    void restart() { mRestart = true; }
+
+    EngineParts mParts;
+    Store mStore;
+    Schedule mSchedule;
+    std::unique_ptr<Simulation> mSimulation;
+    std::deque<Write> mWrites;
+    std::unique_ptr<Transaction> mBatch;              ///< being written to disk
+    std::vector<std::pair<Write, bool>> mBatchWrites; ///< with what each run answered
+    std::size_t mHashing = 0;                         ///< logins and new passwords being worked out
+    bool mBusy = false;
+    bool mRestart = false;
+};
+
+} // namespace zeqd

@@ -1,0 +1,36 @@
+// Frames: a 4-byte big-endian length, then so many bytes of JSON.
+#pragma once
+
+#include "platform/service/net/Limits.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace zeqd {
+
+/// Takes bytes as they come and gives whole frames.
+class FrameDecoder {
+public:
+    void append(std::string_view bytes) { mBuffer.append(bytes); }
+
+    /// The next frame's content, when it is there. The view lasts until the next call of a member.
+    std::optional<std::string_view> next();
+
+    /// A frame announced more than a request may have; nothing more can be read.
+    bool broken() const { return mBroken; }
+    /// A frame has begun and is not there yet.
+    bool partial() const { return mBuffer.size() > mTaken; }
+    /// Bytes have come behind the frame given last.
+    bool more() const { return mTaken > 0 && partial(); }
+
+private:
+    std::string mBuffer;
+    std::size_t mTaken = 0; ///< bytes at the front that have been given away
+    bool mBroken = false;
+};
+
+/// Appends the text as a frame.
+void appendFrame(std::string& out, std::string_view text);
+
+} // namespace zeqd

@@ -1,0 +1,61 @@
+// Logins of administrators at the web interface.
+#include "platform/service/rules/Alerts.h"
+#include "platform/service/rules/Devices.h"
+#include "platform/service/rules/Rules.h"
+#include "platform/service/rules/Sessions.h"
+
+namespace zeqd {
+
+namespace {
+
+/// The refusal itself must be kept: an attempt that fails is an event too.
+void refuse(Context& context, Errno number, const std::string& name) {
+    context.fail(number);
+    std::string shown;
+    for (const char c : name.substr(0, 20)) shown += c >= ' ' && c <= '~' ? c : '?';
+    const std::string address = context.after->text("ipAddress");
+    context.failureAlert = {&alerts::kFailedAdminLogin, "Login of \"" + shown +
+                                                            "\" to the web interface failed" +
+                                                            (address.empty() ? "" : ", from " + address)};
+}
+
+/// Sessions that no client's connection holds stay until somebody deletes them; the oldest make room.
+void makeRoomForLoose(Context& context) {
+    constexpr std::size_t kMostLoose = 64;
+    std::vector<RecordPtr> loose;
+    context.tx.each(Res::AdminSession, [&](const RecordPtr& session) {
+        if (session->number("simClient") == 0) loose.push_back(session);
+        return true;
+    });
+    if (loose.size() < kMostLoose) return;
+    context.tx.erase(Res::AdminSession, loose.front()->index());
+    noteAdminLogout(context.tx, context.now, *loose.front());
+}
+
+} // namespace
+
+void adminLogin(Context& context) {
+    Record& session = *context.after;
+    const std::string name = session.text("username");
+    if (!context.given("username") || !context.given("password"))
+        return context.fail(Errno::CredentialsMissing);
+    const RecordPtr user = context.tx.find(Res::User, context.prepared.verifiedUser);
+    if (!user || user->text("password") != context.prepared.verifiedHash || user->text("name") != name)
+        return refuse(context, Errno::CredentialsWrong, name);
+    if (!user->enabled("accountEnable")) return refuse(context, Errno::AccountDisabled, name);
+    if (!user->is("role", "admin")) return refuse(context, Errno::NotAuthorized, name);
+    session.set("userIndex", user->index()).set("sessionStartTime", static_cast<std::uint32_t>(context.now));
+    if (session.text("sessionType") == "mirl")
+        session.set("simClient", static_cast<std::uint32_t>(context.client));
+    else
+        makeRoomForLoose(context);
+    context.reply.emplace_back("userIndex", user->index());
+    raiseAlert(context.tx, context.now, alerts::kAdminLogin, thisSwitchEid(context.tx),
+               name + " logged in to the web interface");
+}
+
+void adminLogout(Context& context) {
+    noteAdminLogout(context.tx, context.now, *context.before);
+}
+
+} // namespace zeqd

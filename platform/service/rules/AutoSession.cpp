@@ -1,0 +1,41 @@
+#include "platform/service/rules/AutoSession.h"
+
+#include "platform/service/rules/Alerts.h"
+#include "platform/service/rules/Devices.h"
+#include "platform/service/rules/Sessions.h"
+
+namespace zeqd {
+
+namespace {
+
+void autoConnect(Transaction& tx, std::int64_t now, const RecordPtr& rx, const Record& user) {
+    const RecordPtr target = tx.findText(Res::Tx, "eid", rx->text("autoConnectTxEid"));
+    if (!target) return;
+    const std::string joined = deviceLabel(*rx) + " to " + deviceLabel(*target);
+    if (judgeConnection(tx, rx, target, rx->choice("autoConnectMode")) != Errno{})
+        return raiseAlert(tx, now, alerts::kSessionFailed, rx->text("eid"),
+                          "Automatic connection of " + joined + " failed");
+    Record connection(Res::Connection, tx.nextIndex(Res::Connection));
+    connection.set("rxIndex", rx->index()).set("txIndex", target->index());
+    connection.choose("mode", rx->choice("autoConnectMode"));
+    beginConnection(tx, now, connection, user);
+    tx.put(std::move(connection));
+}
+
+} // namespace
+
+void startAutoSession(Transaction& tx, std::int64_t now, std::uint32_t rxIndex) {
+    const RecordPtr rx = tx.find(Res::Rx, rxIndex);
+    if (!rx || !rx->enabled("autoLoginControl")) return;
+    const RecordPtr user = tx.find(Res::User, rx->number("autoLoginUserIndex"));
+    if (!user || judgeLogin(tx, *user, *rx) != Errno{}) return;
+    Record session(Res::UserSession, tx.nextIndex(Res::UserSession));
+    session.set("userIndex", user->index()).set("rxIndex", rxIndex);
+    session.set("sessionStartTime", static_cast<std::uint32_t>(now));
+    tx.put(std::move(session));
+    raiseAlert(tx, now, alerts::kUserAutoLogin, rx->text("eid"),
+               user->text("name") + " logged in automatically at " + deviceLabel(*rx));
+    if (rx->enabled("autoConnectControl")) autoConnect(tx, now, rx, *user);
+}
+
+} // namespace zeqd

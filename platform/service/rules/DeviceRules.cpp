@@ -1,0 +1,124 @@
+// Changes and removal of Switches, Receivers and Transmitters.
+#include "platform/service/rules/Devices.h"
+#include "platform/service/rules/Rules.h"
+#include "platform/service/rules/Sessions.h"
+#include "platform/service/sim/Cascade.h"
+#include "platform/service/sim/Life.h"
+#include "platform/service/sim/SwitchLife.h"
+#include "platform/service/sim/Upgrade.h"
+#include "platform/service/sim/Video.h"
+
+namespace zeqd {
+
+namespace {
+
+/// A Switch that is up, also in a conflict.
+bool isUp(const Record& device) {
+    return !device.is("status", "offline");
+}
+
+Errno alreadyResetting(Res id) {
+    if (id == Res::Swx) return Errno::SwxResetting;
+    return id == Res::Rx ? Errno::RxResetting : Errno::TxResetting;
+}
+
+bool resetting(const Record& device) {
+    return device.id() == Res::Swx ? device.is("status", "resetting") : device.is("status", "reset_pending");
+}
+
+/// Factory defaults of this Switch empty the whole system, in a step of their own.
+void resetThisSwitch(Context& context, std::string_view mode) {
+    Record& swx = *context.after;
+    if (mode == "cold_reboot") return beginReset(context.tx, swx, span::kRestart);
+    swx.choose("status", "resetting");
+    context.tx.later(
+        0, makeTask(Step::FactoryThisSwitch, Res::Swx, kThisSwitch, mode == "factory_default" ? 0 : 1));
+}
+
+void checkReset(Context& context) {
+    Record& device = *context.after;
+    if (!device.at("reset").isSet()) return;
+    const std::string mode(device.choice("reset"));
+    const bool swx = device.id() == Res::Swx;
+    if (!isUp(*context.before)) return context.fail(notOnline(device.id()));
+    if (resetting(*context.before)) return context.fail(alreadyResetting(device.id()));
+    if (device.is("upgradeStatus", "upgrading")) return context.fail(Errno::InUse);
+    if (!swx && mode == "factory_default_partial")
+        return context.fail(device.id() == Res::Rx ? Errno::RxResetModeNotSupported
+                                                   : Errno::TxResetModeNotSupported);
+    if (swx && mode != "cold_reboot" && linkedPeer(context.tx))
+        return context.fail(Errno::RestoreWithLinkedPeer);
+    if (swx && device.index() == kThisSwitch) return resetThisSwitch(context, mode);
+    if (mode != "cold_reboot") restoreFactory(context.tx, device, mode == "factory_default_partial");
+    beginReset(context.tx, device);
+}
+
+void checkUpgrade(Context& context) {
+    Record& device = *context.after;
+    if (!context.given("upgradeIndex") || device.number("upgradeIndex") == 0) return;
+    if (!context.tx.find(Res::Upgrade, device.number("upgradeIndex")))
+        return context.fail(Errno::NotFound, "upgradeIndex");
+    if (!isUp(*context.before)) return context.fail(notOnline(device.id()));
+    if (device.is("upgradeStatus", "upgrading") || resetting(device)) return context.fail(Errno::InUse);
+    beginUpgrade(context.tx, device);
+}
+
+void checkMode(Context& context) {
+    Record& swx = *context.after;
+    if (!context.changes("mode")) return;
+    if (linkedPeer(context.tx)) return context.fail(Errno::InvalidCascadeChange);
+    const bool master = swx.is("mode", "master");
+    if (swx.index() == kThisSwitch) {
+        swx.choose("cascadeRole", master ? "controller" : "slave");
+        return;
+    }
+    // A second master is in conflict with this one until it steps back.
+    if (swx.is("status", "ready") && master) swx.choose("status", "conflict_is_master");
+    if (swx.is("status", "conflict_is_master") && !master) swx.choose("status", "ready");
+    if (master)
+        raiseAlert(context.tx, context.now, {"enableAlertMoreThanOneMasterSwitch", "error"}, swx.text("eid"),
+                   deviceLabel(swx) + " is a second master");
+}
+
+} // namespace
+
+void deviceChanged(Context& context) {
+    checkReset(context);
+    checkUpgrade(context);
+    if (context.after->id() != Res::Rx || !context.changes("videoScaling")) return;
+    const RecordPtr tie = context.tx.findNumber(Res::Connection, "rxIndex", context.after->index());
+    setPictures(*context.after, tie ? context.tx.find(Res::Tx, tie->number("txIndex")) : nullptr);
+}
+
+void switchChanged(Context& context) {
+    if (context.changes("network") && context.before->is("cascadeRole", "backup"))
+        return context.fail(Errno::NetworkChangeOnBackup);
+    checkMode(context);
+    for (const char* key : {"ntpEnable", "primaryNtpIpAddress", "secondaryNtpIpAddress"})
+        if (context.changes(key)) {
+            beginNtp(context.tx, *context.after);
+            break;
+        }
+    checkReset(context);
+    checkUpgrade(context);
+}
+
+void deviceDeleted(Context& context) {
+    const Record& device = *context.before;
+    if (device.is("upgradeStatus", "upgrading")) return context.fail(Errno::InUse);
+    if (device.id() == Res::Rx)
+        endSessionsOfRx(context.tx, context.now, device.index(), alerts::kSessionEnded);
+    else
+        endSessionsOfTx(context.tx, context.now, device.index(), alerts::kSessionEnded);
+}
+
+void switchDeleted(Context& context) {
+    const Record& swx = *context.before;
+    if (swx.index() == kThisSwitch) return context.fail(Errno::NotAllowed);
+    const RecordPtr peer = linkedPeer(context.tx);
+    if (peer && peer->index() == swx.index())
+        return context.fail(isUp(swx) ? Errno::InUse : Errno::DeleteOfflinePeer);
+    switchOffline(context.tx, context.now, context.before);
+}
+
+} // namespace zeqd

@@ -1,0 +1,50 @@
+// The libraries of monitors and of firmware sources, and the system's settings.
+#include "platform/service/demo/EdidBlock.h"
+#include "platform/service/rules/Devices.h"
+#include "platform/service/rules/Rules.h"
+#include "platform/service/sim/Cascade.h"
+
+namespace zeqd {
+
+void edidCreated(Context& context) {
+    if (context.after->text("name").empty()) return context.fail(Errno::TooShort, "service.detail.name");
+    std::string& data = std::get<std::string>(context.after->at("data"));
+    if (!isSoundEdid(data)) return context.fail(Errno::BadContent, "data");
+    data.resize(kEdidRecord);
+}
+
+void edidChanged(Context& context) {
+    if (context.before->is("isProtected", "is_true")) return context.fail(Errno::NotAllowed);
+    if (context.after->text("name").empty()) context.fail(Errno::TooShort, "service.detail.name");
+}
+
+void edidDeleted(Context& context) {
+    if (context.before->is("isProtected", "is_true")) context.fail(Errno::NotAllowed);
+}
+
+void upgradeCreated(Context& context) {
+    const Record& source = *context.after;
+    if (source.text("filename").empty()) context.fail(Errno::TooShort, "filename");
+    if (!source.is("protocol", "file") && source.text("location").empty())
+        context.fail(Errno::MissingParameters, "location");
+}
+
+/// A source that a device is being updated from stays until that is over.
+void upgradeDeleted(Context& context) {
+    for (const Res kind : {Res::Swx, Res::Rx, Res::Tx})
+        if (context.tx.findIf(kind, [&](const Record& device) {
+                return device.is("upgradeStatus", "upgrading") &&
+                       device.number("upgradeIndex") == context.before->index();
+            }))
+            return context.fail(Errno::InUse);
+}
+
+void globalsChanged(Context& context) {
+    Record& globals = *context.after;
+    if (!context.changes("managedSetting")) return;
+    if (globals.is("managedSetting", "enrolling") && globals.text("managerIpAddress").empty())
+        return context.fail(Errno::MissingParameters, "managerIpAddress");
+    beginEnrolment(context.tx, globals);
+}
+
+} // namespace zeqd

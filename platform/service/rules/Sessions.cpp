@@ -1,0 +1,84 @@
+#include "platform/service/rules/Sessions.h"
+
+#include "platform/service/rules/Devices.h"
+#include "platform/service/sim/Video.h"
+
+namespace zeqd {
+
+namespace {
+
+std::vector<RecordPtr> allWith(const View& view, Res id, std::string_view key, std::uint32_t value) {
+    std::vector<RecordPtr> found;
+    view.each(id, [&](const RecordPtr& record) {
+        if (record->number(key) == value) found.push_back(record);
+        return true;
+    });
+    return found;
+}
+
+std::string labelOf(const View& view, Res id, std::uint32_t index) {
+    const RecordPtr device = view.find(id, index);
+    return device ? deviceLabel(*device) : "a removed device";
+}
+
+} // namespace
+
+void showPictures(Transaction& tx, std::uint32_t rxIndex, std::uint32_t txIndex) {
+    const RecordPtr stored = tx.find(Res::Rx, rxIndex);
+    if (!stored) return;
+    Record rx = *stored;
+    setPictures(rx, txIndex ? tx.find(Res::Tx, txIndex) : nullptr);
+    tx.put(std::move(rx));
+}
+
+void endConnection(Transaction& tx, std::int64_t now, const RecordPtr& connection, const AlertKind& why) {
+    const std::uint32_t rx = connection->number("rxIndex");
+    tx.erase(Res::Connection, connection->index());
+    showPictures(tx, rx, 0);
+    raiseAlert(tx, now, why, connection->text("rxEid"),
+               "Session of " + labelOf(tx, Res::Rx, rx) + " with " +
+                   labelOf(tx, Res::Tx, connection->number("txIndex")) + " disconnected");
+}
+
+void endSessionsOfRx(Transaction& tx, std::int64_t now, std::uint32_t rxIndex, const AlertKind& why) {
+    for (const RecordPtr& connection : allWith(tx, Res::Connection, "rxIndex", rxIndex))
+        endConnection(tx, now, connection, why);
+    for (const RecordPtr& session : allWith(tx, Res::UserSession, "rxIndex", rxIndex)) {
+        tx.erase(Res::UserSession, session->index());
+        const RecordPtr user = tx.find(Res::User, session->number("userIndex"));
+        const RecordPtr rx = tx.find(Res::Rx, rxIndex);
+        raiseAlert(tx, now, alerts::kUserLogout, rx ? rx->text("eid") : std::string(),
+                   (user ? user->text("name") : "A removed user") + " logged out at " +
+                       labelOf(tx, Res::Rx, rxIndex));
+    }
+}
+
+void endSessionsOfTx(Transaction& tx, std::int64_t now, std::uint32_t txIndex, const AlertKind& why) {
+    for (const RecordPtr& connection : allWith(tx, Res::Connection, "txIndex", txIndex))
+        endConnection(tx, now, connection, why);
+}
+
+void noteAdminLogout(Transaction& tx, std::int64_t now, const Record& session) {
+    raiseAlert(tx, now, alerts::kAdminLogout, thisSwitchEid(tx),
+               session.text("username") + " logged out of the web interface");
+}
+
+void endSessionsOfUser(Context& context) {
+    const std::uint32_t user = context.before->index();
+    for (const RecordPtr& session : allWith(context.tx, Res::UserSession, "userIndex", user))
+        endSessionsOfRx(context.tx, context.now, session->number("rxIndex"), alerts::kSessionEnded);
+    for (const RecordPtr& session : allWith(context.tx, Res::AdminSession, "userIndex", user)) {
+        context.tx.erase(Res::AdminSession, session->index());
+        noteAdminLogout(context.tx, context.now, *session);
+    }
+}
+
+void endAdminSessionsOfClient(Transaction& tx, std::int64_t now, ClientId client) {
+    for (const RecordPtr& session :
+         allWith(tx, Res::AdminSession, "simClient", static_cast<std::uint32_t>(client))) {
+        tx.erase(Res::AdminSession, session->index());
+        noteAdminLogout(tx, now, *session);
+    }
+}
+
+} // namespace zeqd

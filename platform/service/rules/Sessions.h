@@ -1,0 +1,33 @@
+// What sessions bring with them when they begin and when they end.
+#pragma once
+
+#include "platform/service/rules/Alerts.h"
+#include "platform/service/rules/Context.h"
+
+namespace zeqd {
+
+/// Completes the record of a KVM session that nothing stands against, for the user at its Receiver.
+void beginConnection(Transaction& tx, std::int64_t now, Record& connection, const Record& user);
+
+/// Ends the KVM session; the alert tells why. The devices' pictures go dark.
+void endConnection(Transaction& tx, std::int64_t now, const RecordPtr& connection, const AlertKind& why);
+
+/// Logs the user of a Receiver out, with the KVM session that runs there.
+void endSessionsOfRx(Transaction& tx, std::int64_t now, std::uint32_t rxIndex, const AlertKind& why);
+
+/// Ends the KVM sessions of a Transmitter.
+void endSessionsOfTx(Transaction& tx, std::int64_t now, std::uint32_t txIndex, const AlertKind& why);
+
+/// Ends all sessions of the user that the request is about, those with this interface included.
+void endSessionsOfUser(Context& context);
+
+/// The Receiver's pictures follow the Transmitter's and the monitor's; index 0: no session any more.
+void showPictures(Transaction& tx, std::uint32_t rxIndex, std::uint32_t txIndex);
+
+/// The event of an administrator's logout.
+void noteAdminLogout(Transaction& tx, std::int64_t now, const Record& session);
+
+/// The administrator's sessions that belong to a client's connection end with it.
+void endAdminSessionsOfClient(Transaction& tx, std::int64_t now, ClientId client);
+
+} // namespace zeqd

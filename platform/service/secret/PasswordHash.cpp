@@ -1,0 +1,39 @@
+#include "platform/service/secret/PasswordHash.h"
+
+#include <sodium.h>
+#include <vector>
+
+namespace zeqd {
+
+namespace {
+
+// Three passes over 16 MiB cost 50 to 100 ms of a small processor and leave the idle service's memory alone.
+constexpr unsigned long long kPasses = 3;
+constexpr std::size_t kMemory = 16U << 20; ///< bytes
+
+} // namespace
+
+std::string hashPassword(std::string_view password) {
+    char hash[crypto_pwhash_STRBYTES];
+    if (crypto_pwhash_str_alg(hash, password.data(), password.size(), kPasses, kMemory,
+                              crypto_pwhash_ALG_ARGON2ID13) != 0)
+        return {};
+    return hash;
+}
+
+bool verifyPassword(const std::string& hash, std::string_view password) {
+    const std::string& against = hash.empty() ? decoyHash() : hash;
+    const bool matches = crypto_pwhash_str_verify(against.c_str(), password.data(), password.size()) == 0;
+    return hash.empty() ? password.empty() : matches;
+}
+
+const std::string& decoyHash() {
+    static const std::string hash = [] {
+        std::vector<char> random(32);
+        randombytes_buf(random.data(), random.size());
+        return hashPassword({random.data(), random.size()});
+    }();
+    return hash;
+}
+
+} // namespace zeqd

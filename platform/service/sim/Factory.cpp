@@ -1,0 +1,61 @@
+// Factory defaults of this Switch: the whole system begins anew.
+#include "platform/service/catalogue/Catalogue.h"
+#include "platform/service/demo/Installation.h"
+#include "platform/service/rules/Devices.h"
+#include "platform/service/rules/Sessions.h"
+#include "platform/service/sim/Steps.h"
+#include "platform/service/sim/SwitchLife.h"
+
+namespace zeqd {
+
+namespace {
+
+constexpr Res kEmptied[] = {Res::Connection, Res::UserSession,          Res::AdminSession,    Res::User,
+                            Res::Upgrade,    Res::UnacknowledgedAlerts, Res::HistoricalAlerts};
+constexpr Res kDefaulted[] = {Res::SystemGlobals, Res::CfgDefaults, Res::EventLogControl,
+                              Res::AlertLogControl};
+
+std::vector<RecordPtr> all(const View& view, Res id) {
+    std::vector<RecordPtr> records;
+    view.each(id, [&](const RecordPtr& record) {
+        records.push_back(record);
+        return true;
+    });
+    return records;
+}
+
+void restoreDevices(Transaction& tx, bool keepNetwork) {
+    for (const Res kind : {Res::Rx, Res::Tx}) {
+        for (const RecordPtr& device : all(tx, kind)) {
+            Record next = *device;
+            restoreFactory(tx, next, false);
+            tx.put(std::move(next));
+        }
+    }
+    Record swx = *tx.find(Res::Swx, kThisSwitch);
+    restoreFactory(tx, swx, keepNetwork);
+    swx.choose("mode", "master").choose("cascadeRole", "controller").choose("status", "resetting");
+    tx.put(std::move(swx));
+}
+
+} // namespace
+
+void factoryThisSwitch(StepContext& step) {
+    Transaction& tx = step.tx;
+    for (const RecordPtr& rx : all(tx, Res::Rx))
+        endSessionsOfRx(tx, step.now, rx->index(), alerts::kSessionEnded);
+    for (const Res id : kEmptied)
+        for (const RecordPtr& record : all(tx, id)) tx.erase(id, record->index());
+    for (const RecordPtr& edid : all(tx, Res::Edid))
+        if (!edid->is("isProtected", "is_true")) tx.erase(Res::Edid, edid->index());
+    for (const Res id : kDefaulted) tx.put(Record(id, 0));
+    restoreDevices(tx, step.task.argument != 0);
+    Record globals(Res::SystemGlobals, 0);
+    globals.setText("masterSwitchEid", thisSwitchEid(tx));
+    tx.put(std::move(globals));
+    for (const RecordPtr& record : factoryInstallation())
+        if (record->id() == Res::User) tx.put(*record);
+    tx.later(span::kRestart, makeTask(Step::RestartService));
+}
+
+} // namespace zeqd

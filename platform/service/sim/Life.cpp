@@ -1,0 +1,72 @@
+#include "platform/service/sim/Life.h"
+
+#include "platform/service/rules/AutoSession.h"
+#include "platform/service/rules/Devices.h"
+#include "platform/service/rules/Sessions.h"
+
+namespace zeqd {
+
+void beginReset(Transaction& tx, Record& device, std::int64_t delayMs) {
+    device.choose("status", device.id() == Res::Swx ? "resetting" : "reset_pending");
+    Step step = device.id() == Res::Swx ? Step::SwitchDown : Step::DeviceDown;
+    if (device.id() == Res::Swx && device.index() == kThisSwitch) step = Step::RestartService;
+    tx.later(delayMs, makeTask(step, device.id(), device.index()));
+}
+
+void goOffline(Transaction& tx, std::int64_t now, const RecordPtr& device) {
+    if (device->id() == Res::Rx)
+        endSessionsOfRx(tx, now, device->index(), alerts::kSessionLinkDown);
+    else
+        endSessionsOfTx(tx, now, device->index(), alerts::kSessionLinkDown);
+    Record gone = *tx.find(device->id(), device->index());
+    gone.choose("status", "offline");
+    tx.put(std::move(gone));
+}
+
+void comeBack(Transaction& tx, const RecordPtr& device, std::int64_t delayMs) {
+    tx.later(delayMs, makeTask(Step::DeviceConfiguring, device->id(), device->index()));
+}
+
+void finishUpgrade(Record& device) {
+    if (device.is("upgradeStatus", "complete") && !device.text("simNextVersion").empty())
+        device.setText("firmwareVersion", device.text("simNextVersion"));
+    device.setText("simNextVersion", {}).choose("upgradeStatus", "idle").set("upgradePercent", 0);
+}
+
+void deviceDown(StepContext& step) {
+    const RecordPtr device = step.tx.find(step.task.resource, step.task.index);
+    if (!device || !device->is("status", "reset_pending")) return;
+    goOffline(step.tx, step.now, device);
+    comeBack(step.tx, device, span::kDeviceBoot);
+}
+
+void deviceConfiguring(StepContext& step) {
+    const RecordPtr device = step.tx.find(step.task.resource, step.task.index);
+    if (!device || !device->is("status", "offline") || !device->enabled("simPowered")) return;
+    const RecordPtr swx = step.tx.find(Res::Swx, device->number("simSwx"));
+    if (swx && swx->is("status", "offline")) return;
+    Record next = *device;
+    next.choose("status", "configuring");
+    step.tx.put(std::move(next));
+    step.tx.later(span::kDeviceConfigure, makeTask(Step::DeviceReady, device->id(), device->index()));
+}
+
+void deviceReady(StepContext& step) {
+    const RecordPtr device = step.tx.find(step.task.resource, step.task.index);
+    if (!device || !device->is("status", "configuring")) return;
+    Record next = *device;
+    next.choose("status", "ready");
+    finishUpgrade(next);
+    step.tx.put(std::move(next));
+    if (device->id() == Res::Rx) startAutoSession(step.tx, step.now, device->index());
+}
+
+void flashEnd(StepContext& step) {
+    const RecordPtr device = step.tx.find(step.task.resource, step.task.index);
+    if (!device || device->number("simFlash") != step.task.argument) return;
+    Record next = *device;
+    next.choose("lcdBacklightFlash", "disabled");
+    step.tx.put(std::move(next));
+}
+
+} // namespace zeqd

@@ -1,0 +1,23 @@
+// The life of Switches: reboots, with what hangs on them; factory defaults; time servers.
+#pragma once
+
+#include "platform/service/sim/Steps.h"
+
+namespace zeqd {
+
+void switchDown(StepContext& step);
+void switchBack(StepContext& step);
+void switchReady(StepContext& step);
+void factoryThisSwitch(StepContext& step);
+
+/// The Switch goes away with the devices on its ports.
+void switchOffline(Transaction& tx, std::int64_t now, const RecordPtr& swx);
+
+/// All that a client may write goes back to its fallback, or to the system's defaults for new devices.
+void restoreFactory(const View& view, Record& device, bool keepNetwork);
+
+/// The time service starts over with its new settings.
+void beginNtp(Transaction& tx, Record& swx);
+void ntpResult(StepContext& step);
+
+} // namespace zeqd

@@ -1,0 +1,176 @@
+#include "platform/service/store/SqliteDisk.h"
+
+#include "platform/service/catalogue/Catalogue.h"
+#include "platform/service/record/FieldReader.h"
+#include "platform/service/request/Json.h"
+#include "platform/service/store/Store.h"
+
+#include <filesystem>
+#include <sqlite3.h>
+#include <sys/stat.h>
+
+namespace zeqd {
+
+namespace {
+
+constexpr int kApplication = 0x5A455144; ///< marks the file as ours
+constexpr int kVersion = 1;
+constexpr int kBusyMs = 2000; ///< a reader such as the sqlite3 shell may be looking
+
+bool damage(int code) {
+    return (code & 0xFF) == SQLITE_CORRUPT || (code & 0xFF) == SQLITE_NOTADB;
+}
+
+[[noreturn]] void fail(sqlite3* database, const std::string& what) {
+    const std::string text = what + ": " + sqlite3_errmsg(database);
+    if (damage(sqlite3_extended_errcode(database))) throw DatabaseDamaged(text);
+    throw std::runtime_error(text);
+}
+
+int readNumber(void* result, int columns, char** values, char**) {
+    if (columns > 0 && values[0]) *static_cast<std::string*>(result) = values[0];
+    return 0;
+}
+
+std::string ask(sqlite3* database, const char* sql) {
+    std::string result;
+    if (sqlite3_exec(database, sql, readNumber, &result, nullptr) != SQLITE_OK) fail(database, sql);
+    return result;
+}
+
+std::string_view columnText(sqlite3_stmt* statement, int column) {
+    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
+    return text ? std::string_view(text, static_cast<std::size_t>(sqlite3_column_bytes(statement, column)))
+                : std::string_view();
+}
+
+} // namespace
+
+SqliteDisk::SqliteDisk(const std::string& path) {
+    try {
+        open(path);
+    } catch (...) {
+        sqlite3_close(mDatabase);
+        throw;
+    }
+}
+
+SqliteDisk::~SqliteDisk() {
+    sqlite3_finalize(mPut);
+    sqlite3_finalize(mRemove);
+    sqlite3_close(mDatabase);
+}
+
+void SqliteDisk::open(const std::string& path) {
+    const mode_t mask = umask(0077);
+    const int opened =
+        sqlite3_open_v2(path.c_str(), &mDatabase,
+                        SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_EXRESCODE, nullptr);
+    umask(mask);
+    if (opened != SQLITE_OK) fail(mDatabase, path);
+    sqlite3_busy_timeout(mDatabase, kBusyMs);
+    run("PRAGMA journal_mode=WAL");
+    run("PRAGMA synchronous=FULL");
+    run("PRAGMA wal_autocheckpoint=1000");
+    run("PRAGMA cache_size=-2048");
+    migrate();
+    const std::string check = ask(mDatabase, "PRAGMA quick_check(1)");
+    if (check != "ok") throw DatabaseDamaged(path + ": " + check);
+    mPut = prepare("INSERT INTO record(resource, id, body) VALUES(?1, ?2, ?3) "
+                   "ON CONFLICT(resource, id) DO UPDATE SET body = excluded.body");
+    mRemove = prepare("DELETE FROM record WHERE resource = ?1 AND id = ?2");
+}
+
+void SqliteDisk::migrate() {
+    const int application = std::stoi(ask(mDatabase, "PRAGMA application_id"));
+    const int version = std::stoi(ask(mDatabase, "PRAGMA user_version"));
+    if (version == 0 && ask(mDatabase, "SELECT count(*) FROM sqlite_master") == "0") {
+        run("BEGIN IMMEDIATE");
+        run("CREATE TABLE record(resource TEXT NOT NULL, id INTEGER NOT NULL, body TEXT NOT NULL, "
+            "PRIMARY KEY(resource, id)) WITHOUT ROWID");
+        run(("PRAGMA application_id=" + std::to_string(kApplication)).c_str());
+        run(("PRAGMA user_version=" + std::to_string(kVersion)).c_str());
+        run("COMMIT");
+        return;
+    }
+    if (application != kApplication) throw std::runtime_error("the file is another program's database");
+    if (version > kVersion)
+        throw std::runtime_error("the database is of version " + std::to_string(version) +
+                                 ", newer than this program's " + std::to_string(kVersion));
+}
+
+void SqliteDisk::run(const char* sql) {
+    if (sqlite3_exec(mDatabase, sql, nullptr, nullptr, nullptr) != SQLITE_OK) fail(mDatabase, sql);
+}
+
+sqlite3_stmt* SqliteDisk::prepare(const char* sql) {
+    sqlite3_stmt* statement = nullptr;
+    if (sqlite3_prepare_v3(mDatabase, sql, -1, SQLITE_PREPARE_PERSISTENT, &statement, nullptr) != SQLITE_OK)
+        fail(mDatabase, sql);
+    return statement;
+}
+
+std::size_t SqliteDisk::load(Store& store) {
+    sqlite3_stmt* statement = prepare("SELECT resource, id, body FROM record");
+    std::size_t count = 0;
+    int step;
+    while ((step = sqlite3_step(statement)) == SQLITE_ROW) {
+        const ResourceRow* row = findResource(columnText(statement, 0));
+        const std::string_view body = columnText(statement, 2);
+        const JsonPtr json(json_loadb(body.data(), body.size(), 0, nullptr));
+        if (!row || !json_is_object(json.get())) {
+            sqlite3_finalize(statement);
+            throw DatabaseDamaged("a record is not readable");
+        }
+        Record record(row->id, static_cast<std::uint32_t>(sqlite3_column_int64(statement, 1)));
+        // Keys of an older version that are no more are left out; a value that the catalogue has come to
+        // refuse falls back.
+        Errors ignored;
+        FieldReader(Writing::Load, ignored).merge(json.get(), record.rows(), record.fields());
+        store.load(std::make_shared<const Record>(std::move(record)));
+        ++count;
+    }
+    if (step != SQLITE_DONE) {
+        sqlite3_finalize(statement);
+        fail(mDatabase, "reading the records");
+    }
+    sqlite3_finalize(statement);
+    return count;
+}
+
+bool SqliteDisk::put(const DiskChange& change) {
+    sqlite3_stmt* statement = change.body ? mPut : mRemove;
+    const std::string_view name = resource(change.resource).name;
+    sqlite3_bind_text(statement, 1, name.data(), static_cast<int>(name.size()), SQLITE_STATIC);
+    sqlite3_bind_int64(statement, 2, change.index);
+    if (change.body)
+        sqlite3_bind_text(statement, 3, change.body->data(), static_cast<int>(change.body->size()),
+                          SQLITE_STATIC);
+    const bool done = sqlite3_step(statement) == SQLITE_DONE;
+    sqlite3_reset(statement);
+    sqlite3_clear_bindings(statement);
+    return done;
+}
+
+std::string SqliteDisk::write(const std::vector<DiskChange>& changes) {
+    try {
+        run("BEGIN IMMEDIATE");
+        for (const DiskChange& change : changes)
+            if (!put(change)) fail(mDatabase, "writing a record");
+        run("COMMIT");
+    } catch (const std::exception& error) {
+        const std::string what = error.what();
+        sqlite3_exec(mDatabase, "ROLLBACK", nullptr, nullptr, nullptr);
+        return what;
+    }
+    return {};
+}
+
+std::string setAside(const std::string& path, std::int64_t now) {
+    const std::string aside = path + ".damaged-" + std::to_string(now);
+    for (const char* side : {"", "-wal", "-shm"})
+        if (std::filesystem::exists(path + side)) std::filesystem::rename(path + side, aside + side);
+    return aside;
+}
+
+} // namespace zeqd

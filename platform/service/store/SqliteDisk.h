@@ -1,0 +1,49 @@
+// The database file: one table of records as JSON text, written ahead and synced before a write is answered.
+#pragma once
+
+#include "platform/service/engine/Seams.h"
+
+#include <stdexcept>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace zeqd {
+
+class Store;
+
+/// The file is not a sound database; it must be set aside before the service can go on.
+struct DatabaseDamaged : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+class SqliteDisk : public Disk {
+public:
+    /// Opens or makes the file, readable by its owner alone. Throws DatabaseDamaged, or std::runtime_error
+    /// when it cannot be opened, is of a newer version or is in use.
+    explicit SqliteDisk(const std::string& path);
+    ~SqliteDisk() override;
+    SqliteDisk(const SqliteDisk&) = delete;
+    SqliteDisk& operator=(const SqliteDisk&) = delete;
+
+    /// Reads everything into the store. Answers the number of records. Throws DatabaseDamaged.
+    std::size_t load(Store& store);
+
+    std::string write(const std::vector<DiskChange>& changes) override;
+
+private:
+    void open(const std::string& path);
+    void migrate();
+    void run(const char* sql);
+    sqlite3_stmt* prepare(const char* sql);
+    bool put(const DiskChange& change);
+
+    sqlite3* mDatabase = nullptr;
+    sqlite3_stmt* mPut = nullptr;
+    sqlite3_stmt* mRemove = nullptr;
+};
+
+/// Renames a damaged database and its side files, and answers the new name. Throws when that fails.
+std::string setAside(const std::string& path, std::int64_t now);
+
+} // namespace zeqd

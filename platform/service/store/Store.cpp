@@ -1,0 +1,53 @@
+#include "platform/service/store/Store.h"
+
+#include "platform/service/catalogue/Catalogue.h"
+#include "platform/service/store/Transaction.h"
+
+#include <algorithm>
+
+namespace zeqd {
+
+Store::Store() {
+    for (const ResourceRow& row : catalogue())
+        if (row.shape == Shape::Singleton) put(std::make_shared<Record>(row.id, 0U));
+    for (std::uint32_t id = 1; id <= kLastInfoId; ++id) put(std::make_shared<Record>(Res::ChangeStatus, id));
+}
+
+void Store::put(RecordPtr record) {
+    Table& table = mTables[static_cast<std::size_t>(record->id())];
+    table.next = std::max(table.next, record->index() + 1);
+    table.records[record->index()] = std::move(record);
+}
+
+void Store::load(RecordPtr record) {
+    put(std::move(record));
+}
+
+void Store::apply(const Transaction& transaction) {
+    for (const auto& [key, record] : transaction.changes()) {
+        if (record)
+            put(record);
+        else
+            mTables[static_cast<std::size_t>(key.first)].records.erase(key.second);
+    }
+}
+
+RecordPtr Store::find(Res id, std::uint32_t index) const {
+    const auto found = table(id).records.find(index);
+    return found == table(id).records.end() ? nullptr : found->second;
+}
+
+void Store::each(Res id, const std::function<bool(const RecordPtr&)>& visit) const {
+    for (const auto& [index, record] : table(id).records)
+        if (!visit(record)) return;
+}
+
+std::uint32_t Store::nextIndex(Res id) const {
+    return table(id).next;
+}
+
+std::size_t Store::count(Res id) const {
+    return table(id).records.size();
+}
+
+} // namespace zeqd

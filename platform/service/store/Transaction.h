@@ -1,0 +1,65 @@
+// Changes over a view, not kept yet. A request works in a transaction of its own over that of its batch: it
+// is merged when all went well and dropped otherwise, so that a refused request changes nothing.
+#pragma once
+
+#include "platform/service/store/View.h"
+
+#include <map>
+#include <vector>
+
+namespace zeqd {
+
+/// A step of the simulation, to be run when its time has come. What it means is the simulation's affair.
+struct Task {
+    std::uint16_t kind = 0;
+    Res resource = Res::Swx;
+    std::uint32_t index = 0;
+    std::uint32_t argument = 0;
+};
+struct TimedTask {
+    Task task;
+    std::int64_t delayMs; ///< simulated milliseconds from when the transaction is kept
+};
+
+class Transaction : public View {
+public:
+    using Key = std::pair<Res, std::uint32_t>;
+    /// Null marks a record that is no more.
+    using Changes = std::map<Key, RecordPtr>;
+
+    /// Over a store or another transaction, which must outlive it. A pointer, since a reference to a
+    /// transaction would ask for a copy.
+    explicit Transaction(const View* base) : mBase(*base) {}
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+
+    void put(Record record);
+    void erase(Res id, std::uint32_t index);
+    /// Runs the task after the delay, if this transaction is kept.
+    void later(std::int64_t delayMs, Task task) { mTasks.push_back({task, delayMs}); }
+    /// A line for the event log, written when this transaction is kept.
+    void log(std::string line) { mLog.push_back(std::move(line)); }
+    /// Forgets everything.
+    void clear();
+    /// Takes over what the other transaction, made over this one, has changed.
+    void merge(Transaction&& inner);
+
+    const View& base() const { return mBase; }
+    const Changes& changes() const { return mChanges; }
+    const std::vector<TimedTask>& tasks() const { return mTasks; }
+    const std::vector<std::string>& logLines() const { return mLog; }
+    bool empty() const { return mChanges.empty() && mTasks.empty() && mLog.empty(); }
+
+    RecordPtr find(Res id, std::uint32_t index) const override;
+    void each(Res id, const std::function<bool(const RecordPtr&)>& visit) const override;
+    std::uint32_t nextIndex(Res id) const override;
+    std::size_t count(Res id) const override;
+
+private:
+    const View& mBase;
+    Changes mChanges;
+    std::vector<TimedTask> mTasks;
+    std::vector<std::string> mLog;
+};
+
+} // namespace zeqd

@@ -1,0 +1,166 @@
+// The pages of a logged-in user: which of the three variants, and the main tabs of the master variant.
+
+#include "db/Db.h"
+#include "platform/client/Attributes.h"
+#include "platform/client/EventLog.h"
+#include "shell/MirlApplication.h"
+#include "shell/UiVariant.h"
+#include "shell/WStandardHeader.h"
+#include "shell/WallClock.h"
+#include "views/cascade/WCascadeView.h"
+#include "views/cascade/WManagedView.h"
+#include "views/cascade/WSlaveSettingsView.h"
+#include "views/dash/WDashView.h"
+#include "views/devices/WDevView.h"
+#include "views/events/WEventView.h"
+#include "views/peripherals/WPeriphView.h"
+#include "views/sessions/WSesView.h"
+#include "views/settings/WSysSettingsView.h"
+#include "views/users/WUsrView.h"
+
+#include <Wt/WTabWidget>
+#include <Wt/WTable>
+#include <Wt/WTableCell>
+#include <Wt/WText>
+
+/// One main tab: its label, its place among the section tab items (-1 for none), and what to call on its
+/// view.
+struct MirlApplication::MainTab {
+    const char* label;
+    int section;
+    Wt::WWidget* (*make)(MirlApplication&);
+    void (*read)(MirlApplication&);
+    void (*poll)(MirlApplication&, bool on);
+
+    template <auto Member, auto... ReadArguments>
+    static constexpr MainTab of(const char* label, int section = -1) {
+        return {label, section, make_<Member>,
+                [](MirlApplication& app) { (app.*Member)->readFromDatabase(ReadArguments...); },
+                [](MirlApplication& app, bool on) {
+                    on ? (app.*Member)->enableAutoRefresh() : (app.*Member)->disableAutoRefresh();
+                }};
+    }
+
+private:
+    template <auto Member>
+    static Wt::WWidget* make_(MirlApplication& app) {
+        using View = std::remove_pointer_t<std::remove_reference_t<decltype(app.*Member)>>;
+        return app.*Member = new View;
+    }
+};
+
+const std::array<MirlApplication::MainTab, 8> MirlApplication::kMainTabs = {{
+    MainTab::of<&MirlApplication::mDashView>("[RSnnn]Dashboard"),
+    MainTab::of<&MirlApplication::mSesView, false>("[RSnnn]Sessions"),
+    MainTab::of<&MirlApplication::mUsrView, false, false>("[RSnnn]Users", ChangeTracker::SECTION_USERS),
+    MainTab::of<&MirlApplication::mDevView, false, false>("[RSnnn]Devices", ChangeTracker::SECTION_DEVICES),
+    MainTab::of<&MirlApplication::mCascadeView>("main.Cascade"),
+    MainTab::of<&MirlApplication::mPeriphView, false, false>("[RSnnn]Peripherals",
+                                                             ChangeTracker::SECTION_PERIPHERALS),
+    MainTab::of<&MirlApplication::mSysSettingsView, false>("[RSnnn]System Settings",
+                                                           ChangeTracker::SECTION_SYSTEM_SETTINGS),
+    MainTab::of<&MirlApplication::mEventView, false>("[RSnnn]Events", ChangeTracker::SECTION_EVENTS),
+}};
+
+void MirlApplication::createUi() {
+    relaxRedirectCheckTimer();
+    mUserLoggedIn = true;
+    mLastUserActivityTimeSec = WallClock_now();
+    readInactivityTimeout();
+
+    std::string name;
+    std::vector<std::string> errors;
+    Db::db.readString("user", mLoggedInUsrIndex, "name", name, errors);
+    EventLog_write(3, 7, "createUi", "%s logged in to MIRL.", name);
+
+    mMainTable = new Wt::WTable;
+    mMainTable->setStyleClass("mirl-main-container");
+    mMainTabs = new Wt::WTabWidget;
+    mMainTabs->setInline(false);
+    mMainTabs->setStyleClass("mirl-main-tab");
+    mHeader = new WStandardHeader(name);
+    mHeader->setInline(false);
+    mHeader->setPadding(0);
+
+    bool fullMirlWhenManaged = false;
+    if (Db::db.readEnableDisable("systemGlobals", 0, "fullMirlWhenManaged", fullMirlWhenManaged, errors) != 0)
+        fullMirlWhenManaged = false;
+    switch (
+        uiVariantFor(Db::db.thisSwxIsCascadeController(), Db::db.thisSwxIsManaged(), fullMirlWhenManaged)) {
+    case UiVariant::Master:
+        createMasterUi();
+        break;
+    case UiVariant::Managed:
+        createManagedUi();
+        break;
+    case UiVariant::Slave:
+        createSlaveUi();
+        break;
+    }
+    Db::db.readString("systemGlobals", 0, "managedSetting", mManagedSetting, errors);
+    // With the full interface the pages stay as they are through any change of mode.
+    if (!fullMirlWhenManaged) startModeChangeCheckTimer();
+}
+
+void MirlApplication::placeHeaderAndTabs() {
+    mMainTable->elementAt(0, 0)->addWidget(mHeader);
+    mMainTable->elementAt(1, 0)->addWidget(mMainTabs);
+}
+
+void MirlApplication::placeTableAndVersion() {
+    root()->addWidget(mMainTable);
+    const char* version = Attributes_getString("firmware.appversion", nullptr);
+    if (!version) return;
+    auto* text =
+        new Wt::WText(tr("[RSnnn]version") + " " + Wt::WString::fromUTF8(version), Wt::PlainText, root());
+    text->setStyleClass("mirl-version-in-header");
+}
+
+void MirlApplication::createMasterUi() {
+    mSlaveUiActive = false;
+    placeHeaderAndTabs();
+    for (const MainTab& tab : kMainTabs) {
+        Wt::WMenuItem* item = mMainTabs->addTab(tab.make(*this), tr(tab.label));
+        if (tab.section >= 0) mSectionTabItems[static_cast<std::size_t>(tab.section)] = item;
+    }
+    placeTableAndVersion();
+    mMainTabs->currentChanged().connect(this, &MirlApplication::mainTabChangedHandler);
+    mainTabChangedHandler();
+}
+
+void MirlApplication::createManagedUi() {
+    placeHeaderAndTabs();
+    mManagedView = new WManagedView;
+    mMainTabs->addTab(mManagedView, Db::db.thisSwxIsCascadeController()
+                                        ? tr("[RSnnn]Managed Master Settings")
+                                        : tr("[RSnnn]Managed Slave Settings"));
+    mManagedView->readFromDatabase(true);
+    mManagedView->enableAutoRefresh();
+    placeTableAndVersion();
+}
+
+void MirlApplication::createSlaveUi() {
+    mSlaveUiActive = true;
+    placeHeaderAndTabs();
+    mSlaveSettingsView = new WSlaveSettingsView;
+    mMainTabs->addTab(mSlaveSettingsView, tr("[RSnnn]Slave Switch Settings"));
+    mSlaveSettingsView->readFromDatabase(true);
+    mSlaveSettingsView->enableAutoRefresh();
+    placeTableAndVersion();
+}
+
+void MirlApplication::mainTabChangedHandler() {
+    for (const MainTab& tab : kMainTabs) tab.poll(*this, false);
+    const int index = mMainTabs->currentIndex();
+    if (index < 0 || index >= static_cast<int>(kMainTabs.size())) {
+        EventLog_write(4, 7, "mainTabChangedHandler", "Unknown index %d.", index);
+        return;
+    }
+    const MainTab& tab = kMainTabs[static_cast<std::size_t>(index)];
+    tab.read(*this);
+    tab.poll(*this, true);
+}
+
+void MirlApplication::dashViewEventLogClear() {
+    if (mDashView) mDashView->eventLogClear();
+}

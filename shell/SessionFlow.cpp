@@ -1,0 +1,130 @@
+// How a session connects and ends.
+
+#include "db/Db.h"
+#include "frame/WMsgBox.h"
+#include "frame/WMsgBoxSimple.h"
+#include "platform/client/EventLog.h"
+#include "shell/DeleteOwned.h"
+#include "shell/MirlApplication.h"
+#include "shell/Security.h"
+#include "shell/WallClock.h"
+
+#include <Wt/WPushButton>
+
+#include <cstdlib>
+
+namespace {
+
+constexpr int kConnectRetries = 5;
+constexpr unsigned kNoticeMs = 1000;
+constexpr int kNoticeWidthPx = 250;
+constexpr std::uint32_t kSecondsPerMinute = 60;
+/// Stands in for an idle limit below one minute, which nobody can have meant.
+constexpr std::uint32_t kReplacedLimitSec = 300;
+
+/// Shows a notice for a second; the session's other events go on meanwhile.
+void showNotice(const Wt::WString& title, const Wt::WString& message) {
+    WMsgBox box(WMsgBox::Info);
+    box.titleSet(title);
+    box.msgSet(message);
+    box.setMaximumSize(kNoticeWidthPx, Wt::WLength::Auto);
+    box.execWithTimeout(kNoticeMs);
+}
+
+} // namespace
+
+void MirlApplication::initZeq() {
+    deleteOwned(mDbErrorBox);
+    ZeqClient_s* client = nullptr;
+    bool connected = Db::db.getZeqClient(client) == 0;
+    for (int i = 0; i < kConnectRetries && !connected; ++i) {
+        showNotice(tr("[RSnnn]Retrying"),
+                   tr("[RSnnn]Attempting to establish a connection with the internal database server. "
+                      "Please wait."));
+        connected = Db::db.getZeqClient(client) == 0;
+    }
+    if (connected) {
+        EventLog_write(4, 7, "initZeq", "Connection made to ZEQ Server.");
+        if (readInactivityTimeout()) {
+            showBannerOrLogin();
+            return;
+        }
+    }
+    closeZeqClient();
+    EventLog_write(
+        4, 7, "initZeq",
+        "Unable to set up a good connection with ZEQ Server. Session limit may have been reached.");
+    showConnectionError();
+}
+
+void MirlApplication::showConnectionError() {
+    mDbErrorBox = new WMsgBoxSimple(WMsgBoxSimple::Error, tr("[RSnnn]Error"),
+                                    tr("[RSnnn]Error communicating with the internal database server."),
+                                    tr("[RSnnn]Reset"), tr("[RSnnn]Retry"));
+    mDbErrorBox->rejectWhenEscapePressed(false); // there is nothing behind it
+    mDbErrorBox->button1->clicked().connect(this, &MirlApplication::exitApplication);
+    mDbErrorBox->button2->clicked().connect(this, &MirlApplication::initZeq);
+    mDbErrorBox->button2->setFocus();
+    mDbErrorBox->show();
+}
+
+bool MirlApplication::readInactivityTimeout() {
+    unsigned minutes = 0;
+    std::vector<std::string> errors;
+    if (Db::db.readUInt32("systemGlobals", 0, "mirlInactivityTimeout", minutes, errors) != 0) return false;
+    updateMirlInactivityTimeout(minutes);
+    return true;
+}
+
+void MirlApplication::updateMirlInactivityTimeout(unsigned int minutes) {
+    mMirlInactivityTimeoutSec = minutes * kSecondsPerMinute;
+}
+
+void MirlApplication::notify(const Wt::WEvent& event) {
+    watchInactivity(event.eventType());
+    Wt::WApplication::notify(event);
+}
+
+void MirlApplication::watchInactivity(Wt::EventType type) {
+    if (!mUserLoggedIn) return;
+    if (type == Wt::UserEvent) {
+        mLastUserActivityTimeSec = WallClock_now();
+    } else if (idleLimitExceeded()) {
+        EventLog_write(3, 7, "notify", "Web user logged out due to inactivity.");
+        logOutUser();
+        Wt::WApplication::instance()->processEvents();
+    }
+}
+
+bool MirlApplication::idleLimitExceeded() {
+    if (mMirlInactivityTimeoutSec == 0) return false;
+    if (mMirlInactivityTimeoutSec < kSecondsPerMinute) {
+        EventLog_write(4, 7, "notify", "mirlInactivityTimeoutSec = %u.", mMirlInactivityTimeoutSec);
+        mMirlInactivityTimeoutSec = kReplacedLimitSec;
+    }
+    if (mLastUserActivityTimeSec == 0) return false;
+    const auto idleSec = static_cast<std::uint32_t>(WallClock_now() - mLastUserActivityTimeSec);
+    return idleSec > mMirlInactivityTimeoutSec;
+}
+
+void MirlApplication::logOutUser() {
+    std::vector<std::string> errors;
+    Security_logoutMirlUser(mLoggedInUsrIndex, errors);
+    mLoggedInUsrIndex = 0;
+    mUserLoggedIn = false;
+    restartWebApp();
+}
+
+void MirlApplication::restartWebApp() {
+    stopModeChangeCheckTimer();
+    stopRedirectCheckTimer();
+    redirect("/");
+    quit();
+}
+
+void MirlApplication::exitApplication() {
+    deleteOwned(mDbErrorBox);
+    showNotice(tr("[RSnnn]Resetting"), tr("[RSnnn]Resetting web server. Please wait."));
+    // No static destructors: the other sessions' threads still run.
+    std::quick_exit(EXIT_FAILURE);
+}

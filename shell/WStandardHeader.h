@@ -1,0 +1,13 @@
+#pragma once
+
+#include <Wt/WContainerWidget>
+
+#include <string>
+
+/// Head of every page: the brand's logos, who is logged in to which Switch, and the links. The text is fixed
+/// at login.
+class WStandardHeader : public Wt::WContainerWidget {
+public:
+    /// username: UTF-8.
+    explicit WStandardHeader(const std::string& username, Wt::WContainerWidget* parent = nullptr);
+};

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <Wt/WApplication>
+
+namespace Wt {
+class WContainerWidget;
+class WText;
+class WTimer;
+} // namespace Wt
+
+/// One section a widget family. Elements that a test looks for have ids of their own.
+class Gallery : public Wt::WApplication {
+public:
+    explicit Gallery(const Wt::WEnvironment& environment);
+
+private:
+    void buildForms();
+    void buildLayouts();
+    void buildDialogs();
+    void buildTimers();
+    void buildText();
+    Wt::WContainerWidget* section(const char* title);
+    void askWithDialog();
+    void nestedDialog();
+    void tick();
+
+    Wt::WContainerWidget* mSections;
+    Wt::WText* mLog;
+    Wt::WTimer* mTimer = nullptr;
+    int mTicks = 0;
+};

@@ -1,0 +1,177 @@
+// Keeping and answering: what is answered is kept, what is not kept is not answered as kept.
+#include "tests/platform/service/support/Harness.h"
+
+#include <gtest/gtest.h>
+
+namespace zeqd::testing {
+namespace {
+
+/// A request whose answer may be long in coming.
+struct Pending {
+    Pending(Harness& service, ClientId client, const std::string& text) {
+        service.engine->request(client, text, [this](std::string reply) { answer = std::move(reply); });
+        service.engine->flush();
+    }
+    std::string answer;
+};
+
+std::string rename(int rx, const std::string& name) {
+    return R"({"id":1,"method":"set","resource":"rx","params":{"index":)" + std::to_string(rx) +
+           R"(,"name":")" + name + R"("}})";
+}
+
+TEST(Engine, AWriteIsAnsweredAndSeenOnlyWhenItIsKept) {
+    Harness service;
+    const Pending write(service, 1, rename(1, "New"));
+    EXPECT_EQ(write.answer, "");
+    std::string seen;
+    service.engine->request(
+        2, R"({"id":1,"method":"get","resource":"rx","query":{"index":1},"select":["name"]})",
+        [&seen](std::string text) { seen = std::move(text); });
+    EXPECT_EQ(Answer(seen).at("name"), "Desk 1 Left") << "a read does not wait, and sees what is on disk";
+    ASSERT_TRUE(service.executor.step(Lane::Disk));
+    EXPECT_EQ(Answer(write.answer).error(), 0);
+    EXPECT_EQ(service.value("rx", 1, "name"), "New");
+}
+
+TEST(Engine, WritesThatComeTogetherShareOneSync) {
+    Harness service;
+    const Pending first(service, 1, rename(1, "A"));
+    std::deque<Pending> others;
+    for (int rx = 2; rx <= 20; ++rx)
+        others.emplace_back(service, static_cast<ClientId>(rx), rename(rx, "N" + std::to_string(rx)));
+    const int before = service.disk.writes;
+    service.settle();
+    EXPECT_EQ(service.disk.writes, before + 2);
+    for (const Pending& other : others) EXPECT_EQ(Answer(other.answer).error(), 0);
+    EXPECT_EQ(service.value("rx", 20, "name"), "N20");
+}
+
+TEST(Engine, ARefusalInABatchLeavesTheOthersAlone) {
+    Harness service;
+    const Pending first(service, 1, rename(1, "A")); // opens a batch; the rest gathers in the next
+    const Pending good(
+        service, 2,
+        R"({"id":1,"method":"create","resource":"user","params":{"name":"same","role":"user","allowBlankPassword":"enabled"}})");
+    const Pending twin(
+        service, 3,
+        R"({"id":1,"method":"create","resource":"user","params":{"name":"same","role":"user","allowBlankPassword":"enabled"}})");
+    const Pending last(service, 4, rename(2, "B"));
+    service.settle();
+    EXPECT_EQ(Answer(good.answer).error(), 0);
+    EXPECT_EQ(Answer(twin.answer).error(), 11) << "the second sees what the first is about to keep";
+    EXPECT_EQ(Answer(last.answer).error(), 0);
+}
+
+TEST(Engine, AFullDiskRefusesTheWriterAndLeavesReadsWorking) {
+    Harness service;
+    const std::string before = dump(service.engine->store());
+    service.disk.failures = 2;
+    const Answer refused = service.set("rx", R"({"index":1,"name":"New"})");
+    EXPECT_EQ(refused.error(), 1);
+    EXPECT_EQ(refused.detail(), "service.detail.disk");
+    EXPECT_EQ(service.create("adminSession", R"({"username":"admin","password":"no"})").error(), 1103)
+        << "a refusal is the answer, whatever becomes of its event";
+    EXPECT_EQ(dump(service.engine->store()), before);
+    EXPECT_EQ(service.value("rx", 1, "name"), "Desk 1 Left");
+    EXPECT_EQ(service.set("rx", R"({"index":1,"name":"New"})").error(), 0) << "there is room again";
+    service.restart();
+    EXPECT_EQ(service.value("rx", 1, "name"), "New");
+}
+
+TEST(Engine, AStepOfTheSimulationThatCannotBeKeptIsNotLostForTheDevice) {
+    Harness service;
+    ASSERT_EQ(service.set("rx", R"({"index":1,"reset":"cold_reboot"})").error(), 0);
+    service.disk.failures = 1;
+    service.pass(60000);
+    EXPECT_EQ(service.value("rx", 1, "status"), "ready");
+}
+
+TEST(Engine, HashingDoesNotHoldUpOthers) {
+    Harness service;
+    const Pending login(
+        service, 1,
+        R"({"id":1,"method":"create","resource":"adminSession","params":{"username":"admin","password":"test-1"}})");
+    const Pending write(service, 2, rename(1, "New"));
+    ASSERT_TRUE(service.executor.step(Lane::Disk));
+    EXPECT_EQ(Answer(write.answer).error(), 0);
+    EXPECT_EQ(login.answer, "");
+    service.settle();
+    EXPECT_EQ(Answer(login.answer).error(), 0);
+}
+
+TEST(Engine, AFloodOfLoginsIsTurnedAway) {
+    Harness service;
+    std::deque<Pending> logins;
+    for (ClientId client = 1; client <= 70; ++client)
+        logins.emplace_back(
+            service, client,
+            R"({"id":1,"method":"create","resource":"adminSession","params":{"username":"x","password":"y"}})");
+    EXPECT_EQ(logins.front().answer, "");
+    EXPECT_EQ(Answer(logins.back().answer).error(), 8);
+}
+
+TEST(Engine, EverythingSurvivesARestart) {
+    Harness service;
+    service.create("user", R"({"name":"new","role":"user","password":"pw"})");
+    service.set(
+        "user",
+        R"({"index":3,"keySettings":{"osdHotKey":{"hotKey":"custom","customKeys":{"length":2,"sequence":{"$binary":"BAU="}}}}})");
+    service.remove("rx", 7);
+    service.set("systemGlobals/rapParameters", R"({"sshPort":4000})");
+    const std::string before = dump(service.engine->store());
+    service.restart();
+    EXPECT_EQ(dump(service.engine->store()), before);
+    EXPECT_EQ(service.value("user", 3, "keySettings/osdHotKey/customKeys/sequence"), R"({"$binary":"BAU="})");
+}
+
+TEST(Engine, SimulatedTimeCanBeSpedUpAndStepped) {
+    Harness service;
+    ASSERT_EQ(service.set("rx", R"({"index":1,"reset":"cold_reboot"})").error(), 0);
+    ASSERT_EQ(service.set("simControl", R"({"action":"time","factor":100})").error(), 0);
+    service.pass(200);
+    EXPECT_EQ(service.value("rx", 1, "status"), "ready");
+    ASSERT_EQ(service.set("simControl", R"({"action":"time","factor":1})").error(), 0);
+    ASSERT_EQ(service.set("rx", R"({"index":2,"reset":"cold_reboot"})").error(), 0);
+    for (int i = 0; i < 3; ++i)
+        ASSERT_EQ(service.set("simControl", R"({"action":"step","milliseconds":10000})").error(), 0);
+    service.settle();
+    EXPECT_EQ(service.value("rx", 2, "status"), "ready");
+    EXPECT_EQ(service.set("simControl", R"({"action":"time","factor":0})").error(), 10);
+}
+
+TEST(Transactions, ShowTheirChangesInOrderOverWhatIsBelow) {
+    Store store;
+    for (const std::uint32_t index : {2U, 4U, 6U}) store.load(std::make_shared<Record>(Res::Edid, index));
+    Transaction outer(&store);
+    outer.erase(Res::Edid, 4);
+    outer.put(Record(Res::Edid, 5));
+    outer.later(10, {});
+    Transaction inner(&outer);
+    inner.put(Record(Res::Edid, 1));
+    inner.erase(Res::Edid, 6);
+    inner.put(Record(Res::Edid, 9));
+    inner.erase(Res::Edid, 77);
+    const auto indexes = [](const View& view) {
+        std::vector<std::uint32_t> found;
+        view.each(Res::Edid, [&](const RecordPtr& record) {
+            found.push_back(record->index());
+            return true;
+        });
+        return found;
+    };
+    EXPECT_EQ(indexes(inner), (std::vector<std::uint32_t>{1, 2, 5, 9}));
+    EXPECT_EQ(inner.count(Res::Edid), 4U);
+    EXPECT_EQ(inner.nextIndex(Res::Edid), 10U);
+    EXPECT_EQ(indexes(outer), (std::vector<std::uint32_t>{2, 5, 6}));
+    inner.later(20, {});
+    EXPECT_EQ(inner.tasks().size(), 1U) << "what the outer one does later is not done twice";
+    outer.merge(std::move(inner));
+    EXPECT_EQ(outer.tasks().size(), 2U);
+    store.apply(outer);
+    EXPECT_EQ(indexes(store), (std::vector<std::uint32_t>{1, 2, 5, 9}));
+    EXPECT_EQ(store.nextIndex(Res::Edid), 10U);
+}
+
+} // namespace
+} // namespace zeqd::testing

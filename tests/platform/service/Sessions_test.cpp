@@ -1,0 +1,155 @@
+// Who may be joined to what: each row asks for one session in a state made for it.
+#include "tests/platform/service/support/Harness.h"
+
+#include <gtest/gtest.h>
+
+namespace zeqd::testing {
+namespace {
+
+/// Changes to make first, as {resource, parameters}.
+using Preparation = std::vector<std::pair<const char*, const char*>>;
+
+TEST(Sessions, TopologyIsJudged) {
+    struct Row {
+        const char* what;
+        Preparation before;
+        const char* params;
+        int error;
+    };
+    // User 4 is logged in at Receiver 5 without a session; Transmitter 4 is free and allowed.
+    const Row rows[] = {
+        {"shared", {}, R"({"rxIndex":5,"txIndex":4,"mode":"share_mode"})", 0},
+        {"private", {}, R"({"rxIndex":5,"txIndex":4,"mode":"private_mode"})", 0},
+        {"shared with a shared one", {}, R"({"rxIndex":5,"txIndex":1,"mode":"share_mode"})", 0},
+        {"nobody logged in", {}, R"({"rxIndex":6,"txIndex":4,"mode":"share_mode"})", 1105},
+        {"Receiver has a session", {}, R"({"rxIndex":3,"txIndex":4,"mode":"share_mode"})", 1124},
+        {"private to a shared one", {}, R"({"rxIndex":5,"txIndex":1,"mode":"private_mode"})", 1121},
+        {"shared to a private one",
+         {{"connection", R"({"rxIndex":5,"txIndex":11,"mode":"private_mode"})"},
+          {"login", R"({"userIndex":1,"rxIndex":6})"}},
+         R"({"rxIndex":6,"txIndex":11,"mode":"share_mode"})",
+         1122},
+        {"private to a private one",
+         {{"connection", R"({"rxIndex":5,"txIndex":11,"mode":"private_mode"})"},
+          {"login", R"({"userIndex":1,"rxIndex":6})"}},
+         R"({"rxIndex":6,"txIndex":11,"mode":"private_mode"})",
+         1121},
+        {"target not allowed", {}, R"({"rxIndex":5,"txIndex":17,"mode":"share_mode"})", 1105},
+        {"all targets allowed",
+         {{"user", R"({"index":4,"allTargetAccess":"enabled"})"}},
+         R"({"rxIndex":5,"txIndex":17,"mode":"share_mode"})",
+         0},
+        {"Transmitter private only", {}, R"({"rxIndex":5,"txIndex":12,"mode":"share_mode"})", 1106},
+        {"Receiver shared only",
+         {{"rx", R"({"index":5,"modeAllowed":"share_mode"})"}},
+         R"({"rxIndex":5,"txIndex":4,"mode":"private_mode"})",
+         1106},
+        {"user shared only",
+         {{"user", R"({"index":4,"modeAllowed":"share_mode"})"}},
+         R"({"rxIndex":5,"txIndex":4,"mode":"private_mode"})",
+         1106},
+        {"Transmitter off", {}, R"({"rxIndex":5,"txIndex":3,"mode":"share_mode"})", 1109},
+        {"Transmitter about to reboot",
+         {{"tx", R"({"index":4,"reset":"cold_reboot"})"}},
+         R"({"rxIndex":5,"txIndex":4,"mode":"share_mode"})",
+         1109},
+        {"Receiver about to reboot",
+         {{"rx", R"({"index":5,"reset":"cold_reboot"})"}},
+         R"({"rxIndex":5,"txIndex":4,"mode":"share_mode"})",
+         1108},
+        {"Transmitter beyond capacity",
+         {{"user", R"({"index":4,"allTargetAccess":"enabled"})"}},
+         R"({"rxIndex":5,"txIndex":30,"mode":"share_mode"})",
+         1120},
+        {"its Switch is away",
+         {{"user", R"({"index":4,"allTargetAccess":"enabled"})"},
+          {"swx", R"({"index":2,"reset":"cold_reboot"})"}},
+         R"({"rxIndex":5,"txIndex":25,"mode":"share_mode"})",
+         1125},
+        {"no Receiver", {}, R"({"rxIndex":900,"txIndex":4,"mode":"share_mode"})", 7},
+        {"unknown mode", {}, R"({"rxIndex":5,"txIndex":4,"mode":"share_or_private_mode"})", 1010},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.what);
+        Harness service;
+        for (const auto& [resource, params] : row.before) {
+            const std::string name = resource;
+            const Answer prepared = name == "login"        ? service.create("userSession", params)
+                                    : name == "connection" ? service.create(name, params)
+                                                           : service.set(name, params);
+            ASSERT_EQ(prepared.error(), 0) << prepared.text();
+        }
+        const std::size_t before = service.engine->store().count(Res::Connection);
+        const Answer answer = service.create("connection", row.params);
+        EXPECT_EQ(answer.error(), row.error) << answer.text();
+        EXPECT_EQ(service.engine->store().count(Res::Connection), before + (row.error ? 0 : 1));
+    }
+}
+
+TEST(Sessions, SharersAreLimited) {
+    Harness service;
+    ASSERT_EQ(service.set("user", R"({"index":1,"modeAllowed":"share_or_private_mode"})").error(), 0);
+    int connected = 2; // Transmitter 1 has two sharers in the demo
+    int error = 0;
+    for (const int rx : {4, 6, 7, 8, 9, 11, 20}) {
+        const std::string index = std::to_string(rx);
+        ASSERT_EQ(service.create("userSession", R"({"userIndex":1,"rxIndex":)" + index + "}").error(), 0);
+        error = service.create("connection", R"({"txIndex":1,"mode":"share_mode","rxIndex":)" + index + "}")
+                    .error();
+        if (error) break;
+        ++connected;
+    }
+    EXPECT_EQ(connected, 8);
+    EXPECT_EQ(error, 1123);
+}
+
+TEST(Sessions, LoginsAtReceivers) {
+    Harness service;
+    struct {
+        const char* params;
+        int error;
+    } rows[] = {
+        {R"({"userIndex":3,"rxIndex":4})", 0},    {R"({"userIndex":3,"rxIndex":4})", 1119},
+        {R"({"userIndex":7,"rxIndex":6})", 1104}, {R"({"userIndex":3,"rxIndex":19})", 1108},
+        {R"({"userIndex":900,"rxIndex":6})", 7},  {R"({"userIndex":3,"rxIndex":900})", 7},
+        {R"({"userIndex":0,"rxIndex":6})", 10},   {R"({"rxIndex":6})", 1007},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(service.create("userSession", row.params).error(), row.error) << row.params;
+}
+
+TEST(Sessions, PicturesFollowTheSession) {
+    Harness service;
+    EXPECT_EQ(service.value("rx", 1, "inputVideoTiming/horizontalResolution"), "1920");
+    EXPECT_EQ(service.value("rx", 1, "inputVideoTiming/pixelClockFrequency"), "148500");
+    EXPECT_EQ(service.value("rx", 1, "monPrefVideoTiming/verticalResolution"), "1200");
+    EXPECT_EQ(service.value("rx", 1, "monPrefVideoTiming/horizontalBackPorch"), "80");
+    EXPECT_EQ(service.value("rx", 1, "outputVideoTiming/verticalResolution"), "1200") << "scaled";
+    EXPECT_EQ(service.value("txUsbDiag", 1, "hcpHid"), "3");
+    ASSERT_EQ(service.set("rx", R"({"index":1,"videoScaling":"disabled"})").error(), 0);
+    EXPECT_EQ(service.value("rx", 1, "outputVideoTiming/verticalResolution"), "1080");
+    ASSERT_EQ(service.set("simControl", R"({"action":"video","eid":"00A703-03000D","mode":2})").error(), 0);
+    EXPECT_EQ(service.value("rx", 1, "inputVideoTiming/horizontalResolution"), "1280");
+    const RecordPtr connection = service.engine->store().findNumber(Res::Connection, "rxIndex", 1);
+    ASSERT_EQ(service.remove("connection", static_cast<int>(connection->index())).error(), 0);
+    EXPECT_EQ(service.value("rx", 1, "inputVideoTiming/horizontalResolution"), "0");
+    EXPECT_EQ(service.value("rxUsbDiag", 1, "scpConnectActive"), "0");
+    EXPECT_NE(service.engine->store().findNumber(Res::UserSession, "rxIndex", 1), nullptr)
+        << "still logged in";
+}
+
+TEST(Sessions, PortsTellWhatIsPluggedIn) {
+    Harness service;
+    const std::string ports = service.value("portStatus", 1, "ports");
+    EXPECT_NE(
+        ports.find(
+            R"({"portIndex":1,"remotePort":1,"deviceType":"rx","eid":"00A702-020011","portState":"in_use"})"),
+        std::string::npos);
+    EXPECT_NE(ports.find(R"("eid":"00A703-030027","portState":"no_device")"), std::string::npos);
+    EXPECT_EQ(service.value("portStatus", 50, "swxIndex"), "0") << "a number without a Switch answers, empty";
+    EXPECT_EQ(service.value("portStatus", 50, "ports"), "[]");
+    EXPECT_EQ(service.value("portStatus", 51, "ports"), "error 1009");
+}
+
+} // namespace
+} // namespace zeqd::testing

@@ -1,0 +1,67 @@
+#include "tests/shell/TestSession.h"
+
+#include "shell/DocRoot.h"
+#include "shell/WallClock.h"
+#include "tests/frame/WidgetSearch.h"
+
+#include <Wt/WLineEdit>
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+
+std::atomic<std::time_t> TestClock::sNow;
+
+TestClock::TestClock() {
+    sNow = std::time(nullptr);
+    WallClock_setSource([] { return sNow.load(); });
+}
+
+TestClock::~TestClock() {
+    WallClock_setSource(nullptr);
+}
+
+TestSession::TestSession(const std::string& urlScheme) : mEnvironment(new Wt::Test::WTestEnvironment) {
+    start(urlScheme);
+}
+
+TestSession::TestSession(const std::function<void(Wt::WDialog*)>& answer)
+    : mEnvironment(new Wt::Test::WTestEnvironment) {
+    mEnvironment->dialogExecuted().connect(boost::function<void(Wt::WDialog*)>(answer));
+    start("https");
+}
+
+void TestSession::start(const std::string& urlScheme) {
+    mEnvironment->setUrlScheme(urlScheme);
+    mEnvironment->setHostName("switch.example:8443");
+    mApp = std::make_unique<MirlApplication>(*mEnvironment);
+}
+
+TestSession::~TestSession() {
+    mApp.reset();
+}
+
+void TestSession::logIn(const std::string& username, const std::string& password) {
+    WLoginDialog* dialog = probe().login();
+    ASSERT_NE(dialog, nullptr);
+    dialog->usernameField->setText(Wt::WString::fromUTF8(username));
+    dialog->passwordField->setText(Wt::WString::fromUTF8(password));
+    click(dialog->loginButton);
+}
+
+void TestSession::dismissBox() {
+    for (WMsgBoxSimple* box : {probe().authFailure(), probe().lockout(), probe().forgotPassword()}) {
+        if (!box) continue;
+        click(box->button1);
+        return;
+    }
+}
+
+CleanLogins::CleanLogins() {
+    std::snprintf(Main_docRoot, kDocRootSize, "%s", MIRL_SOURCE_DIR);
+    SessionProbe::forgetFailures();
+}
+
+CleanLogins::~CleanLogins() {
+    SessionProbe::forgetFailures();
+}

@@ -1,0 +1,247 @@
+#include "server/Limits.h"
+#include "tests/toolkit/support/FakeHost.h"
+#include "tests/toolkit/support/TestClient.h"
+#include "tests/toolkit/support/TestServer.h"
+
+#include <gtest/gtest.h>
+
+#include <boost/json/parse.hpp>
+
+namespace Wt::Impl {
+namespace {
+
+namespace json = boost::json;
+
+std::string event(int number, const std::string& content, int ack = 0) {
+    return "{\"n\":" + std::to_string(number) + ",\"ack\":" + std::to_string(ack) + ",\"e\":[{" + content +
+           "}]}";
+}
+
+// The next message that holds operations; acknowledgements are skipped.
+std::string operations(TestClient& client) {
+    while (true) {
+        const std::string text = client.readText();
+        if (text.empty() || text.starts_with("close") || text.find("\"o\":") != text.npos ||
+            text.find("gone") != text.npos || text.find("end") != text.npos)
+            return text;
+    }
+}
+
+TEST(Page, EventsBecomeOperationsAndSurviveALostConnection) {
+    TestServer server;
+    const TestPage page(server.port());
+    auto client = std::make_unique<TestClient>(server.port());
+    page.connect(*client);
+    const json::value hello = json::parse(operations(*client));
+    EXPECT_EQ(hello.at("n"), 1);
+    EXPECT_EQ(hello.at("o").at(0).at(2).as_string(), "127.0.0.1:" + std::to_string(server.port()));
+    EXPECT_EQ(hello.at("o").at(0).at(3), 800);
+
+    client->sendText(event(1, R"("k":"echo","x":"a")", 1));
+    EXPECT_NE(operations(*client).find(R"(["echo","a"])"), std::string::npos);
+    client->cut();
+
+    // The page did not acknowledge message 2, and sends its own first message again.
+    client = std::make_unique<TestClient>(server.port());
+    page.connect(*client, 1);
+    client->sendText(event(1, R"("k":"echo","x":"a")", 1));
+    client->sendText(event(2, R"("k":"echo","x":"b")", 1));
+    const json::value second = json::parse(operations(*client));
+    EXPECT_EQ(second.at("n"), 2);
+    EXPECT_EQ(second.at("o").at(0).at(1), "a");
+    const json::value third = json::parse(operations(*client));
+    EXPECT_EQ(third.at("n"), 3);
+    EXPECT_EQ(third.at("o").at(0).at(1), "b");
+}
+
+TEST(Page, ANewConnectionReplacesTheOld) {
+    TestServer server;
+    const TestPage page(server.port());
+    TestClient first(server.port());
+    page.connect(first);
+    operations(first);
+    TestClient second(server.port());
+    page.connect(second);
+    EXPECT_EQ(json::parse(operations(second)).at("n"), 1); // not acknowledged yet
+    EXPECT_EQ(operations(first).substr(0, 5), "close");
+}
+
+TEST(Page, StrangersGetNothing) {
+    TestServer server;
+    const TestPage mine(server.port());
+    const TestPage other(server.port());
+    EXPECT_NE(mine.cookie(), other.cookie());
+    EXPECT_EQ(TestPage(server.port(), mine.cookie()).cookie(),
+              mine.cookie()); // a second tab of the same browser
+    EXPECT_NE(TestPage(server.port(), std::string(43, 'A')).cookie(),
+              std::string(43, 'A')); // never one we did not make
+
+    const std::string stolen = R"({"hello":")" + mine.token() + R"("})";
+    EXPECT_NE(other.post("/wt-session/poll", stolen).body.find("gone"), std::string::npos);
+    TestClient client(server.port());
+    other.connect(client);
+    operations(client);
+    EXPECT_EQ(other.post("/wt-session/bye", R"({"token":")" + mine.token() + R"("})").status, 204);
+    EXPECT_EQ(
+        ask(server.port(), "GET", "/wt-resource/" + mine.session() + "/hello/x", other.cookieHeader()).status,
+        404);
+    EXPECT_EQ(server.sessions().size(), 4u);
+}
+
+TEST(Page, WhatIsMalformedEndsItsConnectionAndNotItsSession) {
+    TestServer server;
+    const TestPage page(server.port());
+    const struct {
+        std::string text;
+        const char* end;
+    } rows[] = {
+        {"nonsense", "close 1007"},
+        {"[]", "close 1007"},
+        {R"({"n":1,"e":[1]})", "close 1007"},
+        {R"({"n":0,"e":[]})", "close 1007"},
+        {R"({"n":7,"e":[]})", "close 1008"},
+        {R"({"n":1.5,"e":[]})", "close 1007"},
+        {"{\"n\":1,\"e\":[" + std::string(40, '[') + std::string(40, ']') + "]}", "close 1007"},
+        {std::string(kEventMessageBytes + 1, ' '), "close 1009"},
+    };
+    for (const auto& row : rows) {
+        TestClient client(server.port());
+        page.connect(client);
+        client.sendText(row.text);
+        std::string text = client.readText();
+        while (!text.empty() && !text.starts_with("close")) text = client.readText();
+        EXPECT_EQ(text, row.end) << row.text.substr(0, 60);
+    }
+    TestClient client(server.port());
+    client.cut();
+    TestClient again(server.port());
+    page.connect(again);
+    again.sendText(event(1, R"("k":"echo","x":1)", 1));
+    EXPECT_NE(operations(again).find("hello"), std::string::npos);
+    EXPECT_NE(operations(again).find("echo"), std::string::npos);
+}
+
+TEST(Page, TooManyMessagesEndTheConnection) {
+    TestServer server;
+    const TestPage page(server.port());
+    TestClient client(server.port());
+    page.connect(client);
+    for (int i = 1; i <= kMessageBurst * 2; ++i) client.sendText(R"({"ack":0})");
+    std::string text = client.readText();
+    while (!text.empty() && !text.starts_with("close")) text = client.readText();
+    EXPECT_EQ(text, "close 1008");
+    EXPECT_EQ(server.sessions().size(), 1u);
+}
+
+TEST(Page, ABusySessionDelaysNobodyElse) {
+    TestServer server;
+    const TestPage slow(server.port());
+    const TestPage quick(server.port());
+    TestClient slowClient(server.port());
+    TestClient quickClient(server.port());
+    slow.connect(slowClient);
+    quick.connect(quickClient);
+    operations(slowClient);
+    operations(quickClient);
+    slowClient.sendText(event(1, R"("k":"sleep","ms":2000)"));
+    slowClient.sendText(event(2, R"("k":"echo","x":"slow")"));
+    const auto start = std::chrono::steady_clock::now();
+    quickClient.sendText(event(1, R"("k":"echo","x":"quick")"));
+    EXPECT_NE(operations(quickClient).find("quick"), std::string::npos);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(1900));
+    EXPECT_NE(operations(slowClient).find("slow"), std::string::npos);
+}
+
+TEST(Page, HowSessionsEnd) {
+    const struct {
+        const char* what;
+        std::string text;
+        const char* told;
+    } rows[] = {
+        {"quit", event(1, R"("k":"quit")"), "bye"},
+        {"an exception", event(1, R"("k":"throw")"), R"("gone":"failed")"},
+        {"overflow", event(1, R"("k":"flood","bytes":9000000)"), "flood"},
+    };
+    TestServer server;
+    for (const auto& row : rows) {
+        const TestPage page(server.port());
+        TestClient client(server.port());
+        page.connect(client);
+        operations(client);
+        client.sendText(row.text);
+        EXPECT_NE(operations(client).find(row.told), std::string::npos) << row.what;
+        EXPECT_TRUE(comesTrue([&] { return fakeHostCounts().alive == 0; })) << row.what;
+        std::string text = client.readText();
+        while (!text.empty() && !text.starts_with("close")) text = client.readText();
+        EXPECT_EQ(text, "close 1000") << row.what;
+    }
+}
+
+TEST(Page, LeavingThePageEndsTheSessionThroughNestedLoops) {
+    TestServer server;
+    const TestPage bye(server.port());
+    const TestPage away(server.port());
+    TestClient byeClient(server.port());
+    TestClient awayClient(server.port());
+    bye.connect(byeClient);
+    away.connect(awayClient);
+    const int unwound = fakeHostCounts().unwound;
+    for (TestClient* client : {&byeClient, &awayClient}) {
+        operations(*client);
+        client->sendText(event(1, R"("k":"nest")"));
+        operations(*client);
+        client->sendText(event(2, R"("k":"nest")"));
+        operations(*client);
+    }
+    EXPECT_EQ(bye.post("/wt-session/bye", R"({"token":")" + bye.token() + R"("})", "text/plain").status, 204);
+    awayClient.sendFrame(8, "\x03\xe9"); // 1001: the browser navigates away
+    EXPECT_TRUE(comesTrue([&] { return server.sessions().size() == 0; }));
+    EXPECT_EQ(fakeHostCounts().unwound, unwound + 4);
+    EXPECT_EQ(operations(byeClient), R"({"gone":"closed"})");
+}
+
+TEST(Page, StoppingTheServerTellsThePages) {
+    TestServer server;
+    const TestPage page(server.port());
+    TestClient client(server.port());
+    page.connect(client);
+    operations(client);
+    server.stop();
+    EXPECT_EQ(operations(client), R"({"gone":"stopping"})");
+    EXPECT_EQ(fakeHostCounts().alive, 0);
+}
+
+TEST(Page, SessionsAreLimitedByAddressAndInAll) {
+    TestServer server([](ServerConfig& config) { config.maxSessionsPerAddress = 2; });
+    const TestPage first(server.port());
+    const TestPage second(server.port());
+    EXPECT_EQ(TestPage(server.port()).status(), 429);
+    first.post("/wt-session/bye", R"({"token":")" + first.token() + R"("})");
+    EXPECT_TRUE(comesTrue([&] { return TestPage(server.port()).status() == 200; }));
+
+    TestServer small([](ServerConfig& config) { config.maxSessions = 1; });
+    const TestPage only(small.port());
+    EXPECT_EQ(TestPage(small.port()).status(), 503);
+}
+
+TEST(Page, PlainHttpCarriesTheSameExchange) {
+    TestServer server;
+    const TestPage page(server.port());
+    const auto poll = [&](const std::string& rest) {
+        return page.post("/wt-session/poll", R"({"hello":")" + page.token() + "\"," + rest + "}");
+    };
+    EXPECT_NE(poll(R"("ack":0)").body.find("hello"), std::string::npos);
+    const std::string events =
+        R"("ack":1,"m":[{"n":1,"e":[{"k":"echo","x":"a"}]},{"n":2,"e":[{"k":"echo","x":"b"}]}])";
+    std::string body;
+    EXPECT_TRUE(comesTrue([&] {
+        body = poll(events).body; // sent again and again, done once
+        return body.find(R"(["echo","b"])") != body.npos;
+    }));
+    EXPECT_NE(body.find(R"("n":2)"), std::string::npos);
+    EXPECT_NE(body.find(R"({"ack":2,)"), std::string::npos);
+    EXPECT_EQ(body.find(R"("n":4)"), std::string::npos);
+}
+
+} // namespace
+} // namespace Wt::Impl

@@ -1,0 +1,96 @@
+#include "server/ServerConfig.h"
+
+#include "server/AccessLog.h"
+#include "server/AddressCounter.h"
+
+#include <Wt/WServer.h>
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace Wt::Impl {
+namespace {
+
+ServerConfig read(std::vector<const char*> arguments) {
+    arguments.insert(arguments.begin(), "program");
+    return readServerConfig(static_cast<int>(arguments.size()), arguments.data(), "");
+}
+
+TEST(ServerConfig, ReadsTheDocumentedOptions) {
+    const ServerConfig config =
+        read({"--docroot", "/srv/www;/resources,/icons/", "--http-address=::", "--http-port", "8080", "-t",
+              "3", "-p", "/run/x.pid", "--no-compression", "--deploy-path=/kvm", "--accesslog=-",
+              "--max-request-size=1000"});
+    EXPECT_EQ(config.docRoot, "/srv/www");
+    EXPECT_EQ(config.staticPaths, (std::vector<std::string>{"/resources", "/icons"}));
+    EXPECT_EQ(config.httpAddress, "::");
+    EXPECT_EQ(config.httpPort, 8080);
+    EXPECT_EQ(config.httpsPort, 443);
+    EXPECT_EQ(config.threads, 3);
+    EXPECT_EQ(config.pidFile, "/run/x.pid");
+    EXPECT_FALSE(config.compress);
+    EXPECT_EQ(config.deployPath, "/kvm");
+    EXPECT_EQ(config.maxRequestSize, 1000u);
+    EXPECT_FALSE(config.sharesPort());
+    EXPECT_TRUE(read({"--http-address=::", "--https-address=::", "--http-port=1", "--https-port=1",
+                      "--ssl-certificate=c", "--ssl-private-key=k"})
+                    .sharesPort());
+}
+
+TEST(ServerConfig, RefusalsNameTheOption) {
+    const struct {
+        std::vector<const char*> arguments;
+        const char* named;
+    } rows[] = {
+        {{}, "--http-address"},
+        {{"--http-address=::", "--unknown-option"}, "--unknown-option"},
+        {{"--http-address=::", "stray"}, "positional"},
+        {{"--http-address=::", "--http-port=x"}, "--http-port"},
+        {{"--http-address=::", "--http-port=65536"}, "--http-port"},
+        {{"--http-address=::", "--http-port=-1"}, "--http-port"},
+        {{"--http-address=::", "--http-port"}, "--http-port"},
+        {{"--http-addr=::"}, "--http-addr"},
+        {{"--https-address=::"}, "--ssl-certificate"},
+        {{"--https-address=::", "--ssl-certificate=c"}, "--ssl-private-key"},
+        {{"--http-address=::", "--threads=0"}, "--threads"},
+        {{"--http-address=::", "--deploy-path=kvm"}, "--deploy-path"},
+        {{"--http-address=::", "--docroot=/a;b"}, "--docroot"},
+        {{"--http-address=::", "--session-id-prefix=a/b"}, "--session-id-prefix"},
+        {{"--http-address=::", "--spool-folder=/nowhere"}, "--spool-folder"},
+        {{"--http-address=::", "--config=/nowhere"}, "--config"},
+    };
+    for (const auto& row : rows) {
+        try {
+            read(row.arguments);
+            ADD_FAILURE() << "accepted what should name " << row.named;
+        } catch (const WServer::Exception& error) {
+            EXPECT_NE(std::string(error.what()).find(row.named), std::string::npos) << error.what();
+        }
+    }
+}
+
+TEST(AccessLog, KeepsSecretsAndForgeriesOut) {
+    EXPECT_EQ(loggedTarget("/a?token=secret"), "/a");
+    EXPECT_EQ(loggedTarget("/wt-resource/SESSION/SECRETKEY/file.csv"), "/wt-resource/SESSION/...");
+    EXPECT_EQ(loggedTarget("/a\" 200 \x01"), "/a??200??");
+}
+
+TEST(AddressCounter, CountsOneAddressAndAll) {
+    const auto ip = [](const char* text) { return boost::asio::ip::make_address(text); };
+    AddressCounter counter(5, 2);
+    EXPECT_TRUE(counter.enter(ip("10.0.0.1")));
+    EXPECT_TRUE(counter.enter(ip("::ffff:10.0.0.1")));
+    EXPECT_FALSE(counter.enter(ip("10.0.0.1")));
+    EXPECT_TRUE(counter.enter(ip("2001:db8::1")));
+    EXPECT_TRUE(counter.enter(ip("2001:db8::2")));
+    EXPECT_FALSE(counter.enter(ip("2001:db8::3"))); // the same network
+    EXPECT_TRUE(counter.enter(ip("10.0.0.2")));
+    EXPECT_FALSE(counter.enter(ip("10.0.0.3"))); // five in all
+    counter.leave(ip("10.0.0.1"));
+    EXPECT_TRUE(counter.enter(ip("10.0.0.1")));
+    EXPECT_EQ(counter.count(), 5u);
+}
+
+} // namespace
+} // namespace Wt::Impl

@@ -1,0 +1,102 @@
+#include "session/Channel.h"
+
+#include "server/Limits.h"
+
+#include <gtest/gtest.h>
+
+namespace Wt::Impl {
+namespace {
+
+struct Peer : ChannelPeer {
+    void wake() override { ++woken; }
+    std::atomic<int> woken = 0;
+};
+
+PageInput input(std::vector<std::uint64_t> numbers, std::uint64_t ack = 0) {
+    PageInput made;
+    made.ack = ack;
+    for (const std::uint64_t number : numbers) made.messages.push_back({number, boost::json::array()});
+    return made;
+}
+
+std::size_t waiting(Mailbox& mailbox) {
+    std::size_t count = 0;
+    for (SessionEvent event; mailbox.tryTake(event) && event.kind == SessionEvent::Kind::Page;) ++count;
+    return count;
+}
+
+TEST(Channel, HandsEveryMessageOnOnceAndInOrder) {
+    Mailbox mailbox;
+    Channel channel(mailbox);
+    using Verdict = Channel::Verdict;
+    EXPECT_EQ(channel.receive(input({1, 2})), Verdict::Taken);
+    EXPECT_EQ(channel.receive(input({1, 2, 3})), Verdict::Taken);
+    EXPECT_EQ(channel.receive(input({2})), Verdict::Taken);
+    EXPECT_EQ(waiting(mailbox), 3u);
+    EXPECT_EQ(channel.receive(input({5})), Verdict::Gap);
+    EXPECT_EQ(waiting(mailbox), 0u);
+    EXPECT_EQ(channel.acknowledgement(), R"({"ack":3})");
+}
+
+TEST(Channel, SendsAgainWhatIsNotAcknowledged) {
+    Mailbox mailbox;
+    Channel channel(mailbox);
+    const auto first = std::make_shared<Peer>();
+    channel.attach(first, 0);
+    for (const char* operations : {"[1]", "[2]", "[3]"}) channel.send(operations);
+    EXPECT_EQ(first->woken, 3);
+    std::uint64_t cursor = 0;
+    EXPECT_EQ(channel.next(cursor)->text, R"({"n":1,"ack":0,"o":[1]})");
+    EXPECT_EQ(channel.next(cursor)->text, R"({"n":2,"ack":0,"o":[2]})");
+    channel.receive(input({1}, 1));
+
+    const auto second = std::make_shared<Peer>();
+    channel.attach(second, 1);
+    EXPECT_EQ(first->woken, 4); // so that it notices
+    EXPECT_FALSE(channel.isAttached(first.get()));
+    channel.detach(first.get()); // late, and of no consequence
+    EXPECT_TRUE(channel.isAttached(second.get()));
+    cursor = 0;
+    EXPECT_EQ(channel.next(cursor)->text, R"({"n":2,"ack":1,"o":[2]})");
+    EXPECT_EQ(channel.next(cursor)->text, R"({"n":3,"ack":1,"o":[3]})");
+    EXPECT_FALSE(channel.next(cursor));
+    channel.receive(input({}, 99)); // more than was sent
+    channel.send("[4]");
+    EXPECT_EQ(channel.next(cursor)->text, R"({"n":4,"ack":1,"o":[4]})");
+}
+
+TEST(Channel, LastWordsWaitForThePageToReturn) {
+    Mailbox mailbox;
+    Channel finished(mailbox);
+    finished.send("[1]");
+    finished.finish("[2]");
+    finished.send("[3]");
+    finished.close("quit");
+    EXPECT_FALSE(finished.liveness().delivered);
+    std::uint64_t cursor = 0;
+    EXPECT_EQ(finished.next(cursor)->text, R"({"n":1,"ack":0,"o":[1]})");
+    EXPECT_EQ(finished.next(cursor)->text, R"({"n":2,"ack":0,"o":[2]})");
+    const auto end = finished.next(cursor);
+    EXPECT_EQ(end->text, R"({"end":2})");
+    EXPECT_TRUE(end->last);
+    finished.receive(input({}, 2));
+    EXPECT_TRUE(finished.liveness().delivered);
+
+    Channel broken(mailbox);
+    broken.close("failed");
+    cursor = 0;
+    EXPECT_EQ(broken.next(cursor)->text, R"({"gone":"failed"})");
+}
+
+TEST(Channel, AStuckBrowserEndsTheSession) {
+    Mailbox mailbox;
+    Channel channel(mailbox);
+    const std::string large(kOutputQueueBytes / 4, 'x');
+    for (int i = 0; i < 4; ++i) channel.send(large);
+    EXPECT_FALSE(mailbox.ending());
+    channel.send("x");
+    EXPECT_EQ(mailbox.endReason(), EndReason::Overload);
+}
+
+} // namespace
+} // namespace Wt::Impl

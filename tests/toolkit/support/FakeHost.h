@@ -1,0 +1,22 @@
+#pragma once
+
+#include "session/SessionHost.h"
+
+#include <atomic>
+
+namespace Wt::Impl {
+
+/// A session without widgets, told what to do by its events: {"k":"echo","x":…} answers [["echo",…]]; "nest"
+/// and "unnest" enter and leave a nested loop; "sleep" with "ms"; "flood" with "bytes" sends that much;
+/// "throw"; "quit" finishes with [["bye"]]. Resources: "KEY" of the address decides, see FakeHost.cpp.
+std::unique_ptr<SessionHost> makeFakeHost(const StartRequest& start, Mailbox& mailbox, PageSink& sink,
+                                          const std::string& resourceBase);
+
+struct FakeHostCounts {
+    std::atomic<int> alive{0};
+    std::atomic<int> made{0};
+    std::atomic<int> unwound{0}; ///< nested loops that a session's end left
+};
+FakeHostCounts& fakeHostCounts();
+
+} // namespace Wt::Impl

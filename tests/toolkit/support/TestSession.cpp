@@ -1,0 +1,57 @@
+#include "tests/toolkit/support/TestSession.h"
+
+#include <boost/json/parse.hpp>
+
+namespace toolkit_test {
+
+namespace {
+class PlainEnvironment : public Wt::WEnvironment {
+public:
+    explicit PlainEnvironment(const Wt::Impl::StartRequest& start) : WEnvironment(start) {}
+};
+} // namespace
+
+void Recorder::send(std::string operations) {
+    bytes += operations.size();
+    last = operations;
+    page.apply(operations);
+}
+
+void Recorder::finish(std::string operations) {
+    finished = operations;
+    ended = true;
+}
+
+Wt::Impl::StartRequest startRequest() {
+    Wt::Impl::StartRequest start;
+    start.sessionId = "test";
+    start.scheme = "https";
+    start.hostName = "host:8443";
+    start.path = "/";
+    start.locale = "en";
+    return start;
+}
+
+TestSession::TestSession()
+    : session(startRequest(), mailbox, sink, "/wt-resource/test"),
+      environment(std::make_unique<PlainEnvironment>(startRequest())),
+      application(new Wt::WApplication(*environment)) {}
+
+TestSession::~TestSession() = default;
+
+std::string TestSession::flush() {
+    sink.last.clear();
+    session.flush();
+    return sink.last;
+}
+
+void TestSession::browser(const std::string& events) {
+    session.handlePage(boost::json::parse(events));
+}
+
+void TestSession::event(const Wt::Impl::RenderNode& node, const std::string& kind, const std::string& more) {
+    browser("[{\"t\":" + std::to_string(node.nodeId()) + ",\"k\":\"" + kind + "\"" +
+            (more.empty() ? "" : ",") + more + "}]");
+}
+
+} // namespace toolkit_test

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "session/Mailbox.h"
+#include "session/PageSink.h"
+#include "session/SessionHost.h"
+#include "tests/toolkit/support/PageModel.h"
+#include "web/WebSession.h"
+
+#include <Wt/WApplication>
+#include <Wt/WContainerWidget>
+
+#include <memory>
+#include <string>
+
+namespace toolkit_test {
+
+/// Takes the operations of a session and applies them to a page.
+class Recorder : public Wt::Impl::PageSink {
+public:
+    void send(std::string operations) override;
+    void finish(std::string operations) override;
+
+    PageModel page;
+    std::size_t bytes = 0; ///< sent so far
+    std::string last;      ///< operations of the last flush that sent something
+    std::string finished;  ///< the last operations
+    bool ended = false;
+};
+
+Wt::Impl::StartRequest startRequest();
+
+/// A session with an application, on the test's thread.
+class TestSession {
+public:
+    TestSession();
+    ~TestSession();
+
+    Wt::WContainerWidget* root() { return application->root(); }
+    /// What the last flush sends; empty: nothing.
+    std::string flush();
+    /// One message of the browser: a JSON array.
+    void browser(const std::string& events);
+    /// An event of a widget, with values of fields where wanted.
+    void event(const Wt::Impl::RenderNode& node, const std::string& kind, const std::string& more = "");
+
+    Recorder sink;
+    Wt::Impl::Mailbox mailbox;
+    Wt::Impl::WebSession session;
+    std::unique_ptr<Wt::WEnvironment> environment;
+    Wt::WApplication* application;
+};
+
+} // namespace toolkit_test

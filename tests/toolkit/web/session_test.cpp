@@ -1,0 +1,290 @@
+// Events of a browser: what they reach, and what is dropped.
+#include "tests/toolkit/support/TestSession.h"
+#include "web/PageNode.h"
+
+#include <Wt/WCheckBox>
+#include <Wt/WComboBox>
+#include <Wt/WDialog>
+#include <Wt/WLineEdit>
+#include <Wt/WPushButton>
+#include <Wt/WText>
+#include <Wt/WTextArea>
+#include <Wt/WTimer>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace {
+
+using namespace toolkit_test;
+
+std::string idOf(const Wt::Impl::RenderNode& node) {
+    return "\"o" + std::to_string(node.nodeId()) + "\"";
+}
+
+std::string valueOf(const Wt::Impl::RenderNode& node, const std::string& json) {
+    return "\"v\":{" + idOf(node) + ":" + json + "}";
+}
+
+TEST(Session, values_are_there_before_handlers_and_are_not_sent_back) {
+    TestSession s;
+    auto* field = new Wt::WLineEdit(s.root());
+    field->setMaxLength(5);
+    auto* area = new Wt::WTextArea(s.root());
+    auto* button = new Wt::WPushButton("b", s.root());
+    std::string seen;
+    button->clicked().connect([&] { seen = field->text().toUTF8() + "|" + area->text().toUTF8(); });
+    s.flush();
+    s.event(*button, "click",
+            "\"v\":{" + idOf(*field) + ":\"abc\"," + idOf(*area) +
+                ":\"x\\r\\ny\"},\"f\":" + std::to_string(field->nodeId()));
+    EXPECT_EQ(seen, "abc|x\ny");
+    EXPECT_TRUE(field->hasFocus());
+    EXPECT_EQ(s.flush().find("abc"), std::string::npos);
+
+    field->setText("abc");
+    EXPECT_EQ(s.flush(), "") << "the browser shows that already";
+    s.event(*button, "click", valueOf(*field, "\"toolong\\n\""));
+    EXPECT_EQ(field->text().toUTF8(), "toolo");
+    EXPECT_NE(s.flush().find("\"toolo\""), std::string::npos) << "the browser shows something else";
+}
+
+TEST(Session, hostile_events_do_nothing) {
+    TestSession s;
+    auto* field = new Wt::WLineEdit("keep", s.root());
+    auto* check = new Wt::WCheckBox("c", s.root());
+    auto* combo = new Wt::WComboBox(s.root());
+    combo->addItem("one");
+    auto* button = new Wt::WPushButton("b", s.root());
+    auto* disabled = new Wt::WPushButton("d", s.root());
+    auto* hidden = new Wt::WPushButton("h", s.root());
+    int calls = 0;
+    for (auto* one : {button, disabled, hidden}) one->clicked().connect([&] { ++calls; });
+    disabled->disable();
+    s.flush();
+    hidden->hide();
+    s.flush();
+    const std::string b = std::to_string(button->nodeId());
+    const std::string rows[] = {
+        "{}",
+        "[]",
+        "null",
+        "7",
+        "[1,\"x\",null,[[]]]",
+        R"([{"t":"x","k":"click"}])",
+        R"([{"t":-1,"k":"click"}])",
+        R"([{"t":1e300,"k":"click"}])",
+        R"([{"t":)" + b + R"(}])",
+        R"([{"t":)" + b + R"(,"k":7}])",
+        R"([{"t":)" + b + R"(,"k":"dblclick"}])",
+        R"([{"t":)" + b + R"(,"k":"keyup","c":"x"}])",
+        R"([{"k":"timer","t":1}])",
+        R"([{"k":"size","t":)" + b + R"(,"w":-5,"h":"a"}])",
+        R"([{"t":)" + std::to_string(disabled->nodeId()) + R"(,"k":"click"}])",
+        R"([{"t":)" + std::to_string(hidden->nodeId()) + R"(,"k":"click"}])",
+        R"([{"v":{"o1":7,"":"x","o99999999999999":"y","p":null}}])",
+        "[{\"v\":{" + idOf(*field) + ":{\"a\":1}}}]",
+        "[{\"v\":" + idOf(*field) + "}]",
+        "[{\"v\":{" + idOf(*combo) + ":5}}]",
+        "[{\"v\":{" + idOf(*combo) + ":-7}}]",
+        "[{\"v\":{" + idOf(*combo) + ":1e9}}]",
+        "[{\"f\":\"x\"}]",
+        "[{\"f\":-3}]",
+    };
+    for (const std::string& row : rows) EXPECT_NO_THROW(s.browser(row)) << row;
+    EXPECT_EQ(calls, 0);
+    EXPECT_EQ(field->text().toUTF8(), "keep");
+    EXPECT_EQ(combo->currentIndex(), 0);
+    EXPECT_EQ(check->checkState(), Wt::Unchecked);
+    s.event(*button, "click", R"("x":1e99,"m":-1,"b":77)");
+    EXPECT_EQ(calls, 1);
+}
+
+TEST(Session, a_timer_is_told_as_it_stands_at_the_end_and_late_timeouts_are_dropped) {
+    TestSession s;
+    s.flush();
+    int fired = 0;
+    auto timer = std::make_unique<Wt::WTimer>();
+    timer->setInterval(500);
+    timer->timeout().connect([&] { ++fired; });
+    timer->start();
+    timer->stop();
+    EXPECT_EQ(s.flush(), "");
+    timer->start();
+    timer->start();
+    EXPECT_EQ(s.flush(), R"([["timer",3,500,0]])");
+    s.browser(R"([{"k":"timer","t":3},{"k":"timer","t":3},{"k":"timer","t":2}])");
+    EXPECT_EQ(fired, 2);
+    timer->setSingleShot(true);
+    timer->start();
+    EXPECT_EQ(s.flush(), R"([["stop",3],["timer",4,500,1]])");
+    s.browser(R"([{"k":"timer","t":4},{"k":"timer","t":4},{"k":"timer","t":3}])");
+    EXPECT_EQ(fired, 3);
+    EXPECT_FALSE(timer->isActive());
+    timer->start();
+    s.flush();
+    timer.reset();
+    s.browser(R"([{"k":"timer","t":5}])");
+    EXPECT_EQ(fired, 3);
+    EXPECT_EQ(s.flush(), R"([["stop",5]])");
+}
+
+TEST(Session, a_handler_may_delete_its_own_widget) {
+    TestSession s;
+    auto* button = new Wt::WPushButton("b", s.root());
+    auto* check = new Wt::WCheckBox("c", s.root());
+    auto* combo = new Wt::WComboBox(s.root());
+    combo->addItem("x");
+    button->clicked().connect([&] { delete button; });
+    check->checked().connect([&] { delete check; });
+    check->changed().connect([] { FAIL() << "the box is gone"; });
+    combo->activated().connect([&](int) { delete combo; });
+    combo->changed().connect([] { FAIL() << "the box is gone"; });
+    s.flush();
+    const Wt::Impl::RenderNode* input = s.session.renderer().find(check->nodeId() + 1);
+    ASSERT_NE(input, nullptr);
+    s.event(*button, "click");
+    s.event(*input, "change", valueOf(*input, "true"));
+    s.event(*combo, "change");
+    EXPECT_EQ(s.root()->count(), 0);
+    EXPECT_NO_THROW(s.flush());
+}
+
+TEST(Session, a_check_box_leaves_the_middle_state_by_the_user) {
+    TestSession s;
+    auto* check = new Wt::WCheckBox("c", s.root());
+    check->setCheckState(Wt::PartiallyChecked);
+    std::string log;
+    check->changed().connect([&] { log += std::to_string(check->checkState()); });
+    s.flush();
+    const Wt::Impl::RenderNode* input = s.session.renderer().find(check->nodeId() + 1);
+    s.event(*input, "change", valueOf(*input, "true"));
+    s.event(*input, "change", valueOf(*input, "false"));
+    EXPECT_EQ(log, "20");
+    check->setCheckState(Wt::PartiallyChecked);
+    EXPECT_NE(s.flush().find("\"indeterminate\":true"), std::string::npos);
+}
+
+Wt::Impl::SessionEvent callOf(std::function<void()> call) {
+    Wt::Impl::SessionEvent event;
+    event.call = std::move(call);
+    return event;
+}
+
+Wt::Impl::SessionEvent endOf() {
+    Wt::Impl::SessionEvent event;
+    event.kind = Wt::Impl::SessionEvent::Kind::End;
+    return event;
+}
+
+struct Noted : Wt::WDialog {
+    Noted(std::string& log_, const char* name_) : log(log_), name(name_) {}
+    ~Noted() override { log += name; }
+    std::string& log;
+    const char* name;
+};
+
+// `last` comes when two dialogs wait, one inside the handler of the other.
+void nestTwo(TestSession& s, std::string& log, const std::function<void()>& last) {
+    Noted outer(log, "outer ");
+    s.mailbox.post(callOf([&] {
+        Noted inner(log, "inner ");
+        s.mailbox.post(callOf(last));
+        inner.exec();
+        log += "inner went on ";
+    }));
+    outer.exec();
+    log += "outer went on ";
+}
+
+TEST(Session, one_that_ends_inside_of_dialogs_unwinds_in_order) {
+    const struct {
+        const char* what;
+        void (*end)(TestSession& s);
+    } rows[] = {
+        {"the browser is gone", [](TestSession& s) { s.mailbox.post(endOf()); }},
+        {"quit", [](TestSession& s) { s.application->quit(); }},
+        {"quit and go on",
+         [](TestSession& s) {
+             s.application->redirect("/");
+             s.application->quit();
+             s.application->processEvents();
+         }},
+    };
+    for (const auto& row : rows) {
+        TestSession s;
+        std::string log;
+        EXPECT_THROW(nestTwo(s, log, [&] { row.end(s); }), Wt::Impl::SessionEnded) << row.what;
+        EXPECT_EQ(log, "inner outer ") << row.what;
+    }
+}
+
+TEST(Session, dialogs_end_by_their_buttons_escape_and_death) {
+    TestSession s;
+    Wt::WDialog dialog("d");
+    dialog.rejectWhenEscapePressed();
+    auto* yes = new Wt::WPushButton("y", dialog.footer());
+    yes->clicked().connect(&dialog, &Wt::WDialog::accept);
+    auto* below = new Wt::WPushButton("b", s.root());
+    int reached = 0, finished = 0;
+    below->clicked().connect([&] { ++reached; });
+    dialog.finished().connect([&] { ++finished; });
+    s.flush();
+
+    s.mailbox.post(callOf([&] {
+        s.event(*below, "click"); // behind the dialog
+        s.event(*yes, "click");
+    }));
+    EXPECT_EQ(dialog.exec(), Wt::WDialog::Accepted);
+    s.event(*below, "click");
+    EXPECT_EQ(reached, 1);
+
+    const auto* frame = dynamic_cast<Wt::Impl::RenderNode*>(dialog.contents()->nodeParent());
+    s.mailbox.post(callOf([&] { s.event(*frame, "escape"); }));
+    EXPECT_EQ(dialog.exec(), Wt::WDialog::Rejected);
+    EXPECT_EQ(finished, 2);
+
+    auto* doomed = new Wt::WDialog("x");
+    s.mailbox.post(callOf([&] { delete doomed; }));
+    EXPECT_EQ(doomed->exec(), Wt::WDialog::Rejected);
+
+    auto* selfish = new Wt::WDialog("z");
+    selfish->finished().connect([&] { delete selfish; });
+    s.mailbox.post(callOf([&] { selfish->accept(); }));
+    EXPECT_EQ(selfish->exec(), Wt::WDialog::Accepted);
+    s.flush();
+    EXPECT_EQ(s.session.page().modal(), nullptr);
+}
+
+TEST(Session, runs_from_start_to_quit_and_tells_the_browser_last) {
+    Recorder sink;
+    Wt::Impl::Mailbox mailbox;
+    Wt::Impl::StartRequest start = startRequest();
+    struct App : Wt::WApplication {
+        explicit App(const Wt::WEnvironment& environment, std::string& log_)
+            : WApplication(environment), log(log_) {
+            new Wt::WTimer(this);
+            new Wt::WText("hello", root());
+        }
+        ~App() override { log += "gone"; }
+        void notify(const Wt::WEvent& event) override {
+            log += std::to_string(event.eventType()) + " ";
+            WApplication::notify(event);
+        }
+        std::string& log;
+    };
+    std::string log;
+    start.create = [&](const Wt::WEnvironment& environment) { return new App(environment, log); };
+    mailbox.post(callOf([] {
+        Wt::WApplication::instance()->redirect("/again");
+        Wt::WApplication::instance()->quit();
+    }));
+    mailbox.post(callOf([&] { log += "too late "; }));
+    Wt::Impl::makeSessionHost(start, mailbox, sink, "/r")->run();
+    EXPECT_EQ(log, "0 gone");
+    EXPECT_NE(sink.last.find("hello"), std::string::npos);
+    EXPECT_EQ(sink.finished, R"([["go","/again"]])");
+}
+
+} // namespace

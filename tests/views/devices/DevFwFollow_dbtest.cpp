@@ -1,0 +1,96 @@
+// Following the firmware update of the Switch that one is logged in to.
+
+#include "tests/platform/support/LogCapture.h"
+#include "tests/views/devices/DevicesPage.h"
+
+#include "db/ZeqPtr.h"
+#include "platform/client/ZeqClient.h"
+#include "platform/client/ZeqReq.h"
+#include "platform/client/ZeqRsp.h"
+
+namespace {
+
+bool contains(const std::string& text, const std::string& part) {
+    return text.find(part) != std::string::npos;
+}
+
+class DevFwFollow : public DevicesPage {
+protected:
+    /// Sets what only the Switch itself writes.
+    static void poke(const char* key, const char* value) {
+        ZeqPtr request(ZeqReqUtil_newSetResource("simControl"));
+        ZeqReqUtil_setStringParam(request.get(), "action", "poke");
+        ZeqReqUtil_setStringParam(request.get(), "resource", "swx");
+        ZeqReqUtil_setIntegerParam(request.get(), "record", 1);
+        ZeqReqUtil_setStringParam(request.get(), "key", key);
+        ZeqReqUtil_setStringParam(request.get(), "value", value);
+        ZeqClient_s* client = ZeqClient_new();
+        const ZeqPtr response(ZeqReqUtil_submit(request.get(), client));
+        EXPECT_EQ(ZeqRspUtil_getObjectParam(response.get(), "errors"), nullptr);
+        ZeqClient_close(client);
+    }
+};
+
+TEST_F(DevFwFollow, EachFailureIsToldAndLoggedOnceAndEndsTheFollowing) {
+    const struct {
+        const char *status, *words;
+    } rows[] = {
+        {"failed", "Firmware update of the Master Switch failed."},
+        {"failed_file_get", "-- unable to retrieve file."},
+        {"failed_file_content", "-- file corrupted or incorrect type."},
+        {"failed_dev_type", "-- file is incorrect type for device."},
+        {"failed_file_push", "-- unable to push file to target device."},
+        {"failed_flash", "-- unable to reflash device."},
+    };
+    for (const auto& row : rows) {
+        LogCapture log;
+        view->followThisSwx();
+        poke("upgradeStatus", row.status);
+        answerWith("Okay");
+        view->fwUpdateTimerTimeout();
+        EXPECT_TRUE(contains(shown.back(), row.words)) << shown.back();
+        EXPECT_FALSE(view->followsThisSwx()) << row.status;
+        ASSERT_FALSE(log.messages(1).empty());
+        EXPECT_TRUE(contains(log.messages(1).back(), row.words)) << log.messages(1).back();
+    }
+}
+
+TEST_F(DevFwFollow, TenMinutesOfUpgradingAreTooLong) {
+    view->followThisSwx();
+    poke("upgradeStatus", "upgrading");
+    clock.advance(600);
+    view->fwUpdateTimerTimeout();
+    EXPECT_TRUE(view->followsThisSwx()) << "not yet";
+    clock.advance(1);
+    answerWith("Okay");
+    view->fwUpdateTimerTimeout();
+    EXPECT_TRUE(contains(shown.back(), "timed out.")) << shown.back();
+    EXPECT_FALSE(view->followsThisSwx());
+}
+
+TEST_F(DevFwFollow, AfterSuccessTheUserRebootsOrNot) {
+    for (const bool automatic : {true, false}) {
+        store("systemGlobals", 0, "resetAfterUpgrade", automatic ? "enabled" : "disabled");
+        view->followThisSwx();
+        poke("upgradeStatus", "complete");
+        if (automatic)
+            answer([](Wt::WDialog& dialog) { dialog.reject(); }); // stands until the Switch reboots
+        else
+            answerWith("Reboot later");
+        view->fwUpdateTimerTimeout();
+        EXPECT_TRUE(contains(shown.back(), "has succeeded."));
+        EXPECT_EQ(contains(shown.back(), "Rebooting now."), automatic);
+        EXPECT_FALSE(view->followsThisSwx());
+    }
+    EXPECT_TRUE(zeqd.running()) << "nobody asked for a reboot";
+}
+
+TEST_F(DevFwFollow, AStatusThatCannotBeReadEndsTheFollowingWithoutAWord) {
+    view->followThisSwx();
+    zeqd.stop();
+    view->fwUpdateTimerTimeout();
+    EXPECT_FALSE(view->followsThisSwx());
+    EXPECT_TRUE(shown.empty());
+}
+
+} // namespace

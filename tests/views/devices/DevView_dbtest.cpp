@@ -1,0 +1,170 @@
+// The Devices tab as a whole: the list, its refresh, editing and saving.
+
+#include "db/ZeqExchange.h"
+#include "frame/WAutoSizeTableView.h"
+#include "frame/WNumericSortFilterProxyModel.h"
+#include "tests/views/devices/DevicesPage.h"
+#include "views/devices/WDevViewList.h"
+
+#include <boost/any.hpp>
+
+namespace {
+
+using Names = std::vector<std::string>;
+
+TEST_F(DevicesPage, RenamesAReceiver) {
+    EXPECT_EQ(actions(), ".....X.");
+    select({"Desk 1 Left"});
+    EXPECT_EQ(actions(), "X.XXXXX");
+    EXPECT_EQ(text("name"), "Desk 1 Left");
+    EXPECT_TRUE(tab().saveButton()->isDisabled());
+
+    type("name", "Desk 1 <b>West</b>");
+    EXPECT_EQ(actions(), "......X") << "actions wait for Save or Cancel, but for flash";
+    EXPECT_FALSE(tab().saveButton()->isDisabled());
+    EXPECT_TRUE(view->list()->table()->isDisabled());
+    save();
+    EXPECT_EQ(stored("rx", 1, "name"), "Desk 1 <b>West</b>");
+    EXPECT_EQ(selected(), Names{"Desk 1 <b>West</b>"});
+    EXPECT_EQ(actions(), "X.XXXXX");
+    EXPECT_FALSE(view->list()->table()->isDisabled());
+    EXPECT_TRUE(tab().saveButton()->isDisabled());
+    EXPECT_FALSE(view->details()->hasChanged());
+}
+
+TEST_F(DevicesPage, CancelBringsBackWhatIsStored) {
+    select({"Desk 4"});
+    type("notes", "nothing that stays");
+    EXPECT_TRUE(view->details()->hasChanged());
+    cancel();
+    EXPECT_EQ(text("notes"), stored("rx", 7, "notes"));
+    EXPECT_EQ(actions(), "X.XXXXX");
+    EXPECT_FALSE(view->details()->hasChanged());
+}
+
+TEST_F(DevicesPage, AnInvalidNameCannotBeSavedForOneButTheOtherFieldsOfSeveralCan) {
+    select({"Desk 4"});
+    type("name", "na\u00efve");
+    EXPECT_TRUE(tab().saveButton()->isDisabled());
+    EXPECT_FALSE(tab().cancelButton()->isDisabled());
+    cancel();
+
+    select({"Desk 4", "Desk 5"});
+    EXPECT_EQ(text("name"), "") << "names differ";
+    type("location", "Basement");
+    EXPECT_FALSE(tab().saveButton()->isDisabled());
+    save();
+    EXPECT_EQ(stored("rx", 7, "location"), "Basement");
+    EXPECT_EQ(stored("rx", 8, "location"), "Basement");
+    EXPECT_EQ(stored("rx", 7, "name"), "Desk 4") << "an untouched field is not written";
+}
+
+TEST_F(DevicesPage, ASaveRefusedForOneOfThreeStoresTheOthersAndSaysSo) {
+    select({"Planning 1", "Planning 2", "Training"});
+    type("notes", "third floor");
+    remove("rx", 18); // Planning 2, by another administrator
+    answerWith("Close");
+    save();
+    ASSERT_EQ(shown.size(), 1u);
+    EXPECT_NE(shown[0].find("Error writing value(s)."), std::string::npos) << shown[0];
+    EXPECT_EQ(stored("rx", 17, "notes"), "third floor");
+    EXPECT_EQ(stored("rx", 19, "notes"), "third floor");
+    EXPECT_EQ(selected(), (Names{"Planning 1", "Training"})) << "the list shows what there is";
+    EXPECT_FALSE(view->details()->hasChanged());
+    EXPECT_EQ(text("notes"), "third floor");
+}
+
+TEST_F(DevicesPage, SelectionSurvivesARebuildWhereIndexesOfKindsOverlap) {
+    // Transmitter 7 is "Weather"; there are a Receiver 7 and Switches 1 and 2.
+    select({"Weather"});
+    store("rx", 7, "name", "Desk 4 renamed");
+    tick();
+    EXPECT_EQ(cell("Desk 4 renamed", WDevViewList::Eid), "00A702-020077");
+    EXPECT_EQ(selected(), Names{"Weather"});
+
+    select({"Desk 1 Left", "SCADA A", "Main Hall Switch"}); // index 1, three times
+    store("tx", 7, "name", "Weather renamed");
+    tick();
+    EXPECT_EQ(selected(), (Names{"Desk 1 Left", "Main Hall Switch", "SCADA A"}));
+}
+
+TEST_F(DevicesPage, ASelectedDeviceThatGoesAwayIsNoLongerSelected) {
+    select({"Training", "Planning 1"});
+    remove("rx", 19);
+    tick();
+    EXPECT_EQ(selected(), Names{"Planning 1"});
+    EXPECT_EQ(text("name"), "Planning 1") << "the details follow";
+    remove("rx", 17);
+    tick();
+    EXPECT_EQ(selected(), Names{});
+    EXPECT_EQ(view->details()->currentTab(), DevDetailsPage::Empty);
+    EXPECT_EQ(actions(), ".....X.");
+}
+
+TEST_F(DevicesPage, ATickCostsOneSmallReadForEachKindAndNothingWhileEditing) {
+    tick();
+    const auto costOfTick = [this] {
+        const unsigned long before = zeqExchangeCount();
+        tick();
+        return zeqExchangeCount() - before;
+    };
+    EXPECT_EQ(costOfTick(), 5u) << "nothing selected";
+    select({"Desk 4"});
+    tick(); // the tab asks for its own news for the first time
+    EXPECT_EQ(costOfTick(), 6u) << "and one for the details";
+    type("name", "in work");
+    store("rx", 8, "name", "changed meanwhile");
+    EXPECT_EQ(costOfTick(), 0u);
+    EXPECT_EQ(text("name"), "in work");
+    EXPECT_EQ(cell("Desk 5", WDevViewList::Type), "Receiver (G1)") << "the list stands still too";
+    cancel();
+    EXPECT_EQ(cell("changed meanwhile", WDevViewList::Type), "Receiver (G1)");
+}
+
+TEST_F(DevicesPage, ARebuildCostsFiveQueriesWhateverTheNumberOfDevices) {
+    const unsigned long before = zeqExchangeCount();
+    view->list()->readFromDatabase();
+    EXPECT_EQ(zeqExchangeCount() - before, 5u);
+}
+
+TEST_F(DevicesPage, FilterAndSortSurviveARebuild) {
+    view->list()->filterRegExTextChangedHandler("office");
+    store("rx", 15, "name", "Office PC 10");
+    tick();
+    Names order;
+    for (int row = 0; row < view->list()->proxy()->rowCount(); ++row)
+        order.push_back(
+            boost::any_cast<std::string>(view->list()->proxy()->data(row, WDevViewList::Name, Wt::EditRole)));
+    EXPECT_EQ(order, (Names{"Office PC 1", "Office PC 2", "Office PC 3", "Office PC 4", "Office PC 10"}));
+}
+
+TEST_F(DevicesPage, AServiceThatGoesAwayEmptiesTheListAndItsReturnFillsIt) {
+    select({"Desk 4"});
+    zeqd.stop();
+    tick();
+    EXPECT_EQ(view->list()->rowCount(), 0);
+    EXPECT_EQ(actions(), ".....X.");
+    zeqd.start();
+    tick();
+    EXPECT_EQ(view->list()->rowCount(), 52);
+}
+
+TEST_F(DevicesPage, StatusTextsOfTheDemo) {
+    const struct {
+        const char *name, *type, *status;
+    } rows[] = {
+        {"Desk 1 Left", "Receiver (G2)", "In use"},
+        {"Desk 4", "Receiver (G1)", "Ready"},
+        {"Training", "Receiver (G1)", "Offline"},
+        {"SCADA A", "Transmitter (DVI)", "In use (shared)"},
+        {"Relay Engineering", "Transmitter (DVI)", "In use (private)"},
+        {"Alarm Server Standby", "Transmitter (DVI)", "Firmware updated, needs reboot"},
+        {"Main Hall Switch", "Switch", "Ready"},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(cell(row.name, WDevViewList::Type), row.type) << row.name;
+        EXPECT_EQ(cell(row.name, WDevViewList::Status), row.status) << row.name;
+    }
+}
+
+} // namespace

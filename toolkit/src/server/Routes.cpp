@@ -1,0 +1,93 @@
+#include "server/Routes.h"
+
+#include "server/ClientFiles.h"
+#include "server/Gzip.h"
+#include "server/HttpConnection.h"
+#include "server/Secret.h"
+#include "server/Site.h"
+#include "server/Url.h"
+
+namespace Wt::Impl {
+
+namespace {
+
+// Small, and the same for everybody, so a crawler or a monitor costs no more than a file.
+Response startPageResponse(const Site& site, const EntryPoint& entry, const Request& request) {
+    Response response;
+    response.setBody("text/html; charset=utf-8", startPage(site.base, entry.favicon));
+    const Digest digest = digestOf(*response.body);
+    std::string etag = "\"";
+    for (std::size_t i = 0; i < 8; ++i)
+        etag += "0123456789abcdef"[digest[i] >> 4], etag += "0123456789abcdef"[digest[i] & 15];
+    etag += "\"";
+    response.add("Cache-Control", "no-cache").add("ETag", etag);
+    if (request.header("if-none-match").find(etag) != std::string_view::npos) {
+        response.status = 304;
+        response.body = nullptr;
+    }
+    return response;
+}
+
+// What follows `folder` in the path, if the path lies there.
+bool liesIn(const std::string& path, const std::string& folder, std::string& rest) {
+    if (path.compare(0, folder.size(), folder) != 0) return false;
+    rest = path.substr(folder.size());
+    return true;
+}
+
+} // namespace
+
+Awaitable<void> route(HttpConnection& connection) {
+    Site& site = connection.site();
+    const Request& request = connection.request();
+    const bool reads = request.method == "GET" || request.method == "HEAD";
+    const auto path = normalPath(request.target);
+    if (!path) {
+        co_await connection.respond(errorResponse(400));
+        co_return;
+    }
+    if (!reads && request.method != "POST") {
+        co_await connection.respond(errorResponse(405));
+        co_return;
+    }
+    std::string rest;
+    if (liesIn(*path, site.base + "/wt-session/", rest)) {
+        if (rest == "ws")
+            co_await serveWebSocket(connection);
+        else
+            co_await serveSession(connection, rest);
+    } else if (liesIn(*path, site.base + "/wt-resource/", rest)) {
+        co_await serveResource(connection, rest);
+    } else if (!reads) {
+        co_await connection.respond(errorResponse(405));
+    } else if (liesIn(*path, site.base + "/wt-client/", rest)) {
+        co_await serveClientFile(connection, rest);
+    } else if (const EntryPoint* entry = site.entryAt(*path)) {
+        Response response = startPageResponse(site, *entry, request);
+        co_await connection.respond(std::move(response));
+    } else {
+        StaticFiles::Answer answer = site.files.get(*path, request);
+        if (answer.file.descriptor < 0)
+            co_await connection.respond(std::move(answer.response));
+        else
+            co_await connection.respondFile(std::move(answer.response), std::move(answer.file));
+    }
+}
+
+Awaitable<void> serveClientFile(HttpConnection& connection, const std::string& rest) {
+    const std::string folder = std::string(clientHash()) + "/";
+    Response response = errorResponse(404);
+    for (const ClientFile& file : clientFiles()) {
+        if (rest != folder + std::string(file.name)) continue;
+        response = Response();
+        const std::string_view packed(reinterpret_cast<const char*>(file.gzip), file.gzipSize);
+        const bool compress = connection.site().config.compress &&
+                              connection.request().headerHasToken("accept-encoding", "gzip");
+        response.setBody(mimeTypeOf(file.name), compress ? std::string(packed) : gunzip(packed, file.size));
+        if (compress) response.add("Content-Encoding", "gzip");
+        response.add("Vary", "Accept-Encoding").add("Cache-Control", "public, max-age=31536000, immutable");
+    }
+    co_await connection.respond(std::move(response));
+}
+
+} // namespace Wt::Impl

@@ -1,0 +1,144 @@
+#include "session/Channel.h"
+
+#include "server/Limits.h"
+
+#include <algorithm>
+
+namespace Wt::Impl {
+
+void Channel::send(std::string operations) {
+    bool overflow = false;
+    {
+        const std::lock_guard lock(mMutex);
+        if (mFinished || mClosed) return;
+        queue(std::move(operations));
+        overflow = mQueuedBytes > kOutputQueueBytes;
+        wakePeer();
+    }
+    if (!overflow) return;
+    SessionEvent end;
+    end.kind = SessionEvent::Kind::End;
+    end.reason = EndReason::Overload;
+    mMailbox.post(std::move(end));
+}
+
+void Channel::finish(std::string operations) {
+    const std::lock_guard lock(mMutex);
+    if (mFinished || mClosed) return;
+    if (!operations.empty()) queue(std::move(operations));
+    mFinished = true;
+    wakePeer();
+}
+
+void Channel::close(const char* reason) {
+    const std::lock_guard lock(mMutex);
+    mClosed = true;
+    if (!mFinished) mGone = reason;
+    wakePeer();
+}
+
+void Channel::attach(const std::shared_ptr<ChannelPeer>& peer, std::uint64_t ack) {
+    const std::lock_guard lock(mMutex);
+    if (const auto earlier = mPeer.lock(); earlier && earlier != peer) earlier->wake();
+    mPeer = peer;
+    mPeerKey = peer.get();
+    mEverAttached = true;
+    mLastHeard = Clock::now();
+    acknowledge(ack);
+}
+
+void Channel::detach(const ChannelPeer* peer) {
+    const std::lock_guard lock(mMutex);
+    if (mPeerKey != peer) return;
+    mPeer.reset();
+    mPeerKey = nullptr;
+    mLastHeard = Clock::now();
+}
+
+bool Channel::isAttached(const ChannelPeer* peer) const {
+    const std::lock_guard lock(mMutex);
+    return mPeerKey == peer;
+}
+
+Channel::Verdict Channel::receive(PageInput input) {
+    std::vector<SessionEvent> events;
+    {
+        const std::lock_guard lock(mMutex);
+        mLastHeard = Clock::now();
+        acknowledge(input.ack);
+        if (!takeToken()) return Verdict::TooFast;
+        for (PageMessage& message : input.messages) {
+            if (message.number <= mLastReceived) continue; // came already, over an earlier connection
+            if (message.number != mLastReceived + 1) return Verdict::Gap;
+            mLastReceived = message.number;
+            SessionEvent event;
+            event.kind = SessionEvent::Kind::Page;
+            event.page = std::move(message.events);
+            mMailbox.post(std::move(event)); // inside the lock: two connections must not swap their order
+        }
+    }
+    return Verdict::Taken;
+}
+
+std::optional<Channel::Outgoing> Channel::next(std::uint64_t& cursor) {
+    const std::lock_guard lock(mMutex);
+    cursor = std::max(cursor, mAcknowledged);
+    const auto message = std::find_if(mUnacknowledged.begin(), mUnacknowledged.end(),
+                                      [&](const Message& candidate) { return candidate.number > cursor; });
+    if (message != mUnacknowledged.end()) {
+        cursor = message->number;
+        Outgoing out;
+        out.text.reserve(message->operations.size() + 64);
+        out.text.append("{\"n\":").append(std::to_string(message->number));
+        out.text.append(",\"ack\":").append(std::to_string(mLastReceived));
+        out.text.append(",\"o\":").append(message->operations).append("}");
+        return out;
+    }
+    if (mFinished) return Outgoing{"{\"end\":" + std::to_string(mLastSent) + "}", true};
+    if (mClosed) return Outgoing{"{\"gone\":\"" + mGone + "\"}", true};
+    return std::nullopt;
+}
+
+std::string Channel::acknowledgement() const {
+    const std::lock_guard lock(mMutex);
+    return "{\"ack\":" + std::to_string(mLastReceived) + "}";
+}
+
+Channel::Liveness Channel::liveness() const {
+    const std::lock_guard lock(mMutex);
+    Liveness now;
+    now.attached = mPeerKey != nullptr;
+    now.everAttached = mEverAttached;
+    now.delivered = mClosed && mUnacknowledged.empty();
+    now.lastHeard = mLastHeard;
+    return now;
+}
+
+void Channel::queue(std::string&& operations) {
+    mQueuedBytes += operations.size();
+    mUnacknowledged.push_back({++mLastSent, std::move(operations)});
+}
+
+void Channel::acknowledge(std::uint64_t ack) {
+    mAcknowledged = std::max(mAcknowledged, std::min(ack, mLastSent));
+    while (!mUnacknowledged.empty() && mUnacknowledged.front().number <= mAcknowledged) {
+        mQueuedBytes -= mUnacknowledged.front().operations.size();
+        mUnacknowledged.pop_front();
+    }
+}
+
+bool Channel::takeToken() {
+    const auto now = Clock::now();
+    const std::chrono::duration<double> passed = now - mTokensAt;
+    mTokensAt = now;
+    mTokens = std::min(kMessageBurst, mTokens + passed.count() * kMessagesPerSecond);
+    if (mTokens < 1) return false;
+    mTokens -= 1;
+    return true;
+}
+
+void Channel::wakePeer() const {
+    if (const auto peer = mPeer.lock()) peer->wake();
+}
+
+} // namespace Wt::Impl

@@ -1,0 +1,106 @@
+#pragma once
+
+#include "session/Mailbox.h"
+#include "session/PageMessage.h"
+#include "session/PageSink.h"
+
+#include <chrono>
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+
+namespace Wt::Impl {
+
+/// The connection that carries a channel at the moment: a WebSocket, or a poll that waits.
+class ChannelPeer {
+public:
+    virtual ~ChannelPeer() = default;
+
+    /// There is something to send, or another peer has taken over. From any thread; must not call the
+    /// channel.
+    virtual void wake() = 0;
+};
+
+/// The numbered, acknowledged road between a session and its page. It outlives connections: what the page has
+/// not yet acknowledged is sent again to the next one, what has arrived already is not handed on twice.
+/// Thread-safe.
+class Channel : public PageSink {
+public:
+    using Clock = std::chrono::steady_clock;
+
+    explicit Channel(Mailbox& mailbox) : mMailbox(mailbox) {}
+
+    // The session's side.
+    void send(std::string operations) override;
+    void finish(std::string operations) override;
+
+    /// The session has ended. Without a finish() before, the page is told the reason (`name` of it).
+    void close(const char* reason);
+
+    // The connection's side.
+    enum class Verdict {
+        Taken,
+        TooFast, ///< more messages than allowed; end the connection
+        Gap      ///< a message is missing before this one: end the connection, the page sends all again
+    };
+
+    /// A new connection with the page's acknowledgement; an earlier peer is woken and finds itself replaced.
+    void attach(const std::shared_ptr<ChannelPeer>& peer, std::uint64_t ack);
+    void detach(const ChannelPeer* peer);
+    bool isAttached(const ChannelPeer* peer) const;
+
+    Verdict receive(PageInput input);
+
+    /// The next text for the connection that has sent everything up to `cursor` (0 at first: the channel
+    /// starts with what is not acknowledged), or nothing. Numbered messages first, the end last.
+    struct Outgoing {
+        std::string text;
+        bool last = false; ///< close the connection behind it
+    };
+    std::optional<Outgoing> next(std::uint64_t& cursor);
+
+    /// `{"ack":M}`
+    std::string acknowledgement() const;
+
+    // The registry's side.
+    struct Liveness {
+        bool attached = false;
+        bool everAttached = false;
+        bool delivered = false;      ///< closed, and the page has everything
+        Clock::time_point lastHeard; ///< of the page
+    };
+    Liveness liveness() const;
+
+private:
+    struct Message {
+        std::uint64_t number = 0;
+        std::string operations;
+    };
+
+    void queue(std::string&& operations);
+    void acknowledge(std::uint64_t ack);
+    bool takeToken();
+    void wakePeer() const;
+
+    Mailbox& mMailbox;
+    mutable std::mutex mMutex;
+    std::deque<Message> mUnacknowledged;
+    std::size_t mQueuedBytes = 0;
+    std::uint64_t mLastSent = 0;     ///< highest number given to a message of ours
+    std::uint64_t mAcknowledged = 0; ///< highest the page has applied
+    std::uint64_t mLastReceived = 0; ///< highest of the page's numbers
+    bool mFinished = false;
+    bool mClosed = false;
+    std::string mGone; ///< reason, when closed without finish()
+    std::weak_ptr<ChannelPeer> mPeer;
+    const ChannelPeer* mPeerKey = nullptr;
+    bool mEverAttached = false;
+    Clock::time_point mLastHeard = Clock::now();
+    double mTokens = 0;
+    Clock::time_point mTokensAt{};
+};
+
+} // namespace Wt::Impl

@@ -1,0 +1,60 @@
+#include "session/Mailbox.h"
+
+#include <utility>
+
+namespace Wt::Impl {
+
+void Mailbox::post(SessionEvent event) {
+    std::deque<SessionEvent> dropped; // destroyed outside of the lock: an exchange answers when it goes
+    {
+        const std::lock_guard lock(mMutex);
+        if (mEnding) {
+            dropped.push_back(std::move(event));
+        } else if (event.kind == SessionEvent::Kind::End || mWaiting.size() >= kMaxWaiting) {
+            mReason = event.kind == SessionEvent::Kind::End ? event.reason : EndReason::Overload;
+            mEnding = true;
+            dropped.swap(mWaiting);
+            dropped.push_back(std::move(event));
+        } else {
+            mWaiting.push_back(std::move(event));
+        }
+    }
+    mArrived.notify_one();
+}
+
+SessionEvent Mailbox::take() {
+    std::unique_lock lock(mMutex);
+    mArrived.wait(lock, [this] { return mEnding || !mWaiting.empty(); });
+    return next();
+}
+
+bool Mailbox::tryTake(SessionEvent& event) {
+    const std::lock_guard lock(mMutex);
+    if (!mEnding && mWaiting.empty()) return false;
+    event = next();
+    return true;
+}
+
+bool Mailbox::ending() const {
+    const std::lock_guard lock(mMutex);
+    return mEnding;
+}
+
+EndReason Mailbox::endReason() const {
+    const std::lock_guard lock(mMutex);
+    return mReason;
+}
+
+SessionEvent Mailbox::next() {
+    SessionEvent event;
+    if (mEnding) {
+        event.kind = SessionEvent::Kind::End;
+        event.reason = mReason;
+        return event;
+    }
+    event = std::move(mWaiting.front());
+    mWaiting.pop_front();
+    return event;
+}
+
+} // namespace Wt::Impl

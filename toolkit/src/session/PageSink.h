@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+
+namespace Wt::Impl {
+
+/// Where a session's page operations go: the numbered, acknowledged channel of a browser (Channel), or a
+/// recorder in a test environment. Called on the session's thread.
+class PageSink {
+public:
+    virtual ~PageSink() = default;
+
+    /// `operations`: the text of a JSON array, not empty. Returns at once; the order is kept.
+    virtual void send(std::string operations) = 0;
+
+    /// The last operations of the session (for example a redirect); may be empty.
+    virtual void finish(std::string operations) = 0;
+};
+
+} // namespace Wt::Impl

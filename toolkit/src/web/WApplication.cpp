@@ -1,0 +1,218 @@
+#include <Wt/WApplication.h>
+
+#include "web/JsonText.h"
+#include "web/PageNode.h"
+#include "web/WebSession.h"
+
+#include <Wt/WContainerWidget.h>
+#include <Wt/WCssTheme.h>
+#include <Wt/WLink.h>
+#include <Wt/WMessageResourceBundle.h>
+#include <Wt/WServer.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+
+namespace Wt {
+
+using Impl::jsonText;
+using Impl::WebSession;
+
+WApplication::UpdateLock::UpdateLock(WApplication* application)
+    : mGranted(application && WebSession::current() && WebSession::current()->application() == application) {}
+
+WApplication::WApplication(const WEnvironment& environment)
+    : mSession(WebSession::current()), mEnvironment(&environment) {
+    mSession->setApplication(this);
+    mLocale = environment.locale();
+    mRoot = new WContainerWidget;
+    mRoot->setStyleClass("Wt-root");
+    mRoot->setInline(false);
+    mSession->page().setRoot(mRoot);
+    addChild(mRoot);
+}
+
+// Widgets, timers and resources that belong to the application find the session still there.
+WApplication::~WApplication() {
+    mSession->page().setRoot(nullptr);
+    deleteChildren();
+    mRoot = nullptr;
+    delete mStrings;
+    mStrings = nullptr;
+    mSession->setApplication(nullptr);
+}
+
+WApplication* WApplication::instance() {
+    WebSession* session = WebSession::current();
+    return session ? session->application() : nullptr;
+}
+
+void WApplication::setTitle(const WString& title) {
+    if (title == mTitle) return;
+    mTitle = title;
+    mSession->renderer().operation("[\"title\"," + jsonText(title.toUTF8()) + "]");
+}
+
+void WApplication::setCssTheme(const std::string& theme) {
+    setTheme(new WCssTheme(theme, this));
+}
+
+void WApplication::setTheme(WTheme* theme) {
+    if (theme->parent() != this) addChild(theme);
+    mTheme = theme;
+    for (const std::string& url : theme->styleSheetUrls()) useStyleSheet(url);
+}
+
+void WApplication::setLocale(const WLocale& locale) {
+    mLocale = locale;
+    if (!locale.name().empty()) mSession->renderer().operation("[\"lang\"," + jsonText(locale.name()) + "]");
+    refresh();
+}
+
+void WApplication::setLocalizedStrings(WLocalizedStrings* strings) {
+    delete mStrings;
+    mStrings = strings;
+    mBundle = nullptr;
+}
+
+WMessageResourceBundle& WApplication::messageResourceBundle() {
+    if (!mBundle) {
+        auto* bundle = new WMessageResourceBundle;
+        setLocalizedStrings(bundle);
+        mBundle = bundle;
+    }
+    return *mBundle;
+}
+
+void WApplication::useStyleSheet(const std::string& url) {
+    if (std::find(mStyleSheets.begin(), mStyleSheets.end(), url) != mStyleSheets.end()) return;
+    mStyleSheets.push_back(url);
+    mSession->renderer().operation("[\"css\"," + jsonText(url) + "]");
+}
+
+void WApplication::useStyleSheet(const WLink& link, const std::string&) {
+    useStyleSheet(link.url());
+}
+
+void WApplication::removeStyleSheet(const WLink& link) {
+    if (std::erase(mStyleSheets, link.url()))
+        mSession->renderer().operation("[\"nocss\"," + jsonText(link.url()) + "]");
+}
+
+void WApplication::enableUpdates(bool enabled) {
+    mUpdatesEnabled += enabled ? 1 : -1;
+}
+
+void WApplication::triggerUpdate() {
+    if (WebSession::current() == mSession) mSession->flush();
+}
+
+void WApplication::redirect(const std::string& url) {
+    mSession->redirect(url);
+}
+
+void WApplication::quit() {
+    mQuited = true;
+    mSession->quit();
+}
+
+void WApplication::quit(const WString& restartMessage) {
+    if (!restartMessage.empty())
+        mSession->renderer().operation("[\"over\"," + jsonText(restartMessage.toUTF8()) + "]");
+    quit();
+}
+
+void WApplication::processEvents() {
+    mSession->processEvents();
+}
+void WApplication::waitForEvent() {
+    mSession->waitForEvent();
+}
+void WApplication::attachThread(bool) {}
+
+void WApplication::setBodyClass(const std::string& styleClass) {
+    mBodyClass = styleClass;
+    mSession->page().setClasses(styleClass);
+}
+
+void WApplication::setHtmlClass(const std::string& styleClass) {
+    mSession->renderer().operation("[\"html\"," + jsonText(styleClass) + "]");
+}
+
+void WApplication::setConfirmCloseMessage(const WString& message) {
+    mSession->renderer().operation("[\"confirm\"," + jsonText(message.toUTF8()) + "]");
+}
+
+void WApplication::setFocus(const std::string& id, int, int) {
+    if (id.size() > 1 && id[0] == 'o')
+        mSession->setFocused(static_cast<std::uint32_t>(std::strtoul(id.c_str() + 1, nullptr, 10)));
+}
+
+void WApplication::setInternalPath(const std::string& path, bool emitChange) {
+    if (path == mInternalPath) return;
+    mInternalPath = path;
+    if (emitChange) mInternalPathChanged.emit(path);
+}
+
+const WEnvironment& WApplication::environment() const {
+    return *mEnvironment;
+}
+
+std::string WApplication::sessionId() const {
+    return mEnvironment->sessionId();
+}
+
+std::string WApplication::url(const std::string& internalPath) const {
+    const std::string path = mEnvironment->deploymentPath().empty() ? "/" : mEnvironment->deploymentPath();
+    return internalPath.empty() ? path : path + "?_=" + internalPath;
+}
+
+std::string WApplication::makeAbsoluteUrl(const std::string& url) const {
+    if (url.find("://") != std::string::npos) return url;
+    const std::string origin = mEnvironment->urlScheme() + "://" + mEnvironment->hostName();
+    return origin + (url.empty() || url[0] != '/' ? "/" : "") + url;
+}
+
+std::string WApplication::appRoot() {
+    std::string root;
+    if (WServer* server = WServer::instance()) root = server->appRoot();
+    if (root.empty())
+        if (const char* variable = std::getenv("WT_APP_ROOT")) root = variable;
+    if (!root.empty() && root.back() != '/') root += '/';
+    return root;
+}
+
+std::string WApplication::resourcesUrl() {
+    return "resources/";
+}
+
+void WApplication::log(const std::string& type, const std::string& message) const {
+    std::fprintf(stderr, "[%s] session %s: %s\n", type.c_str(), sessionId().c_str(), message.c_str());
+}
+
+void WApplication::refresh() {
+    if (mStrings) mStrings->refresh();
+    if (mRoot) mRoot->refresh();
+}
+
+void WApplication::notify(const WEvent& event) {
+    event.mWork->handle();
+}
+
+void WApplication::unload() {
+    quit();
+}
+
+WCssTheme::WCssTheme(const std::string& name, WObject* parent) : WTheme(parent), mName(name) {}
+
+std::string WCssTheme::resourcesUrl() const {
+    return WApplication::resourcesUrl() + "themes/" + mName + "/";
+}
+
+std::vector<std::string> WCssTheme::styleSheetUrls() const {
+    if (mName.empty()) return {};
+    return {resourcesUrl() + "wt.css"};
+}
+
+} // namespace Wt

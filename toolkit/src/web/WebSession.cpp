@@ -1,0 +1,243 @@
+#include "web/WebSession.h"
+
+#include "core/ForeignJson.h"
+#include "session/ResourceExchange.h"
+#include "web/JsonText.h"
+#include "web/PageNode.h"
+
+#include <Wt/WApplication.h>
+#include <Wt/WTimer.h>
+
+#include <boost/json/array.hpp>
+
+#include <cstdio>
+
+namespace Wt::Impl {
+
+namespace {
+
+thread_local WebSession* tSession = nullptr;
+
+/// Browser events of one message that are handled; the rest is dropped.
+constexpr std::size_t kMaxEventsPerMessage = 1000;
+/// Values of form fields that one event may carry.
+constexpr std::size_t kMaxValues = 2000;
+
+/// The environment of a session with a browser.
+class SessionEnvironment : public WEnvironment {
+public:
+    explicit SessionEnvironment(const StartRequest& start) : WEnvironment(start) {}
+};
+
+/// "o12" or "12" as an id; 0 if it is none.
+std::uint32_t nodeIdOf(std::string_view text) {
+    if (!text.empty() && text[0] == 'o') text.remove_prefix(1);
+    std::uint32_t id = 0;
+    for (const char c : text) {
+        if (c < '0' || c > '9' || id > 400'000'000) return 0;
+        id = id * 10 + static_cast<std::uint32_t>(c - '0');
+    }
+    return id;
+}
+
+/// Events that are no doing of the user.
+bool isBackground(std::string_view kind) {
+    return kind == "size" || kind == "load" || kind == "range";
+}
+
+} // namespace
+
+std::unique_ptr<SessionHost> makeSessionHost(const StartRequest& start, Mailbox& mailbox, PageSink& sink,
+                                             const std::string& resourceBase) {
+    return std::make_unique<WebSession>(start, mailbox, sink, resourceBase);
+}
+
+WebSession::WebSession(const StartRequest& start, Mailbox& mailbox, PageSink& sink,
+                       const std::string& resourceBase)
+    : mStart(start), mMailbox(mailbox), mSink(sink), mResourceBase(resourceBase),
+      mPage(std::make_unique<PageNode>()), mRenderer(*mPage) {
+    makeCurrent();
+}
+
+WebSession::~WebSession() {
+    makeCurrent();
+    delete mApplication;
+    closeLink();
+    if (tSession == this) {
+        tSession = nullptr;
+        Renderer::setCurrent(nullptr);
+    }
+}
+
+WebSession* WebSession::current() {
+    return tSession;
+}
+
+void WebSession::makeCurrent() {
+    tSession = this;
+    Renderer::setCurrent(&mRenderer);
+}
+
+void WebSession::setApplication(WApplication* application) {
+    mApplication = application;
+}
+
+void WebSession::run() {
+    makeCurrent();
+    try {
+        mEnvironment = std::make_unique<SessionEnvironment>(mStart);
+        WApplication* made = mStart.create ? mStart.create(*mEnvironment) : nullptr;
+        if (!made) mQuitted = true;
+        while (!mQuitted) {
+            flush();
+            SessionEvent event = mMailbox.take();
+            handle(event);
+        }
+    } catch (const SessionEnded&) {
+        // The session is over; whatever was on the stack has been destroyed.
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "session %s ends: %s\n", mStart.sessionId.c_str(), error.what());
+        mQuitted = true;
+    } catch (...) {
+        std::fprintf(stderr, "session %s ends: a handler threw something\n", mStart.sessionId.c_str());
+        mQuitted = true;
+    }
+    std::string last;
+    if (mQuitted) last = mRenderer.flush();
+    if (mApplication) {
+        try {
+            mApplication->finalize();
+        } catch (const std::exception& error) {
+            std::fprintf(stderr, "session %s: while ending: %s\n", mStart.sessionId.c_str(), error.what());
+        } catch (const SessionEnded&) {
+            // A handler of the end waited for events.
+        }
+        delete mApplication;
+        mApplication = nullptr;
+    }
+    if (mQuitted) mSink.finish(std::move(last));
+}
+
+void WebSession::flush() {
+    mTimers.flush(mRenderer);
+    std::string operations = mRenderer.flush();
+    if (!operations.empty()) mSink.send(std::move(operations));
+}
+
+void WebSession::throwIfEnded() const {
+    if (mQuitted) throw SessionEnded();
+}
+
+void WebSession::waitForEvent() {
+    throwIfEnded();
+    if (!mPending.empty()) {
+        const boost::json::object event = std::move(mPending.front());
+        mPending.pop_front();
+        handleBrowserEvent(event);
+    } else {
+        flush();
+        SessionEvent event = mMailbox.take();
+        handle(event);
+    }
+    throwIfEnded();
+}
+
+void WebSession::processEvents() {
+    if (mQuitted) return; // what is to be sent goes with the end
+    flush();
+    handlePending();
+    SessionEvent event;
+    while (!mQuitted && mMailbox.tryTake(event)) handle(event);
+    if (!mQuitted) flush();
+}
+
+void WebSession::handle(SessionEvent& event) {
+    switch (event.kind) {
+    case SessionEvent::Kind::Page:
+        handlePage(event.page);
+        break;
+    case SessionEvent::Kind::Resource:
+        serveResource(event.exchange);
+        break;
+    case SessionEvent::Kind::Call:
+        if (event.call) notify(OtherEvent, event.call);
+        break;
+    case SessionEvent::Kind::End:
+        throw SessionEnded();
+    }
+}
+
+void WebSession::handlePage(const boost::json::value& events) {
+    const boost::json::array* list = events.if_array();
+    if (!list) return;
+    std::size_t taken = 0;
+    for (const boost::json::value& event : *list)
+        if (event.is_object() && ++taken <= kMaxEventsPerMessage) mPending.push_back(event.get_object());
+    handlePending();
+}
+
+void WebSession::handlePending() {
+    while (!mPending.empty() && !mQuitted) {
+        const boost::json::object event = std::move(mPending.front());
+        mPending.pop_front();
+        handleBrowserEvent(event);
+    }
+}
+
+void WebSession::handleBrowserEvent(const boost::json::object& event) {
+    const std::string_view kind = foreignText(event, "k");
+    const EventType type = kind == "timer" ? TimerEvent : isBackground(kind) ? OtherEvent : UserEvent;
+    notify(type, [&] { deliver(event); });
+}
+
+void WebSession::deliver(const boost::json::object& event) {
+    takeValues(event);
+    const std::string_view kind = foreignText(event, "k");
+    if (kind == "timer") {
+        const int run = foreignInt(event, "t");
+        if (WTimer* timer = run > 0 ? mTimers.find(static_cast<std::uint32_t>(run)) : nullptr) timer->fired();
+        return;
+    }
+    const int id = foreignInt(event, "t");
+    RenderNode* node = id > 0 ? mRenderer.find(static_cast<std::uint32_t>(id)) : nullptr;
+    if (!node || !node->nodeAcceptsEvents()) return;
+    // Sizes change behind a modal dialog too, and a field there may just be losing its focus.
+    const bool harmless = isBackground(kind) || kind == "blur" || kind == "change" || kind == "scroll";
+    if (!harmless && mPage->behindModal(*node)) return;
+    node->browserEvent(kind, event);
+}
+
+// Values and focus are what the user had done when the event arose: they go before its handlers.
+void WebSession::takeValues(const boost::json::object& event) {
+    if (const boost::json::value* focus = event.if_contains("f"))
+        if (focus->is_number()) mFocused = static_cast<std::uint32_t>(std::max(0, foreignInt(event, "f")));
+    const boost::json::value* values = event.if_contains("v");
+    if (!values || !values->is_object()) return;
+    std::size_t taken = 0;
+    for (const auto& [name, value] : values->get_object()) {
+        if (++taken > kMaxValues) break;
+        RenderNode* node = mRenderer.find(nodeIdOf(name));
+        if (node && node->nodeAcceptsEvents()) node->browserValue(value);
+    }
+}
+
+void WebSession::notify(EventType type, const std::function<void()>& work) {
+    if (!mApplication) return;
+    WEvent::Work described{work};
+    mApplication->notify(WEvent(type, &described));
+}
+
+void WebSession::quit() {
+    mQuitted = true;
+}
+
+void WebSession::redirect(const std::string& url) {
+    mRenderer.operation("[\"go\"," + jsonText(url) + "]");
+}
+
+void WebSession::setFocused(std::uint32_t node) {
+    mFocused = node;
+    mRenderer.operation("[\"focus\"," + std::to_string(node) + "]");
+}
+
+} // namespace Wt::Impl

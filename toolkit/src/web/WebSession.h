@@ -1,0 +1,112 @@
+#pragma once
+
+#include "session/Mailbox.h"
+#include "session/PageSink.h"
+#include "session/SessionHost.h"
+#include "web/Renderer.h"
+#include "web/TimerBook.h"
+
+#include <Wt/WEvent.h>
+
+#include <boost/json/object.hpp>
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace Wt {
+
+class WApplication;
+class WDialog;
+class WEnvironment;
+class WResource;
+class WWebWidget;
+
+namespace Impl {
+
+class PageNode;
+class ResourceAnswer;
+struct SessionLink;
+
+/// Passes through the handlers of a session that has ended, so that what is on the stack is destroyed. No
+/// std::exception: application code does not catch it by accident.
+struct SessionEnded {};
+
+/// A session: application object, renderer, timers and resources, and the loop that takes its events.
+/// Everything runs on one thread; current() finds it there.
+class WebSession : public SessionHost {
+public:
+    WebSession(const StartRequest& start, Mailbox& mailbox, PageSink& sink, const std::string& resourceBase);
+    ~WebSession() override;
+
+    void run() override;
+    static WebSession* current();
+    /// Makes this the session of the calling thread, for a host that has no loop of its own.
+    void makeCurrent();
+
+    /// Sends what has changed.
+    void flush();
+    /// Flushes, waits for one event and handles it. Throws SessionEnded when the session has ended.
+    void waitForEvent();
+    /// Flushes and handles what is there, without waiting. Throws SessionEnded like waitForEvent().
+    void processEvents();
+    /// Handles the events of one message of the browser: a JSON array. Foreign data.
+    void handlePage(const boost::json::value& events);
+    /// Runs `work` through WApplication::notify().
+    void notify(EventType type, const std::function<void()>& work);
+    void quit();
+    void redirect(const std::string& url);
+
+    Renderer& renderer() { return mRenderer; }
+    TimerBook& timers() { return mTimers; }
+    PageNode& page() { return *mPage; }
+    const StartRequest& start() const { return mStart; }
+    WApplication* application() const { return mApplication; }
+    void setApplication(WApplication* application);
+
+    // Focus, as the browser last told or as it was last set from here.
+    std::uint32_t focused() const { return mFocused; }
+    void setFocused(std::uint32_t node);
+
+    /// The URL of a resource; stays until revokeResource().
+    std::string resourceUrl(WResource& resource);
+    void revokeResource(WResource& resource);
+    void haveMoreData(WResource& resource);
+
+    /// In tests: plays the user of a dialog that runs exec(), instead of waiting for events.
+    std::function<void(WDialog*)> dialogExecuted;
+
+private:
+    friend class ::Wt::WApplication;
+
+    void handle(SessionEvent& event);
+    void handleBrowserEvent(const boost::json::object& event);
+    void deliver(const boost::json::object& event);
+    void takeValues(const boost::json::object& event);
+    void serveResource(const std::shared_ptr<ResourceExchange>& exchange);
+    void handlePending();
+    void throwIfEnded() const;
+    void closeLink();
+
+    StartRequest mStart;
+    Mailbox& mMailbox;
+    PageSink& mSink;
+    std::string mResourceBase;
+    std::unique_ptr<WEnvironment> mEnvironment; // of a session with a browser
+    std::unique_ptr<PageNode> mPage;
+    Renderer mRenderer;
+    TimerBook mTimers;
+    WApplication* mApplication = nullptr;
+    std::deque<boost::json::object> mPending; // events of the browser that came with the one being handled
+    std::unordered_map<std::string, WResource*> mResources; // by key
+    std::vector<std::shared_ptr<ResourceAnswer>> mAnswers;  // under way
+    std::shared_ptr<SessionLink> mLink; // to the mailbox, for I/O threads; made at the first resource request
+    std::uint32_t mFocused = 0;
+    bool mQuitted = false;
+};
+
+} // namespace Impl
+} // namespace Wt

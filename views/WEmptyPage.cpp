@@ -1,0 +1,14 @@
+#include "views/WEmptyPage.h"
+
+#include <Wt/WText>
+
+namespace {
+
+constexpr int kPaddingPx = 12;
+
+} // namespace
+
+WEmptyPage::WEmptyPage(Wt::WContainerWidget* parent) : Wt::WContainerWidget(parent) {
+    setPadding(kPaddingPx);
+    new Wt::WText(tr("page.empty"), Wt::PlainText, this);
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "widgets/WSettingsTab.h"
+#include "widgets/WSettingsTable.h"
+
+/// Names and notes of Switches. Locked while a Switch among them is in conflict, or does not tell.
+class WDevViewSwxAttribsTable : public WSettingsTable {
+public:
+    explicit WDevViewSwxAttribsTable(Wt::WContainerWidget* parent = nullptr);
+
+    void readFromDatabase(const Indexes& indexes, bool force) override;
+};
+
+class WDevViewSwxAttribs : public WSettingsTab {
+public:
+    explicit WDevViewSwxAttribs(Wt::WContainerWidget* parent = nullptr);
+};

@@ -1,0 +1,53 @@
+#include "widgets/TextPlus.h"
+
+#include <Wt/WLineEdit>
+#include <Wt/WTextArea>
+#include <Wt/WTimer>
+
+namespace {
+
+constexpr unsigned kChangeInterval = 500; // milliseconds
+
+} // namespace
+
+template <class Text>
+TextPlus<Text>::TextPlus(Wt::WContainerWidget* parent) : Text(parent), mChangeTimer(new Wt::WTimer(this)) {
+    timerIntervalSet(kChangeInterval);
+    this->focussed().connect(this, &TextPlus::focusGained);
+    this->blurred().connect(this, &TextPlus::focusLost);
+    mChangeTimer->timeout().connect(this, &TextPlus::lookForChange);
+}
+
+template <class Text>
+void TextPlus<Text>::setText(const Wt::WString& text) {
+    if (this->text() != mLastValue || this->hasFocus()) return;
+    mLastValue = text;
+    Text::setText(text);
+}
+
+template <class Text>
+void TextPlus<Text>::timerIntervalSet(unsigned milliseconds) {
+    mChangeTimer->setInterval(static_cast<int>(milliseconds));
+}
+
+template <class Text>
+void TextPlus<Text>::focusGained() {
+    mChangeTimer->start();
+}
+
+template <class Text>
+void TextPlus<Text>::focusLost() {
+    mChangeTimer->stop();
+    lookForChange();
+}
+
+template <class Text>
+void TextPlus<Text>::lookForChange() {
+    if (this->text() == mLastValue) return;
+    const std::string text = this->text().toUTF8();
+    mLastValue = this->text();
+    mValueChangedSignal.emit(text);
+}
+
+template class TextPlus<Wt::WLineEdit>;
+template class TextPlus<Wt::WTextArea>;

@@ -1,0 +1,6 @@
+#include "widgets/WOsdHotkeyFunc.h"
+
+void WOsdHotkeyFunc::showValue(const std::string& value) {
+    removeBlank();
+    selectByDbValue(value);
+}

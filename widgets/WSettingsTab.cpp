@@ -1,0 +1,88 @@
+#include "widgets/WSettingsTab.h"
+
+#include "db/Db.h"
+#include "widgets/WSettingsTable.h"
+
+#include <Wt/WHBoxLayout>
+#include <Wt/WPushButton>
+#include <Wt/WVBoxLayout>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int kSpacing = 10; // pixels
+
+} // namespace
+
+WSettingsTab::WSettingsTab(Wt::WContainerWidget* parent, ChangeTracker::SubsectionId id,
+                           std::initializer_list<InfoMgr_InfoID> watched)
+    : WSettingsTabBase(parent, id), mVBoxLayout(new Wt::WVBoxLayout), mHBoxLayout(new Wt::WHBoxLayout),
+      mCancelButton(new Wt::WPushButton(tr("[RSnnn]Cancel"))),
+      mSaveButton(new Wt::WPushButton(tr("[RSnnn]Save"))) {
+    for (const InfoMgr_InfoID watchedId : watched) mWatched.push_back({watchedId});
+    enableButtons(false, false);
+    mHBoxLayout->addWidget(mCancelButton);
+    mHBoxLayout->addWidget(mSaveButton);
+    mHBoxLayout->addStretch(1);
+    mVBoxLayout->setSpacing(kSpacing);
+}
+
+void WSettingsTab::setTables(std::initializer_list<WSettingsTable*> tables) {
+    auto* sideBySide = new Wt::WHBoxLayout;
+    sideBySide->setSpacing(kSpacing);
+    for (WSettingsTable* table : tables) {
+        sideBySide->addWidget(table, 0, Wt::AlignTop);
+        table->contentChanged().connect(mContentChangedSignal);
+    }
+    sideBySide->addStretch(1);
+    mTables = tables;
+    mVBoxLayout->addLayout(sideBySide);
+    mVBoxLayout->addLayout(mHBoxLayout);
+    mVBoxLayout->addStretch(1);
+    setLayout(mVBoxLayout);
+}
+
+void WSettingsTab::readFromDatabase(bool ignoreChangeStatus, const std::vector<unsigned>& indexes,
+                                    bool force) {
+    if (anyWidgetHasFocus()) return;
+    if (!ignoreChangeStatus && !watchedDataIsNew() && !force) return;
+    readTables(indexes, force);
+}
+
+void WSettingsTab::readTables(const std::vector<unsigned>& indexes, bool force) {
+    for (WSettingsTable* table : mTables) table->readFromDatabase(indexes, force);
+}
+
+bool WSettingsTab::watchedDataIsNew() {
+    return std::any_of(mWatched.begin(), mWatched.end(),
+                       [](Watch& watch) { return Db::db.newDataIsAvailable(watch.id, watch.lastChange); });
+}
+
+unsigned WSettingsTab::writeToDatabase(const std::vector<unsigned>& indexes,
+                                       std::vector<std::string>& errors) {
+    unsigned result = 0;
+    for (WSettingsTable* table : mTables)
+        if (table->writeToDatabase(indexes, errors) != 0) result = 1;
+    return result;
+}
+
+void WSettingsTab::enableButtons(bool save, bool cancel) {
+    mSaveButton->setEnabled(save);
+    mCancelButton->setEnabled(cancel);
+}
+
+bool WSettingsTab::isAllValid() {
+    return std::all_of(mTables.begin(), mTables.end(),
+                       [](WSettingsTable* table) { return table->isAllValid(); });
+}
+
+bool WSettingsTab::isAnyValid() {
+    return std::any_of(mTables.begin(), mTables.end(),
+                       [](WSettingsTable* table) { return table->isAnyValid(); });
+}
+
+bool WSettingsTab::anyWidgetHasFocus() const {
+    return std::any_of(mTables.begin(), mTables.end(),
+                       [](const WSettingsTable* table) { return table->anyWidgetHasFocus(); });
+}

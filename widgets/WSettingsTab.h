@@ -1,0 +1,62 @@
+#pragma once
+
+#include "db/InfoMgr.h"
+#include "widgets/WSettingsTabBase.h"
+
+#include <Wt/WSignal>
+
+#include <initializer_list>
+
+namespace Wt {
+class WHBoxLayout;
+class WPushButton;
+class WVBoxLayout;
+} // namespace Wt
+
+class WSettingsTable;
+
+/// A tab of one or more settings tables side by side, with Cancel and Save below. Both buttons are disabled
+/// at first; the view that owns the tab connects and enables them.
+class WSettingsTab : public WSettingsTabBase {
+public:
+    /// `watched`: kinds of data that the tab shows, in the order in which they are asked for news.
+    WSettingsTab(Wt::WContainerWidget* parent, ChangeTracker::SubsectionId id,
+                 std::initializer_list<InfoMgr_InfoID> watched);
+
+    /// Nothing while a field has the focus. Otherwise reads when the change status is to be ignored, when
+    /// watched data is new, or when forced.
+    virtual void readFromDatabase(bool ignoreChangeStatus, const std::vector<unsigned>& indexes, bool force);
+    /// Every table, also behind a failure; 1 if any failed.
+    unsigned writeToDatabase(const std::vector<unsigned>& indexes, std::vector<std::string>& errors) override;
+    void enableButtons(bool save, bool cancel);
+
+    virtual bool isAllValid();
+    /// Of at least one table.
+    virtual bool isAnyValid();
+    bool anyWidgetHasFocus() const;
+    Wt::WPushButton* saveButton() const { return mSaveButton; }
+    Wt::WPushButton* cancelButton() const { return mCancelButton; }
+
+    /// The user changed a field of a table.
+    Wt::Signal<>& contentChanged() { return mContentChangedSignal; }
+
+protected:
+    /// Takes ownership; read and stored in the order given.
+    void setTables(std::initializer_list<WSettingsTable*> tables);
+    virtual void readTables(const std::vector<unsigned>& indexes, bool force);
+
+private:
+    struct Watch {
+        InfoMgr_InfoID id;
+        unsigned lastChange = 0;
+    };
+    bool watchedDataIsNew();
+
+    std::vector<Watch> mWatched;
+    std::vector<WSettingsTable*> mTables; // owned by the layout's container
+    Wt::WVBoxLayout* mVBoxLayout;
+    Wt::WHBoxLayout* mHBoxLayout;
+    Wt::WPushButton* mCancelButton;
+    Wt::WPushButton* mSaveButton;
+    Wt::Signal<> mContentChangedSignal;
+};

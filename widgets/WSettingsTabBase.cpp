@@ -1,0 +1,36 @@
+#include "widgets/WSettingsTabBase.h"
+
+#include "frame/TabLabel.h"
+#include "shell/MirlApplication.h"
+
+#include <Wt/WMenuItem>
+#include <Wt/WTableView>
+
+namespace {
+
+constexpr const char* kLockedListStyle = "mirl-wtableview-disabled";
+
+} // namespace
+
+WSettingsTabBase::WSettingsTabBase(Wt::WContainerWidget* parent, ChangeTracker::SubsectionId id)
+    : Wt::WContainerWidget(parent), mSubsectionId(id) {}
+
+void WSettingsTabBase::indicateChangedContent(bool changed) {
+    mChangedContent = changed;
+    MirlApplication* application = MirlApplication::current();
+    if (!application) return;
+    application->subsectionChanged(mSubsectionId, changed);
+    MirlUtil_indicateChange(mDetailsMenuItem, changed);
+    if (!mTableView) return;
+    if (changed) {
+        mTableView->disable();
+        mTableView->addStyleClass(kLockedListStyle);
+    } else if (!application->parentSectionChanged(mSubsectionId)) {
+        mTableView->enable();
+        mTableView->removeStyleClass(kLockedListStyle);
+    }
+}
+
+void WSettingsTabBase::changed(Wt::WMenuItem* item, bool changed) {
+    MirlUtil_indicateChange(item, changed);
+}

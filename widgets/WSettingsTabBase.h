@@ -1,0 +1,41 @@
+#pragma once
+
+#include "shell/ChangeTracker.h"
+
+#include <Wt/WContainerWidget>
+
+#include <string>
+#include <vector>
+
+namespace Wt {
+class WMenuItem;
+class WTableView;
+} // namespace Wt
+
+/// Base of every tab of settings: carries the mark of unsaved edits to the tab's label, the main tab and the
+/// list beside the tab, which stays locked while its section has edits.
+class WSettingsTabBase : public Wt::WContainerWidget {
+public:
+    WSettingsTabBase(Wt::WContainerWidget* parent, ChangeTracker::SubsectionId id);
+
+    /// The menu entry that stands for this tab, and the list beside it. Not owned.
+    void registerDetailsMenuItem(Wt::WMenuItem* item) { mDetailsMenuItem = item; }
+    void registerTableView(Wt::WTableView* tableView) { mTableView = tableView; }
+
+    /// Outside a session only the flag is kept.
+    void indicateChangedContent(bool changed);
+    /// Puts the mark "*" behind the item's text, once, or takes it away.
+    void changed(Wt::WMenuItem* item, bool changed);
+
+    bool hasChanged() const { return mChangedContent; }
+
+    /// Stores what the user changed in every record. 0 or 1; `errors` receives what the service refused.
+    virtual unsigned writeToDatabase(const std::vector<unsigned>& indexes,
+                                     std::vector<std::string>& errors) = 0;
+
+private:
+    Wt::WMenuItem* mDetailsMenuItem = nullptr;
+    ChangeTracker::SubsectionId mSubsectionId;
+    Wt::WTableView* mTableView = nullptr;
+    bool mChangedContent = false;
+};
