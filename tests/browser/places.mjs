@@ -8,10 +8,14 @@ import { until } from './system.mjs';
 /** First row of a device of that type. @param {Page} page @param {string} type */
 const rowOfType = (page, type) => deviceRows(page).filter({ has: page.locator('[role="gridcell"]').getByText(type, { exact: true }) }).first();
 
-/** First row whose cells hold `type`, clicked; the details pane has then a tab named `tab`. */
-async function selectKind(page, type, tab) {
+/** First row of that kind, clicked, and its details pane with all its tabs on show. The pane of the kind selected before
+ * may have a tab of the same name and stay for a moment: what is looked at must not be that one. */
+export async function selectKind(page, { type, tabs: names }) {
   await rowOfType(page, type).click();
-  await detailsTab(page, tab).waitFor();
+  await until(`the details pane of a ${type}`, async () => {
+    const shown = await page.locator('.mirl-details-tab:visible').getByRole('tab').locator('visible=true').allInnerTexts();
+    return shown.map((text) => text.trim().replace(/\*$/, '')).join() === names.join();
+  });
 }
 
 /** @param {Page} page @param {string} name */
@@ -67,11 +71,11 @@ export const inside = [
   { name: 'first-page', go: login },
   ...tabs.map((name) => ({ name: `tab-${name.toLowerCase().replace(/ /g, '-')}`, go: async (page) => { await mainTab(page, name).click(); } })),
   { name: 'devices', go: openDevices },
-  ...kinds.flatMap(({ type, short, tabs: names }) => names.map((tab) => ({
-    name: `${short}-${tab.toLowerCase()}`,
+  ...kinds.flatMap((kind) => kind.tabs.map((tab) => ({
+    name: `${kind.short}-${tab.toLowerCase()}`,
     go: async (page) => {
       await openDevices(page);
-      await selectKind(page, type, names[0]);
+      await selectKind(page, kind);
       await detailsTab(page, tab).click();
       await until(`${tab} is on show`, async () => (await detailsTab(page, tab).getAttribute('aria-selected')) === 'true');
       await page.waitForTimeout(400);

@@ -73,7 +73,7 @@ export class System {
 
   /** zeqctl against this system; its output without the last line end. @param {...string} words */
   ctl(...words) {
-    return execFileSync(join(top, 'build-release/platform/zeqctl'), words,
+    return execFileSync(join(top, `build-${process.env.MIRL_KIND ?? 'release'}/platform/zeqctl`), words,
       { env: { ...process.env, ZEQ_SOCKET: this.said.socket }, encoding: 'utf8' }).replace(/\n$/, '');
   }
 
