@@ -137,7 +137,10 @@ unsigned WSettingsTable::writeRecords(const Indexes& indexes, Errors& errors) {
         for (const SettingsField& made : mFields)
             if (made.bound) made.bound->setZeqParam(params);
         const unsigned refused = exchange.send(errors);
-        if (!exchange.response()) return 1;
+        if (!exchange.response()) {
+            clearMarks(); // or what was typed for these records would stay for the next ones
+            return 1;
+        }
         if (mSpec.refusalFails) result |= refused;
     }
     clearMarks();

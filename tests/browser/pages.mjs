@@ -35,8 +35,11 @@ export async function openDevices(page) {
   await deviceRows(page).first().waitFor();
 }
 
+/** The list that is on show; details below it may hold lists of their own. @param {Page} page */
+export const deviceList = (page) => page.locator('[role="grid"]:visible').first();
+
 /** Rows of the list that is on show. @param {Page} page */
-export const deviceRows = (page) => page.locator('[role="grid"]:visible [role="row"]').filter({ has: page.locator('[role="gridcell"]') });
+export const deviceRows = (page) => deviceList(page).locator('[role="row"]').filter({ has: page.locator('[role="gridcell"]') });
 
 /** The row of the device of that name. @param {Page} page @param {string} name */
 export const deviceRow = (page, name) => deviceRows(page).filter({ has: page.locator('[role="gridcell"]').getByText(name, { exact: true }) });
@@ -45,21 +48,32 @@ export const deviceRow = (page, name) => deviceRows(page).filter({ has: page.loc
  * @param {Page} page @param {string} name */
 export async function showRow(page, name) {
   const row = deviceRow(page, name);
-  const body = page.locator('[role="grid"]:visible');
+  const body = deviceList(page);
+  // A row may still be drawn where the list stood before, and go with the next answer: only one in view counts.
+  const inView = async () => {
+    if (!(await row.count())) return false;
+    await row.first().evaluate((e) => e.scrollIntoView({ block: 'center' }), null, { timeout: 1000 });
+    await page.waitForTimeout(80);
+    return (await row.count()) > 0 && row.first().evaluate((e) => {
+      const [own, list] = [e.getBoundingClientRect(), (/** @type {Element} */ (e.closest('[role="grid"]'))).getBoundingClientRect()];
+      return own.top < list.bottom && own.bottom > list.top;
+    }, null, { timeout: 1000 });
+  };
   await until(`a row named ${name}`, async () => {
     const { height, view } = await body.evaluate((e) => ({ height: e.scrollHeight, view: e.clientHeight }));
     for (let top = 0; top < height; top += view) {
-      if (await row.count()) return true;
+      if (await inView()) return true;
       await body.evaluate((e, y) => { e.scrollTop = y; }, top);
       await page.waitForTimeout(80);
     }
-    return (await row.count()) > 0;
+    return inView();
   });
   return row;
 }
 
 /** Field of a details tab by its label. @param {Page} page @param {string} label */
-export const field = (page, label) => page.getByLabel(label, { exact: true }).locator('visible=true');
+export const field = (page, label) =>
+  page.getByLabel(label, { exact: true }).and(page.locator(':not([role="tabpanel"])')).locator('visible=true');
 
 /** @param {Page} page */
 export const saveButton = (page) => page.getByRole('button', { name: 'Save' }).locator('visible=true');

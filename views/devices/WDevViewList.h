@@ -6,6 +6,7 @@
 
 #include <Wt/WAbstractItemView>
 #include <Wt/WModelIndex>
+#include <Wt/WString>
 
 #include <vector>
 
@@ -60,6 +61,7 @@ private:
     std::string textOf(const Wt::WModelIndex& index, Column column, const char* none) const;
 
     bool mComplete = true;
+    Wt::WString mFilter; // the last one that was set
 };
 
 // Filters for WAutoSizeTableView::setSelectedFilteredZeqIndexes; the context is the WDevViewList.

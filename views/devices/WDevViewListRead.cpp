@@ -89,7 +89,8 @@ const WDevViewList::Group WDevViewList::kGroups[] = {
 };
 
 void WDevViewList::readFromDatabase() {
-    const Wt::WString filter = mProxy->filterRegExp();
+    // Set aside, and still there when this rebuild fails and a later one puts it back.
+    if (const Wt::WString filter = mProxy->filterRegExp(); !filter.empty()) mFilter = filter;
     mProxy->setFilterRegExp("");
     mProxy->setDynamicSortFilter(false);
     removeAllRows();
@@ -99,7 +100,7 @@ void WDevViewList::readFromDatabase() {
     mComplete = true;
     for (const Group& group : kGroups) readGroup(group, client);
     mProxy->setDynamicSortFilter(true);
-    mProxy->setFilterRegExp(filter);
+    mProxy->setFilterRegExp(mFilter);
     mTable->setMinimumSize(Wt::WLength(1), Wt::WLength(75));
 }
 
