@@ -82,6 +82,7 @@ export class Table {
   update(message) {
     if (message.look) this.setLook(message.look);
     if (message.cols && this.columns.set(message.cols)) this.dropRows(() => true);
+    if (message.shift) this.shift(message.shift);
     if (message.rows) this.setRows(message.rows);
     for (const [row, marks, cells] of message.put || []) this.putRow(row, marks, cells);
     for (const [row, place, cell] of message.cell || []) {
@@ -135,12 +136,32 @@ export class Table {
     }
   }
 
-  /** @param {number} row @param {number} marks @param {Cell[]} cells */
-  putRow(row, marks, cells) {
-    const element = box('row', row % 2 ? 'Wt-tv-row Wt-odd' : 'Wt-tv-row');
+  /** Rows came or went: those from `at` on have other numbers now. @param {number[]} shift */
+  shift([at, by]) {
+    const below = [...this.rows].filter(([row]) => row >= at);
+    for (const [row] of below) this.rows.delete(row);
+    for (const [row, known] of below) {
+      if (row + by < at) {
+        known.element.remove();
+        continue;
+      }
+      this.rows.set(row + by, known);
+      this.number(known.element, row + by);
+    }
+  }
+
+  /** @param {HTMLElement} element of a row @param {number} row */
+  number(element, row) {
     element.id = `${this.root.id}-r${row}`;
     element.style.top = `${row * this.rowHeight}px`;
     element.setAttribute('aria-rowindex', String(row + 2));
+    element.classList.toggle('Wt-odd', row % 2 === 1);
+  }
+
+  /** @param {number} row @param {number} marks @param {Cell[]} cells */
+  putRow(row, marks, cells) {
+    const element = box('row', 'Wt-tv-row');
+    this.number(element, row);
     const made = cells.map((cell, place) => {
       const drawn = box('gridcell', '', element);
       this.columns.styleCell(drawn, place);

@@ -31,6 +31,15 @@ struct Browser {
             if (!same) rows.clear();
             columns = cols->get_array();
         }
+        if (const auto* shift = object.if_contains("shift")) {
+            const auto at = shift->at(0).as_int64(), by = shift->at(1).as_int64();
+            auto before = std::move(rows);
+            rows.clear();
+            for (auto& [row, drawn] : before) {
+                if (row >= at && row + by < at) continue;
+                rows[row < at ? row : row + by] = std::move(drawn);
+            }
+        }
         if (const auto* range = object.if_contains("rows")) {
             total = range->at(0).to_number<std::int64_t>();
             const auto first = range->at(1).to_number<std::int64_t>(),
@@ -126,6 +135,45 @@ TEST(TableShown, onlyWhatDiffersIsSent) {
     EXPECT_EQ(table.update(), R"("rows":[199,0,32],"n":6)");
     table.source.removeRows(0, 199);
     EXPECT_EQ(table.update(), R"("rows":[0,0,-1],"n":7)");
+}
+
+TEST(TableShown, aRowThatComesOrGoesCostsOneRow) {
+    Table table;
+    table.proxy.sort(2); // by the column that is told below: row 3 is where the new one stands
+    table.fill(100);
+    for (int row = 0; row < 100; ++row)
+        table.source.setData(row, 2, boost::any(std::to_string(1000 + 2 * row)));
+    table.selection.mode = ExtendedSelection;
+    table.selection.assign({{5, 0}});
+    Browser browser;
+    browser.apply(table.update());
+
+    table.source.insertRow(100);
+    table.source.setData(100, 1, boost::any(std::string("new")));
+    table.source.setData(100, 2, boost::any(std::string("1005")));
+    table.selection.rowsInserted(3, 1, 100);
+    std::string message = table.update();
+    EXPECT_EQ(message, R"("shift":[3,1],"rows":[101,0,30],"put":[[3,0,["new","1005"]]],"n":2)");
+    browser.apply(message);
+    table.expectShown(browser);
+
+    table.source.removeRow(100);
+    table.selection.rowsRemoved(3, 1, 101);
+    message = table.update();
+    EXPECT_EQ(message, R"("shift":[3,-1],"rows":[100,0,30],"put":[[30,0,["name 2","1060"]]],"n":3)");
+    browser.apply(message);
+    table.expectShown(browser);
+
+    table.first = 40;
+    table.last = 60;
+    browser.apply(table.update());
+    table.source.removeRows(0, 2); // above what is in the page
+    message = table.update();
+    EXPECT_EQ(
+        message,
+        R"("shift":[40,-2],"rows":[98,40,60],"put":[[59,0,["name 5","1122"]],[60,0,["name 6","1124"]]],"n":5)");
+    browser.apply(message);
+    table.expectShown(browser);
 }
 
 TEST(TableShown, cellsWithMoreThanText) {

@@ -103,6 +103,49 @@ void TableShown::updateColumns(const Wanted& wanted, std::string& out) {
     mTotal = -1;
 }
 
+std::vector<std::uint64_t> TableShown::hashRows(const WAbstractItemModel* model, int first, int count) const {
+    std::vector<std::uint64_t> cells;
+    cells.reserve(mVisible.size() * static_cast<std::size_t>(count));
+    std::string cell;
+    for (int row = first; row < first + count; ++row)
+        for (const int column : mVisible) {
+            cell.clear();
+            appendCell(cell, *model, model->index(row, column));
+            cells.push_back(hashOf(cell));
+        }
+    return cells;
+}
+
+/// Whether what is to stand at `place` of the page is what row `oldRow` was; false where the page has no such
+/// row.
+bool TableShown::sameRow(const std::vector<std::uint64_t>& cells, int place, int oldRow) const {
+    const int old = oldRow - mFirst;
+    if (old < 0 || old >= static_cast<int>(mMarks.size())) return false;
+    const auto width = static_cast<std::ptrdiff_t>(mVisible.size());
+    const auto wanted = cells.begin() + place * width;
+    return std::equal(wanted, wanted + width, mCells.begin() + old * width);
+}
+
+// As many rows more (or less) as there are now, from the first difference on: believed when more of the rows
+// below find themselves that way than without it. So one row that came costs one row, in a list that was
+// cleared and filled again too.
+TableShown::Shift TableShown::findShift(const std::vector<std::uint64_t>& cells, int first, int count,
+                                        int total) const {
+    const int by = total - mTotal;
+    if (mTotal < 0 || by == 0 || mMarks.empty() || mVisible.empty()) return {};
+    const int begin = std::max(first, mFirst);
+    int at = begin;
+    while (at < first + count && sameRow(cells, at - first, at)) ++at;
+    const Shift shift{at, by};
+    int gained = 0;
+    for (int row = at; row < first + count; ++row) {
+        const int before = shift.before(row);
+        gained += before >= 0 && sameRow(cells, row - first, before);
+        gained -= sameRow(cells, row - first, row);
+    }
+    return gained > 0 ? shift : Shift{};
+}
+
 void TableShown::updateRows(const Wanted& wanted, std::string& out) {
     const int total = wanted.model ? wanted.model->rowCount() : 0;
     const int first = std::clamp(wanted.first, 0, total);
@@ -110,6 +153,15 @@ void TableShown::updateRows(const Wanted& wanted, std::string& out) {
     const int oldFirst = mFirst, oldCount = static_cast<int>(mMarks.size());
     const std::size_t width = mVisible.size();
 
+    std::vector<std::uint64_t> cells = hashRows(wanted.model, first, count);
+    const Shift shift = findShift(cells, first, count, total);
+    if (shift.by) {
+        std::string json = "[";
+        number(json, shift.at);
+        json += ',';
+        number(json, shift.by);
+        appendMember(out, "shift", json + "]");
+    }
     if (total != mTotal || first != oldFirst || count != oldCount) {
         std::string json = "[";
         for (int value : {total, first, first + count - 1}) {
@@ -118,49 +170,37 @@ void TableShown::updateRows(const Wanted& wanted, std::string& out) {
         }
         appendMember(out, "rows", json + "]");
     }
-    std::vector<std::uint64_t> cells(width * count);
     std::vector<std::uint8_t> marks(count);
     std::vector<std::uint32_t> drawn(count);
     List put("put"), changed("cell"), marked("mark");
-    std::string row, cell;
     for (int i = 0; i < count; ++i) {
-        const int at = first + i, old = at - oldFirst;
-        const bool known = old >= 0 && old < oldCount && mTotal >= 0;
+        const int at = first + i, before = shift.before(at), old = before - oldFirst;
+        const bool known = before >= 0 && old >= 0 && old < oldCount && mTotal >= 0;
         marks[i] = static_cast<std::uint8_t>((wanted.selection.containsRow(at) ? Selected : 0) |
                                              (wanted.selection.current() == at ? Current : 0));
-        drawn[i] = known ? mDrawn[old] : mSerial + 1;
-        row.clear();
-        for (std::size_t place = 0; place < width; ++place) {
-            cell.clear();
-            appendCell(cell, *wanted.model, wanted.model->index(at, mVisible[place]));
-            const std::uint64_t hash = hashOf(cell);
-            cells[i * width + place] = hash;
-            if (!known) {
-                row += place ? "," : "";
-                row += cell;
-            } else if (mCells[old * width + place] != hash) {
-                std::string& entry = changed.next();
-                entry += '[';
-                number(entry, at);
-                entry += ',';
-                number(entry, static_cast<int>(place));
-                entry += ',';
-                entry += cell;
-                entry += ']';
-                drawn[i] = mSerial + 1;
-            }
+        drawn[i] = known && before == at ? mDrawn[old] : mSerial + 1;
+        if (!known) {
+            appendNewRow(put.next(), wanted, at, marks[i]);
+            continue;
         }
-        if (known && mMarks[old] == marks[i]) continue;
-        std::string& entry = (known ? marked : put).next();
+        for (std::size_t place = 0; place < width; ++place) {
+            if (mCells[old * width + place] == cells[i * width + place]) continue;
+            std::string& entry = changed.next();
+            entry += '[';
+            number(entry, at);
+            entry += ',';
+            number(entry, static_cast<int>(place));
+            entry += ',';
+            appendCell(entry, *wanted.model, wanted.model->index(at, mVisible[place]));
+            entry += ']';
+            drawn[i] = mSerial + 1;
+        }
+        if (mMarks[old] == marks[i]) continue;
+        std::string& entry = marked.next();
         entry += '[';
         number(entry, at);
         entry += ',';
         number(entry, marks[i]);
-        if (!known) {
-            entry += ",[";
-            entry += row;
-            entry += ']';
-        }
         entry += ']';
     }
     put.appendTo(out);
@@ -171,6 +211,19 @@ void TableShown::updateRows(const Wanted& wanted, std::string& out) {
     mDrawn.swap(drawn);
     mFirst = first;
     mTotal = total;
+}
+
+void TableShown::appendNewRow(std::string& entry, const Wanted& wanted, int row, std::uint8_t marks) const {
+    entry += '[';
+    number(entry, row);
+    entry += ',';
+    number(entry, marks);
+    entry += ",[";
+    for (std::size_t place = 0; place < mVisible.size(); ++place) {
+        if (place) entry += ',';
+        appendCell(entry, *wanted.model, wanted.model->index(row, mVisible[place]));
+    }
+    entry += "]]";
 }
 
 std::string TableShown::update(const Wanted& wanted) {

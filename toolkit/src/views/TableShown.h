@@ -22,6 +22,9 @@ class ViewSelection;
 ///   "look"  [row height, header height, resizable, alternating, listens]; heights in pixels, two times 0 or
 ///   1, and
 ///           the mouse events that are wanted besides clicks: 1 down, 2 up, 4 double
+///   "shift" [row, by] before all others of rows: the rows from here on have numbers greater by `by`; a
+///   negative
+///           one takes the rows `row` to `row - by - 1` away
 ///   "rows"  [number of rows in all, first and last row that the page keeps]; others are dropped. last <
 ///   first: none "put"   [[row, marks, [cell, …]], …] rows that are new to the page; a cell is text, or
 ///           {"t":text,"c":style class,"tip":tool tip,"i":icon URL,"h":link URL,"k":0 unchecked, 1 partly, 2
@@ -60,8 +63,22 @@ public:
 private:
     explicit TableShown(std::uint32_t serial) : mSerial(serial) {}
 
+    /// Rows that came (or went) at one place since the last message.
+    struct Shift {
+        int at = 0, by = 0;
+        /// The number that a row had, -1 for one that has come.
+        int before(int row) const {
+            if (row < at) return row;
+            return row < at + by ? -1 : row - by;
+        }
+    };
+
     void updateColumns(const Wanted& wanted, std::string& out);
     void updateRows(const Wanted& wanted, std::string& out);
+    std::vector<std::uint64_t> hashRows(const WAbstractItemModel* model, int first, int count) const;
+    Shift findShift(const std::vector<std::uint64_t>& cells, int first, int count, int total) const;
+    void appendNewRow(std::string& entry, const Wanted& wanted, int row, std::uint8_t marks) const;
+    bool sameRow(const std::vector<std::uint64_t>& cells, int place, int oldRow) const;
 
     std::vector<int> mVisible;         ///< columns, from left to right
     std::vector<std::uint64_t> mCells; ///< row by row, mVisible.size() hashes each
