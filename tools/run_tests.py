@@ -108,7 +108,7 @@ def group_browser():
 
 # Suites in which threads meet: connections, sessions, their mailboxes and channels.
 THREADED = ('AccessLog*:AddressCounter*:Channel*:Http*:Mailbox*:Multipart*:Page.*:Request*:ResourceTest*:'
-            'ServerConfig*:SessionRegistry*:StaticFiles*:TlsTest*')
+            'ServerConfig*:SessionRegistry*:StaticFiles*:TlsTest*:UpdateLock*')
 
 UNIT = ['toolkit_tests', 'platform_tests', 'app_tests', 'fuzz_tests']
 DB = ['platform_dbtests', 'app_dbtests']

@@ -36,6 +36,27 @@ struct Tabs : Page {
 
 } // namespace
 
+TEST(TabWidget, preloadedContentsAreInThePageFromTheStartAndOthersWhenShown) {
+    Page page;
+    auto* tabs = new WTabWidget(page.application.root());
+    tabs->addTab(new WText("first"), "1");
+    auto* lazy = new WContainerWidget;
+    new WText("lazy", lazy);
+    tabs->addTab(lazy, "2", WTabWidget::LazyLoading);
+    auto* eager = new WContainerWidget;
+    auto* text = new WText("eager", eager);
+    tabs->addTab(eager, "3", WTabWidget::PreLoading);
+    std::string sent = page.session.takeOperations();
+    EXPECT_EQ(sent.find("\"lazy\""), sent.npos);
+    EXPECT_NE(sent.find("\"eager\""), sent.npos);
+    text->setText("later"); // nobody sees it yet
+    EXPECT_EQ(page.session.takeOperations(), "");
+    tabs->setCurrentIndex(2);
+    sent = page.session.takeOperations();
+    EXPECT_NE(sent.find("\"later\""), sent.npos);
+    EXPECT_EQ(sent.find("[\"c\""), sent.npos) << "nothing is made when it is shown";
+}
+
 TEST(StackedWidget, oneChildShows) {
     Page page;
     auto* stack = new WStackedWidget(page.application.root());

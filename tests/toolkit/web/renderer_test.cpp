@@ -150,4 +150,20 @@ TEST(Renderer, the_page_follows_whatever_happens_to_the_tree) {
     }
 }
 
+TEST(Renderer, thousands_of_names_of_attributes_keep_apart) {
+    TestSession s;
+    std::vector<Wt::WContainerWidget*> boxes;
+    for (int i = 0; i < 100; ++i) {
+        boxes.push_back(new Wt::WContainerWidget(s.root()));
+        for (int k = 0; k < 60; ++k)
+            boxes.back()->setAttributeValue("data-" + std::to_string(i * 60 + k), std::to_string(k));
+    }
+    s.flush();
+    for (int i : {0, 68, 99})
+        for (int k : {0, 59})
+            EXPECT_EQ(s.sink.page.value(static_cast<int>(boxes[i]->nodeId()),
+                                        "a.data-" + std::to_string(i * 60 + k)),
+                      "\"" + std::to_string(k) + "\"");
+}
+
 } // namespace

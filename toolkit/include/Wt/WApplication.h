@@ -7,6 +7,7 @@
 #include <Wt/WString.h>
 
 #include <cstdint>
+#include <memory>
 
 namespace Wt {
 
@@ -38,17 +39,24 @@ private:
 /// One per session. Everything happens on the session's own thread; instance() finds the application there.
 class WApplication : public WObject {
 public:
-    /// Proof that the session may be changed now. Granted to the session's own thread while the session
-    /// lives.
+    /// Proof that the session may be changed now. The session's own thread has it at once. Another thread
+    /// waits until the session handles no event (it may stand in WDialog::exec()); then instance() is the
+    /// application there too, until the last copy of the lock has gone. Not granted when the session has
+    /// ended: ask before use. What was changed goes to the browser when the lock goes, or earlier by
+    /// triggerUpdate().
     class UpdateLock {
     public:
         explicit UpdateLock(WApplication* application);
         UpdateLock(const UpdateLock& other) = default;
-        void release() { mGranted = false; }
+        UpdateLock& operator=(const UpdateLock& other) = default;
+        ~UpdateLock();
+        void release(); ///< this copy's share; it is not granted any more
         operator bool() const { return mGranted; }
 
     private:
-        bool mGranted;
+        class Turn; // of another thread
+        std::shared_ptr<Turn> mTurn;
+        bool mGranted = false;
     };
 
     explicit WApplication(const WEnvironment& environment);
@@ -65,9 +73,10 @@ public:
     void useStyleSheet(const std::string& url);
     void useStyleSheet(const WLink& link, const std::string& media = "all");
     void removeStyleSheet(const WLink& link);
+    /// Sends what has changed now; with an UpdateLock from another thread too.
+    void triggerUpdate();
     /// Server push. Timers and nested event loops need none: the session's channel is always open.
     void enableUpdates(bool enabled = true);
-    void triggerUpdate();
     /// Sends the browser to another address at the next flush.
     void redirect(const std::string& url);
     /// Ends the session after the current event.
@@ -77,6 +86,8 @@ public:
     void processEvents();
     /// Handles events until one arrived. Ends by an exception of the toolkit when the session ends.
     void waitForEvent();
+    /// Makes (or stops making) this the application of the calling thread, without waiting for it: for a
+    /// thread that works while a handler of the session waits for it. Others take an UpdateLock.
     void attachThread(bool attach = true);
     void setBodyClass(const std::string& styleClass);
     void setHtmlClass(const std::string& styleClass);

@@ -18,7 +18,7 @@ class WMenuItem : public WContainerWidget {
 public:
     enum LoadPolicy {
         LazyLoading, ///< contents go into the page when first shown
-        PreLoading   ///< contents are in the page, hidden, from the start
+        PreLoading   ///< contents are in the page, hidden, from the start, so that they appear without a wait
     };
 
     explicit WMenuItem(const WString& text, WWidget* contents = nullptr, LoadPolicy policy = LazyLoading);

@@ -79,6 +79,7 @@ public:
 
     // Impl::RenderNode
     bool nodeHidden() const override { return mHidden; }
+    bool nodePreloaded() const override { return mPreloaded; }
     bool nodeAcceptsEvents() const override;
     void browserEvent(std::string_view kind, const boost::json::object& event) override;
 
@@ -100,6 +101,7 @@ private:
     friend class WLayout;
     friend class WCompositeWidget;
     friend class WContainerWidget;
+    friend class WMenu;
 
     struct Look; // sizes, margins, offsets, tool tip, attributes, decoration: made on first use
     Look& look();
@@ -120,6 +122,7 @@ private:
     bool mInline : 1 = true;
     bool mPopup : 1 = false;
     bool mSizeAware : 1 = false;
+    bool mPreloaded : 1 = false;
 };
 
 } // namespace Wt

@@ -116,6 +116,7 @@ private:
     friend class WCompositeWidget;
     friend class WContainerWidget;
     friend class WLayout;
+    friend class WMenu;
     friend class WTable;
     friend class WBoxLayout;
     friend class WGridLayout;

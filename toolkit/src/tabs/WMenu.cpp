@@ -50,7 +50,10 @@ WMenuItem* WMenu::insertItem(int index, WMenuItem* item) {
     item->mMenu = this;
     mItems.insert(mItems.begin() + index, item);
     mList->insertWidget(index, item);
-    if (mStack && item->mContents) mStack->addWidget(item->mContents);
+    if (mStack && item->mContents) {
+        item->mContents->webWidget()->mPreloaded = item->mPolicy == WMenuItem::PreLoading;
+        mStack->addWidget(item->mContents);
+    }
     if (mCurrent >= index) ++mCurrent;
     if (mCurrent < 0 && mStack) setCurrent(index);
     return item;

@@ -7,18 +7,17 @@
 
 namespace Wt::Impl {
 
-static_assert(kMaxNames < (1U << 12), "a key has 12 bits for the name");
-
-std::uint16_t ElementSpec::key(Group group, std::string_view name) {
-    const std::uint16_t number = name.empty() ? 0 : nameNumber(name);
-    return static_cast<std::uint16_t>((static_cast<unsigned>(group) << 12) | number);
+std::uint32_t ElementSpec::key(Group group, std::string_view name) {
+    static_assert(kMaxNames < (1U << kNameBits));
+    const std::uint32_t number = name.empty() ? 0 : nameNumber(name);
+    return (static_cast<std::uint32_t>(group) << kNameBits) | number;
 }
 
-std::string_view ElementSpec::name(std::uint16_t key) {
-    return numberName(key & 0xFFF);
+std::string_view ElementSpec::name(std::uint32_t key) {
+    return numberName(key & ((1U << kNameBits) - 1));
 }
 
-void ElementSpec::add(std::uint16_t key, std::size_t begin) {
+void ElementSpec::add(std::uint32_t key, std::size_t begin) {
     const Entry entry{key, static_cast<std::uint32_t>(begin),
                       static_cast<std::uint32_t>(mText.size() - begin)};
     for (Entry& known : mEntries)
@@ -106,7 +105,7 @@ void ElementSpec::behaviour(std::string_view name, std::string_view configJson) 
 }
 
 bool ElementSpec::hasAttribute(std::string_view name) const {
-    const std::uint16_t wanted = key(Group::Attribute, name);
+    const std::uint32_t wanted = key(Group::Attribute, name);
     return std::any_of(mEntries.begin(), mEntries.end(), [&](const Entry& e) { return e.key == wanted; });
 }
 

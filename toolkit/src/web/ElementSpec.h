@@ -44,7 +44,7 @@ public:
 
     // For the renderer.
     struct Entry {
-        std::uint16_t key; // group and name number
+        std::uint32_t key; // group and name number, 24 bits
         std::uint32_t begin, length;
     };
     void clear();
@@ -54,12 +54,14 @@ public:
     std::string_view json(const Entry& entry) const {
         return std::string_view(mText).substr(entry.begin, entry.length);
     }
-    static Group group(std::uint16_t key) { return static_cast<Group>(key >> 12); }
-    static std::uint16_t key(Group group, std::string_view name = "");
-    static std::string_view name(std::uint16_t key);
+    static Group group(std::uint32_t key) { return static_cast<Group>(key >> kNameBits); }
+    static std::uint32_t key(Group group, std::string_view name = "");
+    static std::string_view name(std::uint32_t key);
 
 private:
-    void add(std::uint16_t key, std::size_t begin);
+    static constexpr unsigned kNameBits = 20;
+
+    void add(std::uint32_t key, std::size_t begin);
 
     std::vector<Entry> mEntries;
     std::string mText;

@@ -13,7 +13,7 @@ namespace {
 struct Names {
     std::shared_mutex mutex;
     std::deque<std::string> texts; // addresses stay
-    std::unordered_map<std::string_view, std::uint16_t> numbers;
+    std::unordered_map<std::string_view, std::uint32_t> numbers;
 };
 
 Names& names() {
@@ -22,7 +22,7 @@ Names& names() {
 }
 } // namespace
 
-std::uint16_t nameNumber(std::string_view name) {
+std::uint32_t nameNumber(std::string_view name) {
     Names& table = names();
     {
         const std::shared_lock lock(table.mutex);
@@ -33,13 +33,13 @@ std::uint16_t nameNumber(std::string_view name) {
     const auto found = table.numbers.find(name);
     if (found != table.numbers.end()) return found->second;
     if (table.texts.size() >= kMaxNames) throw std::length_error("too many names of attributes and styles");
-    const auto number = static_cast<std::uint16_t>(table.texts.size());
+    const auto number = static_cast<std::uint32_t>(table.texts.size());
     table.texts.emplace_back(name);
     table.numbers.emplace(table.texts.back(), number);
     return number;
 }
 
-std::string_view numberName(std::uint16_t number) {
+std::string_view numberName(std::uint32_t number) {
     Names& table = names();
     const std::shared_lock lock(table.mutex);
     return table.texts.at(number);

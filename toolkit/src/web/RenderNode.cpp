@@ -5,12 +5,17 @@
 namespace Wt::Impl {
 
 namespace {
-thread_local std::uint32_t tNextId = 1;
+thread_local std::uint32_t tOwnIds = 1; // of nodes without a session
+thread_local std::uint32_t* tIds = nullptr;
+} // namespace
+
+void RenderNode::countIn(std::uint32_t* nextId) {
+    tIds = nextId;
 }
 
 RenderNode::RenderNode()
-    : mId(tNextId++), mChanged(false), mChildrenChanged(false), mMessagePending(false), mBelowChanged(false) {
-}
+    : mId((*(tIds ? tIds : &tOwnIds))++), mChanged(false), mChildrenChanged(false), mMessagePending(false),
+      mBelowChanged(false) {}
 
 RenderNode::~RenderNode() {
     if (mShown)

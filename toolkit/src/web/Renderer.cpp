@@ -18,15 +18,18 @@ constexpr bool named(Group group) {
     return group == Group::Attribute || group == Group::Style || group == Group::Property;
 }
 
-/// FNV-1a, folded to 48 bits.
-std::uint64_t hash48(std::string_view text) {
+/// What is remembered of a property: its key in the upper 24 bits, and FNV-1a of its text folded to 40 bits.
+constexpr unsigned kHashBits = 40;
+
+std::uint64_t shownAs(std::uint32_t key, std::string_view text) {
     std::uint64_t hash = 0xcbf29ce484222325ULL;
     for (const char c : text) hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001b3ULL;
-    return (hash ^ (hash >> 48)) & 0xFFFFFFFFFFFFULL;
+    const std::uint64_t folded = (hash ^ (hash >> kHashBits)) & ((std::uint64_t{1} << kHashBits) - 1);
+    return (std::uint64_t{key} << kHashBits) | folded;
 }
 
-constexpr std::uint16_t keyOf(std::uint64_t shown) {
-    return static_cast<std::uint16_t>(shown >> 48);
+constexpr std::uint32_t keyOf(std::uint64_t shown) {
+    return static_cast<std::uint32_t>(shown >> kHashBits);
 }
 
 /// Writes `"a":{"name":value,...},"x":value` in the order of the keys.
@@ -34,7 +37,7 @@ class GroupWriter {
 public:
     explicit GroupWriter(std::string& out) : mOut(out) {}
 
-    void write(std::uint16_t key, std::string_view json) {
+    void write(std::uint32_t key, std::string_view json) {
         const Group group = ElementSpec::group(key);
         if (mOpen && group == mGroup) {
             mOut += ',';
@@ -111,10 +114,9 @@ RenderNode* Renderer::find(std::uint32_t id) const {
 
 void Renderer::shownByBrowser(RenderNode& node, std::string_view property, std::string_view json) {
     if (!node.mShown) return;
-    const std::uint16_t key = ElementSpec::key(Group::Property, property);
+    const std::uint32_t key = ElementSpec::key(Group::Property, property);
     for (std::uint16_t i = 0; i < node.mShown->propertyCount; ++i)
-        if (keyOf(node.mShown->properties[i]) == key)
-            node.mShown->properties[i] = (std::uint64_t{key} << 48) | hash48(json);
+        if (keyOf(node.mShown->properties[i]) == key) node.mShown->properties[i] = shownAs(key, json);
 }
 
 void Renderer::describe(RenderNode& node) {
@@ -133,7 +135,7 @@ void Renderer::remember(RenderNode& node) {
     }
     bool listens = false;
     for (std::size_t i = 0; i < entries.size(); ++i) {
-        shown.properties[i] = (std::uint64_t{entries[i].key} << 48) | hash48(mSpec.json(entries[i]));
+        shown.properties[i] = shownAs(entries[i].key, mSpec.json(entries[i]));
         if (ElementSpec::group(entries[i].key) == Group::Events) listens = true;
     }
     if (listens)
@@ -161,7 +163,7 @@ void Renderer::create(std::string& out, RenderNode& node) {
     groups.close();
     remember(node);
     mAfter.emplace_back(&node, true);
-    if (!node.nodeHidden()) {
+    if (!node.nodeHidden() || node.nodePreloaded()) {
         std::vector<RenderNode*> children;
         node.childNodes(children);
         node.mChildrenChanged = node.mBelowChanged = false;
@@ -202,7 +204,7 @@ void Renderer::update(RenderNode& node) {
     bool newTag = false;
     for (const auto& entry : entries) {
         for (; old != oldEnd && keyOf(*old) < entry.key; ++old) groups.write(keyOf(*old), "null");
-        const std::uint64_t now = (std::uint64_t{entry.key} << 48) | hash48(mSpec.json(entry));
+        const std::uint64_t now = shownAs(entry.key, mSpec.json(entry));
         const bool same = old != oldEnd && *old == now;
         if (old != oldEnd && keyOf(*old) == entry.key) ++old;
         if (same) continue;

@@ -16,7 +16,7 @@ namespace Wt::Impl {
 
 /// What the browser shows of a node: one hash a property, and the ids of its children.
 struct Shown {
-    std::unique_ptr<std::uint64_t[]> properties; // key in the upper 16 bits, hash of the JSON text below
+    std::unique_ptr<std::uint64_t[]> properties; // key in the upper 24 bits, hash of the JSON text below
     std::unique_ptr<std::uint32_t[]> children;
     std::uint32_t childCount = 0;
     std::uint16_t propertyCount = 0;

@@ -19,8 +19,50 @@ namespace Wt {
 using Impl::jsonText;
 using Impl::WebSession;
 
-WApplication::UpdateLock::UpdateLock(WApplication* application)
-    : mGranted(application && WebSession::current() && WebSession::current()->application() == application) {}
+/// The turn of a thread that is not the session's own.
+class WApplication::UpdateLock::Turn {
+public:
+    explicit Turn(std::shared_ptr<Impl::SessionLock> lock) : mLock(std::move(lock)) {
+        mLock->take();
+        mGranted = mLock->session() != nullptr;
+        if (mGranted) WebSession::setCurrent(mLock->session());
+    }
+    ~Turn() {
+        if (mGranted) {
+            mLock->session()->wake();
+            WebSession::setCurrent(mBefore);
+        }
+        mLock->leave();
+    }
+    Turn(const Turn&) = delete;
+    Turn& operator=(const Turn&) = delete;
+
+    bool granted() const { return mGranted; }
+
+private:
+    const std::shared_ptr<Impl::SessionLock> mLock;
+    WebSession* const mBefore = WebSession::current();
+    bool mGranted = false;
+};
+
+WApplication::UpdateLock::UpdateLock(WApplication* application) {
+    if (!application) return;
+    const WebSession* here = WebSession::current();
+    mGranted = here && here->application() == application;
+    if (mGranted) return;
+    const auto lock = Impl::SessionLock::of(application);
+    if (!lock) return;
+    mTurn = std::make_shared<Turn>(lock);
+    mGranted = mTurn->granted();
+    if (!mGranted) mTurn.reset();
+}
+
+WApplication::UpdateLock::~UpdateLock() = default;
+
+void WApplication::UpdateLock::release() {
+    mGranted = false;
+    mTurn.reset();
+}
 
 WApplication::WApplication(const WEnvironment& environment)
     : mSession(WebSession::current()), mEnvironment(&environment) {
@@ -129,7 +171,12 @@ void WApplication::processEvents() {
 void WApplication::waitForEvent() {
     mSession->waitForEvent();
 }
-void WApplication::attachThread(bool) {}
+void WApplication::attachThread(bool attach) {
+    if (attach)
+        WebSession::setCurrent(mSession);
+    else if (WebSession::current() == mSession)
+        WebSession::setCurrent(nullptr);
+}
 
 void WApplication::setBodyClass(const std::string& styleClass) {
     mBodyClass = styleClass;

@@ -55,31 +55,48 @@ std::unique_ptr<SessionHost> makeSessionHost(const StartRequest& start, Mailbox&
 WebSession::WebSession(const StartRequest& start, Mailbox& mailbox, PageSink& sink,
                        const std::string& resourceBase)
     : mStart(start), mMailbox(mailbox), mSink(sink), mResourceBase(resourceBase),
-      mPage(std::make_unique<PageNode>()), mRenderer(*mPage) {
+      mLock(std::make_shared<SessionLock>()), mPage(makePage()), mRenderer(*mPage) {
+    mLock->take();
     makeCurrent();
+}
+
+/// The page's own node counts in the session too.
+std::unique_ptr<PageNode> WebSession::makePage() {
+    RenderNode::countIn(&mNextNode);
+    return std::make_unique<PageNode>();
 }
 
 WebSession::~WebSession() {
     makeCurrent();
     delete mApplication;
     closeLink();
-    if (tSession == this) {
-        tSession = nullptr;
-        Renderer::setCurrent(nullptr);
-    }
+    setCurrent(nullptr);
+    mLock->leave();
 }
 
 WebSession* WebSession::current() {
     return tSession;
 }
 
-void WebSession::makeCurrent() {
-    tSession = this;
-    Renderer::setCurrent(&mRenderer);
+void WebSession::setCurrent(WebSession* session) {
+    tSession = session;
+    Renderer::setCurrent(session ? &session->mRenderer : nullptr);
+    RenderNode::countIn(session ? &session->mNextNode : nullptr);
 }
 
 void WebSession::setApplication(WApplication* application) {
     mApplication = application;
+    SessionLock::enter(mLock, this, application);
+}
+
+/// Other threads may have the session while it waits.
+SessionEvent WebSession::takeEvent() {
+    struct Away {
+        SessionLock& lock;
+        explicit Away(SessionLock& one) : lock(one) { lock.leave(); }
+        ~Away() { lock.take(); }
+    } const away(*mLock);
+    return mMailbox.take();
 }
 
 void WebSession::run() {
@@ -90,7 +107,7 @@ void WebSession::run() {
         if (!made) mQuitted = true;
         while (!mQuitted) {
             flush();
-            SessionEvent event = mMailbox.take();
+            SessionEvent event = takeEvent();
             handle(event);
         }
     } catch (const SessionEnded&) {
@@ -136,7 +153,7 @@ void WebSession::waitForEvent() {
         handleBrowserEvent(event);
     } else {
         flush();
-        SessionEvent event = mMailbox.take();
+        SessionEvent event = takeEvent();
         handle(event);
     }
     throwIfEnded();

@@ -4,6 +4,7 @@
 #include "session/PageSink.h"
 #include "session/SessionHost.h"
 #include "web/Renderer.h"
+#include "web/SessionLock.h"
 #include "web/TimerBook.h"
 
 #include <Wt/WEvent.h>
@@ -45,7 +46,10 @@ public:
     void run() override;
     static WebSession* current();
     /// Makes this the session of the calling thread, for a host that has no loop of its own.
-    void makeCurrent();
+    void makeCurrent() { setCurrent(this); }
+    static void setCurrent(WebSession* session); ///< null: none
+    /// The session looks again at what it waits for, and sends what has changed. From any thread.
+    void wake() { mMailbox.post({}); }
 
     /// Sends what has changed.
     void flush();
@@ -88,6 +92,8 @@ private:
     void takeValues(const boost::json::object& event);
     void serveResource(const std::shared_ptr<ResourceExchange>& exchange);
     void handlePending();
+    std::unique_ptr<PageNode> makePage();
+    SessionEvent takeEvent();
     void throwIfEnded() const;
     void closeLink();
 
@@ -96,6 +102,8 @@ private:
     PageSink& mSink;
     std::string mResourceBase;
     std::unique_ptr<WEnvironment> mEnvironment; // of a session with a browser
+    std::uint32_t mNextNode = 1;
+    std::shared_ptr<SessionLock> mLock;
     std::unique_ptr<PageNode> mPage;
     Renderer mRenderer;
     TimerBook mTimers;

@@ -33,6 +33,8 @@ public:
     virtual void childNodes(std::vector<RenderNode*>& children);
     /// A hidden element that has not been shown yet is not sent with its children until it appears.
     virtual bool nodeHidden() const { return false; }
+    /// It is sent with its children although it is hidden; later changes below wait until it appears.
+    virtual bool nodePreloaded() const { return false; }
     /// False: what the browser reports about this element is dropped (disabled, hidden, behind a modal
     /// dialog).
     virtual bool nodeAcceptsEvents() const { return true; }
@@ -43,6 +45,10 @@ public:
     virtual void browserValue(const boost::json::value& value);
     /// Sends messages to the behaviour of the element, after its description and children (Renderer::call).
     virtual void afterRender(Renderer& renderer, bool fresh);
+
+    /// New nodes of this thread get their ids from here, so that they differ in a session whichever thread
+    /// makes them; null: from a counter of the thread's own.
+    static void countIn(std::uint32_t* nextId);
 
     std::uint32_t nodeId() const { return mId; }
     RenderNode* nodeParent() const { return mNodeParent; }
