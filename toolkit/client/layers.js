@@ -1,5 +1,7 @@
 // Dialogs over the page: what is below a modal one is inert, focus goes in and comes back.
 
+/** What Enter means something to. */
+const OWN_ENTER = 'button, a[href], select, textarea, [role="button"], [role="tab"], [role="grid"]';
 const FOCUSABLE = 'button, input, select, textarea, a[href], [tabindex]';
 
 export class Layers {
@@ -82,6 +84,7 @@ export class Dialog {
         this.layers.add(element, config.modal);
         if (config.movable) element.addEventListener('pointerdown', event => this.startMove(event));
         if (config.modal) element.addEventListener('keydown', event => this.keepFocus(event));
+        element.addEventListener('keydown', event => this.pressDefault(event));
     }
 
     destroy() {
@@ -102,6 +105,15 @@ export class Dialog {
         if (document.activeElement === this.element && !event.shiftKey) return;
         event.preventDefault();
         /** @type {HTMLElement} */ (event.shiftKey ? stops.at(-1) : stops[0]).focus();
+    }
+
+    /** Enter in a field. After the browser has told the field's change. @param {KeyboardEvent} event */
+    pressDefault(event) {
+        if (event.key !== 'Enter' || event.isComposing || event.repeat || event.defaultPrevented) return;
+        if (/** @type {Element} */ (event.target).closest(OWN_ENTER)) return;
+        const buttons = /** @type {HTMLElement[]} */ ([...this.element.querySelectorAll('.Wt-default')]);
+        const button = buttons.find(one => !one.matches(':disabled') && one.getClientRects().length);
+        if (button) setTimeout(() => button.click());
     }
 
     /** @param {PointerEvent} event */

@@ -50,6 +50,11 @@ void WPushButton::setLinkTarget(AnchorTarget target) {
     nodeChanged();
 }
 
+void WPushButton::setDefault(bool enabled) {
+    mDefault = enabled;
+    nodeChanged();
+}
+
 void WPushButton::setCheckable(bool checkable) {
     mCheckable = checkable;
     nodeChanged();
@@ -69,7 +74,7 @@ void WPushButton::refresh() {
 
 void WPushButton::describe(Impl::ElementSpec& spec) {
     WFormWidget::describe(spec);
-    spec.styleClass("Wt-btn");
+    spec.styleClass(mDefault ? "Wt-btn Wt-default" : "Wt-btn");
     if (mLink.isNull()) {
         spec.attribute("type", "button");
     } else {
