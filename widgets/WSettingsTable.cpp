@@ -124,8 +124,11 @@ void WSettingsTable::readNested(const Indexes& indexes, bool force) {
 
 unsigned WSettingsTable::writeToDatabase(const Indexes& indexes, Errors& errors) {
     if (!mTableChanged || (mSpec.indexed && indexes.empty())) return 0;
-    return mSpec.save == SettingsTableSpec::Save::OneExchangePerField ? writeFields(indexes, errors)
-                                                                      : writeRecords(indexes, errors);
+    const bool byField = mSpec.save == SettingsTableSpec::Save::OneExchangePerField;
+    const unsigned result = byField ? writeFields(indexes, errors) : writeRecords(indexes, errors);
+    // Also when the service was away: a field that keeps its mark keeps its text, over the next records too.
+    clearMarks();
+    return result;
 }
 
 unsigned WSettingsTable::writeRecords(const Indexes& indexes, Errors& errors) {
@@ -137,13 +140,9 @@ unsigned WSettingsTable::writeRecords(const Indexes& indexes, Errors& errors) {
         for (const SettingsField& made : mFields)
             if (made.bound) made.bound->setZeqParam(params);
         const unsigned refused = exchange.send(errors);
-        if (!exchange.response()) {
-            clearMarks(); // or what was typed for these records would stay for the next ones
-            return 1;
-        }
+        if (!exchange.response()) return 1;
         if (mSpec.refusalFails) result |= refused;
     }
-    clearMarks();
     return result;
 }
 
@@ -153,7 +152,6 @@ unsigned WSettingsTable::writeFields(const Indexes& indexes, Errors& errors) {
         if (made.bound && made.bound->hasChangedContent() &&
             made.bound->writeToDatabase(indexes, errors) != 0)
             result = 1;
-    clearMarks();
     return result;
 }
 

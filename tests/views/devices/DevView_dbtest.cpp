@@ -140,6 +140,7 @@ TEST_F(DevicesPage, FilterAndSortSurviveARebuild) {
 
 TEST_F(DevicesPage, AServiceThatGoesAwayEmptiesTheListAndItsReturnFillsIt) {
     select({"Desk 4"});
+    view->list()->filterRegExTextChangedHandler("office");
     zeqd.stop();
     tick();
     EXPECT_EQ(view->list()->rowCount(), 0);
@@ -147,6 +148,25 @@ TEST_F(DevicesPage, AServiceThatGoesAwayEmptiesTheListAndItsReturnFillsIt) {
     zeqd.start();
     tick();
     EXPECT_EQ(view->list()->rowCount(), 52);
+    EXPECT_EQ(view->list()->proxy()->rowCount(), 4) << "the filter is still in its field";
+}
+
+TEST_F(DevicesPage, ASaveWithoutAnAnswerLeavesNothingForTheNextDevice) {
+    for (const char* tabTitle : {"Attributes", "Settings"}) {
+        const bool attributes = std::string(tabTitle) == "Attributes";
+        const char* key = attributes ? "notes" : "sessionInactivityTimeout";
+        select({"Desk 4"});
+        showTab(tabTitle);
+        type(key, "17");
+        zeqd.stop();
+        answerWith("Close");
+        save();
+        EXPECT_FALSE(view->details()->hasChanged());
+        zeqd.start();
+        tick();
+        select({"Desk 5"});
+        EXPECT_EQ(text(key), stored("rx", 8, key)) << tabTitle;
+    }
 }
 
 TEST_F(DevicesPage, StatusTextsOfTheDemo) {
