@@ -7,6 +7,7 @@
 #include "platform/service/record/JsonText.h"
 #include "platform/service/rules/Alerts.h"
 #include "platform/service/rules/Devices.h"
+#include "platform/service/sim/Fetch.h"
 #include "platform/service/store/SqliteDisk.h"
 #include "platform/service/store/Transaction.h"
 
@@ -131,6 +132,7 @@ int serve(const Options& options) {
     malloc_trim(0);
     log("serving on " + options.socket);
     server.run();
+    abandonFetches(); // the threads' work in hand is waited for
     unlink(options.socket.c_str());
     close(stop);
     if (engine.restartWanted()) log("the Switch reboots; start me again");

@@ -1,6 +1,7 @@
 // Fetching of files, from this machine or from a server.
 #pragma once
 
+#include <chrono>
 #include <optional>
 #include <string>
 
@@ -14,7 +15,19 @@ struct FetchSource {
     std::string password;
 };
 
-/// The whole file, or nothing. Takes as long as the server does, up to its deadlines; not for the event loop.
-std::optional<std::string> fetchFile(const FetchSource& source, std::size_t limit);
+struct FetchRules {
+    std::size_t limit; ///< bytes; a larger file is refused
+    std::chrono::seconds connect{15};
+    std::chrono::seconds total{300};
+    std::chrono::seconds stall{30}; ///< without a byte a second
+    std::string authorities = {};   ///< PEM file that HTTPS servers are held against; empty = the system's
+};
+
+/// The whole file, or nothing with the reason in `why`, which holds neither login nor password. Takes as long
+/// as the server does, up to its deadlines; not for the event loop.
+std::optional<std::string> fetchFile(const FetchSource& source, const FetchRules& rules, std::string& why);
+
+/// The process is about to end: fetches that run, and all later ones, give up within a second or two.
+void abandonFetches();
 
 } // namespace zeqd

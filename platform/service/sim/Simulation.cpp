@@ -7,6 +7,8 @@
 #include "platform/service/sim/SwitchLife.h"
 #include "platform/service/sim/Upgrade.h"
 
+#include <algorithm>
+
 namespace zeqd {
 
 namespace {
@@ -49,22 +51,36 @@ void Simulation::run(const Task& task, Transaction& tx) {
         if (row.step == step) row.run(context);
 }
 
-void Simulation::fetch(const Task& task, const View& view) {
-    const std::optional<FetchSource> source = upgradeSource(view, task);
+/// A file that several devices are to have is fetched once.
+void Simulation::fetch(const Task& task, Transaction& tx) {
+    const std::optional<FetchSource> source = upgradeSource(tx, task);
+    if (!source) {
+        StepContext context{tx, now(), task};
+        return upgradeFetched(context, {});
+    }
+    std::vector<Task>& waiting = mFetching[task.argument];
+    // A step is run again when what it did could not be kept.
+    const bool again = std::any_of(waiting.begin(), waiting.end(), [&](const Task& other) {
+        return other.resource == task.resource && other.index == task.index;
+    });
+    if (!again) waiting.push_back(task);
+    if (again || waiting.size() > 1) return;
     auto fetched = std::make_shared<FetchedFirmware>();
     mEngine.mParts.executor.run(
-        Lane::Fetch,
-        [source, fetched] {
-            if (source) *fetched = fetchFirmware(*source);
-        },
-        [this, task, fetched] {
-            mEngine.submit({[this, task, fetched](Transaction& tx) {
-                                StepContext context{tx, now(), task};
-                                upgradeFetched(context, *fetched);
-                                return true;
-                            },
-                            {}});
-        });
+        Lane::Fetch, [source, fetched] { *fetched = fetchFirmware(*source); },
+        [this, upgrade = task.argument, fetched] { hasFetched(upgrade, fetched); });
+}
+
+void Simulation::hasFetched(std::uint32_t upgrade, const std::shared_ptr<FetchedFirmware>& fetched) {
+    const std::vector<Task> waiting = std::move(mFetching[upgrade]);
+    mFetching.erase(upgrade);
+    for (const Task& task : waiting)
+        mEngine.submit({[this, task, fetched](Transaction& tx) {
+                            StepContext context{tx, now(), task};
+                            upgradeFetched(context, *fetched);
+                            return true;
+                        },
+                        {}});
 }
 
 void Simulation::resume(Transaction& tx) {

@@ -3,9 +3,13 @@
 
 #include "platform/service/store/Transaction.h"
 
+#include <map>
+#include <memory>
+
 namespace zeqd {
 
 class Engine;
+struct FetchedFirmware;
 
 class Simulation {
 public:
@@ -17,10 +21,12 @@ public:
     void resume(Transaction& tx);
 
 private:
-    void fetch(const Task& task, const View& view);
+    void fetch(const Task& task, Transaction& tx);
+    void hasFetched(std::uint32_t upgrade, const std::shared_ptr<FetchedFirmware>& fetched);
     std::int64_t now() const;
 
     Engine& mEngine;
+    std::map<std::uint32_t, std::vector<Task>> mFetching; ///< upgrade record: who waits for its file
 };
 
 } // namespace zeqd

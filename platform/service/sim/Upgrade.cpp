@@ -30,12 +30,14 @@ bool upgrading(const RecordPtr& device) {
     return device && device->is("upgradeStatus", "upgrading");
 }
 
-void failUpgrade(Transaction& tx, std::int64_t now, Record& device, std::string_view status) {
+void failUpgrade(Transaction& tx, std::int64_t now, Record& device, std::string_view status,
+                 const std::string& detail = {}) {
     device.choose("upgradeStatus", status).choose("simFailure", "none");
     for (const FailureRow& row : kFailures)
         if (row.status == status)
             raiseAlert(tx, now, alerts::kFirmwareUpdateFailed, device.text("eid"),
-                       "Firmware update of " + deviceLabel(device) + " failed: " + std::string(row.why));
+                       "Firmware update of " + deviceLabel(device) + " failed: " + std::string(row.why) +
+                           (detail.empty() ? "" : " (" + detail + ")"));
 }
 
 void complete(Transaction& tx, std::int64_t now, Record& device) {
@@ -63,11 +65,12 @@ std::optional<FetchSource> upgradeSource(const View& view, const Task& task) {
 }
 
 FetchedFirmware fetchFirmware(const FetchSource& source) {
-    const std::optional<std::string> file = fetchFile(source, kMaxFirmware);
-    if (!file) return {};
+    FetchedFirmware fetched;
+    const std::optional<std::string> file = fetchFile(source, {.limit = kMaxFirmware}, fetched.why);
+    if (!file) return fetched;
     const std::optional<Firmware> firmware = readFirmware(*file);
-    if (!firmware) return {"failed_file_content", {}, {}};
-    return {"upgrading", firmware->type, firmware->version};
+    if (!firmware) return {"failed_file_content", {}, {}, {}};
+    return {"upgrading", firmware->type, firmware->version, {}};
 }
 
 void upgradeFetched(StepContext& step, const FetchedFirmware& fetched) {
@@ -81,7 +84,7 @@ void upgradeFetched(StepContext& step, const FetchedFirmware& fetched) {
     if (!upgrading(device)) return;
     Record next = *device;
     if (fetched.status != "upgrading") {
-        failUpgrade(step.tx, step.now, next, fetched.status);
+        failUpgrade(step.tx, step.now, next, fetched.status, fetched.why);
     } else if (fetched.type != resource(device->id()).name) {
         failUpgrade(step.tx, step.now, next, "failed_dev_type");
     } else {

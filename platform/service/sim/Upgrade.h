@@ -14,6 +14,7 @@ struct FetchedFirmware {
     std::string_view status = "failed_file_get";
     std::string type;
     std::string version;
+    std::string why; ///< of a failure, in words; may be empty
 };
 
 /// The update is told to begin; `device` is the record as it is about to be kept.

@@ -60,9 +60,16 @@ std::string http(const std::string& status, const std::string& body, const std::
 
 constexpr std::size_t kLimit = 1000;
 
+std::optional<std::string> fetch(const FetchSource& source, std::size_t limit = kLimit) {
+    std::string why;
+    std::optional<std::string> bytes = fetchFile(source, {.limit = limit}, why);
+    EXPECT_TRUE(bytes || !why.empty());
+    return bytes;
+}
+
 TEST(Fetch, GetsAFileByPlainHttp) {
     OneAnswer server(http("200 OK", "firmware"));
-    EXPECT_EQ(fetchFile({"http", server.place(), "dir/f.fw", "me", "secret"}, kLimit), "firmware");
+    EXPECT_EQ(fetch({"http", server.place(), "dir/f.fw", "me", "secret"}), "firmware");
     EXPECT_EQ(server.asked().find("GET /dir/f.fw HTTP/1.1\r\n"), 0U) << server.asked();
     EXPECT_NE(server.asked().find("Authorization: Basic bWU6c2VjcmV0"), std::string::npos);
 }
@@ -81,23 +88,22 @@ TEST(Fetch, GetsNothingFromServersThatFail) {
     };
     for (const auto& row : rows) {
         OneAnswer server(row.answer);
-        EXPECT_FALSE(fetchFile({"http", server.place(), "/f", "", ""}, kLimit)) << row.what;
+        EXPECT_FALSE(fetch({"http", server.place(), "/f", "", ""})) << row.what;
     }
-    EXPECT_FALSE(fetchFile({"http", "127.0.0.1:1", "/f", "", ""}, kLimit)) << "nobody listens";
+    EXPECT_FALSE(fetch({"http", "127.0.0.1:1", "/f", "", ""})) << "nobody listens";
     // A server cannot send the service elsewhere, such as to a file of this machine.
     OneAnswer server(http("302 Found", "", "Location: file:///etc/hostname\r\n"));
-    const auto redirected = fetchFile({"http", server.place(), "/f", "", ""}, kLimit);
-    EXPECT_TRUE(!redirected || redirected->empty());
+    EXPECT_FALSE(fetch({"http", server.place(), "/f", "", ""}));
 }
 
 TEST(Fetch, ReadsLocalFiles) {
     const TempFolder folder;
     const std::string path = folder.path() / "f";
     std::ofstream(path) << "firmware";
-    EXPECT_EQ(fetchFile({"file", "", path, "", ""}, kLimit), "firmware");
-    EXPECT_FALSE(fetchFile({"file", "", path, "", ""}, 7));
-    EXPECT_FALSE(fetchFile({"file", "", folder.path(), "", ""}, kLimit));
-    EXPECT_FALSE(fetchFile({"file", "", path + "2", "", ""}, kLimit));
+    EXPECT_EQ(fetch({"file", "", path, "", ""}), "firmware");
+    EXPECT_FALSE(fetch({"file", "", path, "", ""}, 7));
+    EXPECT_FALSE(fetch({"file", "", folder.path(), "", ""}));
+    EXPECT_FALSE(fetch({"file", "", path + "2", "", ""}));
 }
 
 } // namespace

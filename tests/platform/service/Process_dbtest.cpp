@@ -1,4 +1,5 @@
 // The process itself: power cuts, misbehaving clients, starts and stops.
+#include "tests/platform/service/support/FileServer.h"
 #include "tests/platform/service/support/RawClient.h"
 #include "tests/platform/support/ZeqdProcess.h"
 
@@ -110,6 +111,24 @@ TEST(Process, StopsCleanlyAndComesBack) {
     service.start();
     RawClient client(service.socketPath());
     EXPECT_EQ(nameOf(client, 1), "kept");
+}
+
+TEST(Process, StopsWhileAFirmwareServerIsSilent) {
+    ZeqdProcess service;
+    const FileServer server("http", "stall", 1000);
+    RawClient client(service.socketPath());
+    ASSERT_NE(
+        client
+            .ask(
+                R"({"id":1,"method":"create","resource":"upgrade","params":{"protocol":"http","location":")" +
+                server.place() + R"(","filename":")" + FileServer::kFile + R"(","username":")" +
+                FileServer::kUser + R"(","password":")" + FileServer::kPassword + R"("}})")
+            .find("\"index\":3"),
+        std::string::npos);
+    ASSERT_NE(client.ask(R"({"id":1,"method":"set","resource":"rx","params":{"index":4,"upgradeIndex":3}})")
+                  .find("rows"),
+              std::string::npos);
+    EXPECT_EQ(service.stop(), 0) << "killed, since it waited for the file";
 }
 
 TEST(Process, ARebootOfTheSwitchAsksForANewStart) {

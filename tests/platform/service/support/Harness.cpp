@@ -26,6 +26,7 @@ std::string FakeDisk::write(const std::vector<DiskChange>& changes) {
 }
 
 void StepExecutor::run(Lane lane, std::function<void()> work, std::function<void()> done) {
+    ++runs[static_cast<std::size_t>(lane)];
     mJobs.push_back({lane, std::move(work), std::move(done)});
 }
 

@@ -4,6 +4,7 @@
 #include "platform/service/engine/Engine.h"
 #include "platform/service/request/Json.h"
 
+#include <array>
 #include <deque>
 #include <map>
 
@@ -37,6 +38,8 @@ public:
     /// Works off what is queued of the lane, one piece. False when there is nothing.
     bool step(Lane lane);
     bool stepAny();
+
+    std::array<int, kLaneCount> runs{}; ///< pieces of work that came, by lane
 
 private:
     struct Job {
