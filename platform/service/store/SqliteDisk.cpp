@@ -6,6 +6,7 @@
 #include "platform/service/store/Store.h"
 
 #include <filesystem>
+#include <iterator>
 #include <sqlite3.h>
 #include <sys/stat.h>
 
@@ -14,7 +15,16 @@ namespace zeqd {
 namespace {
 
 constexpr int kApplication = 0x5A455144; ///< marks the file as ours
-constexpr int kVersion = 1;
+constexpr int kVersion = 2;
+/// Step i leads from version i to the next.
+constexpr const char* kSteps[] = {
+    "CREATE TABLE record(resource TEXT NOT NULL, id INTEGER NOT NULL, body TEXT NOT NULL, "
+    "PRIMARY KEY(resource, id)) WITHOUT ROWID",
+    // The highest index that a removed record had: a number is never given to another record, since lists of
+    // targets and pages that are open may still name it.
+    "CREATE TABLE retired(resource TEXT PRIMARY KEY NOT NULL, id INTEGER NOT NULL) WITHOUT ROWID",
+};
+static_assert(std::size(kSteps) == kVersion);
 constexpr int kBusyMs = 2000; ///< a reader such as the sqlite3 shell may be looking
 
 bool damage(int code) {
@@ -58,6 +68,7 @@ SqliteDisk::SqliteDisk(const std::string& path) {
 SqliteDisk::~SqliteDisk() {
     sqlite3_finalize(mPut);
     sqlite3_finalize(mRemove);
+    sqlite3_finalize(mRetire);
     sqlite3_close(mDatabase);
 }
 
@@ -79,24 +90,25 @@ void SqliteDisk::open(const std::string& path) {
     mPut = prepare("INSERT INTO record(resource, id, body) VALUES(?1, ?2, ?3) "
                    "ON CONFLICT(resource, id) DO UPDATE SET body = excluded.body");
     mRemove = prepare("DELETE FROM record WHERE resource = ?1 AND id = ?2");
+    mRetire = prepare("INSERT INTO retired(resource, id) VALUES(?1, ?2) "
+                      "ON CONFLICT(resource) DO UPDATE SET id = max(id, excluded.id)");
 }
 
 void SqliteDisk::migrate() {
     const int application = std::stoi(ask(mDatabase, "PRAGMA application_id"));
     const int version = std::stoi(ask(mDatabase, "PRAGMA user_version"));
-    if (version == 0 && ask(mDatabase, "SELECT count(*) FROM sqlite_master") == "0") {
-        run("BEGIN IMMEDIATE");
-        run("CREATE TABLE record(resource TEXT NOT NULL, id INTEGER NOT NULL, body TEXT NOT NULL, "
-            "PRIMARY KEY(resource, id)) WITHOUT ROWID");
-        run(("PRAGMA application_id=" + std::to_string(kApplication)).c_str());
-        run(("PRAGMA user_version=" + std::to_string(kVersion)).c_str());
-        run("COMMIT");
-        return;
-    }
-    if (application != kApplication) throw std::runtime_error("the file is another program's database");
+    const bool fresh = version == 0 && ask(mDatabase, "SELECT count(*) FROM sqlite_master") == "0";
+    if (!fresh && application != kApplication)
+        throw std::runtime_error("the file is another program's database");
     if (version > kVersion)
         throw std::runtime_error("the database is of version " + std::to_string(version) +
                                  ", newer than this program's " + std::to_string(kVersion));
+    if (version == kVersion) return;
+    run("BEGIN IMMEDIATE");
+    for (std::size_t i = static_cast<std::size_t>(version); i < std::size(kSteps); ++i) run(kSteps[i]);
+    run(("PRAGMA application_id=" + std::to_string(kApplication)).c_str());
+    run(("PRAGMA user_version=" + std::to_string(kVersion)).c_str());
+    run("COMMIT");
 }
 
 void SqliteDisk::run(const char* sql) {
@@ -135,11 +147,25 @@ std::size_t SqliteDisk::load(Store& store) {
         fail(mDatabase, "reading the records");
     }
     sqlite3_finalize(statement);
+    loadRetired(store);
     return count;
 }
 
+void SqliteDisk::loadRetired(Store& store) {
+    sqlite3_stmt* statement = prepare("SELECT resource, id FROM retired");
+    int step;
+    while ((step = sqlite3_step(statement)) == SQLITE_ROW)
+        if (const ResourceRow* row = findResource(columnText(statement, 0)))
+            store.retire(row->id, static_cast<std::uint32_t>(sqlite3_column_int64(statement, 1)));
+    sqlite3_finalize(statement);
+    if (step != SQLITE_DONE) fail(mDatabase, "reading the indexes that are used up");
+}
+
 bool SqliteDisk::put(const DiskChange& change) {
-    sqlite3_stmt* statement = change.body ? mPut : mRemove;
+    return change.body ? execute(mPut, change) : execute(mRemove, change) && execute(mRetire, change);
+}
+
+bool SqliteDisk::execute(sqlite3_stmt* statement, const DiskChange& change) {
     const std::string_view name = resource(change.resource).name;
     sqlite3_bind_text(statement, 1, name.data(), static_cast<int>(name.size()), SQLITE_STATIC);
     sqlite3_bind_int64(statement, 2, change.index);

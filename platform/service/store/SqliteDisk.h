@@ -37,10 +37,13 @@ private:
     void run(const char* sql);
     sqlite3_stmt* prepare(const char* sql);
     bool put(const DiskChange& change);
+    bool execute(sqlite3_stmt* statement, const DiskChange& change);
+    void loadRetired(Store& store);
 
     sqlite3* mDatabase = nullptr;
     sqlite3_stmt* mPut = nullptr;
     sqlite3_stmt* mRemove = nullptr;
+    sqlite3_stmt* mRetire = nullptr;
 };
 
 /// Renames a damaged database and its side files, and answers the new name. Throws when that fails.

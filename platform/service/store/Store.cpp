@@ -23,6 +23,11 @@ void Store::load(RecordPtr record) {
     put(std::move(record));
 }
 
+void Store::retire(Res id, std::uint32_t index) {
+    Table& table = mTables[static_cast<std::size_t>(id)];
+    table.next = std::max(table.next, index + 1);
+}
+
 void Store::apply(const Transaction& transaction) {
     for (const auto& [key, record] : transaction.changes()) {
         if (record)

@@ -18,6 +18,8 @@ public:
 
     /// Takes over a record that was read from the disk.
     void load(RecordPtr record);
+    /// A record of that index has been there; no other is to have it.
+    void retire(Res id, std::uint32_t index);
     void apply(const Transaction& transaction);
 
     RecordPtr find(Res id, std::uint32_t index) const override;

@@ -17,7 +17,7 @@ public:
     /// In the order of the indexes, until the function answers false.
     virtual void each(Res id, const std::function<bool(const RecordPtr&)>& visit) const = 0;
 
-    /// An index that no record of the resource has had since the service started.
+    /// An index that no record of the resource has ever had.
     virtual std::uint32_t nextIndex(Res id) const = 0;
 
     virtual std::size_t count(Res id) const = 0;

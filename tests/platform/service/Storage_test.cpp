@@ -38,7 +38,7 @@ TEST_F(DatabaseFile, ComesBackAsItWas) {
     Store store;
     EXPECT_EQ(disk.load(store), 1U);
     EXPECT_EQ(store.find(Res::Rx, 1)->text("name"), "One");
-    EXPECT_EQ(store.nextIndex(Res::Rx), 2U);
+    EXPECT_EQ(store.nextIndex(Res::Rx), 3U) << "a removed record's index is not given away again";
     EXPECT_EQ(std::filesystem::status(path).permissions() & std::filesystem::perms::group_all,
               std::filesystem::perms::none);
     EXPECT_EQ(std::filesystem::status(path).permissions() & std::filesystem::perms::others_all,
@@ -55,8 +55,21 @@ TEST_F(DatabaseFile, OfAnOlderProgramKeepsWhatIsStillKnown) {
     EXPECT_EQ(store.find(Res::Rx, 1)->choice("usbMode"), "all_devices");
 }
 
+TEST_F(DatabaseFile, OfTheFirstVersionIsBroughtUp) {
+    runSql(path, "DROP TABLE retired; PRAGMA user_version = 1");
+    for (const std::uint32_t next : {2U, 3U}) {
+        SqliteDisk disk(path);
+        Store store;
+        EXPECT_EQ(disk.load(store), 1U);
+        EXPECT_EQ(store.find(Res::Rx, 1)->text("name"), "One");
+        EXPECT_EQ(store.nextIndex(Res::Rx), next);
+        EXPECT_EQ(disk.write({{Res::Rx, 2, "{}"}, {Res::Tx, 7, std::nullopt}}), "");
+        EXPECT_EQ(disk.write({{Res::Rx, 2, std::nullopt}}), "");
+    }
+}
+
 TEST_F(DatabaseFile, OfOthersIsLeftAlone) {
-    runSql(path, "PRAGMA user_version = 2");
+    runSql(path, "PRAGMA user_version = 99");
     EXPECT_THROW(
         try { SqliteDisk disk(path); } catch (const DatabaseDamaged&) { FAIL() << "not damaged, newer"; },
         std::runtime_error);
