@@ -26,6 +26,7 @@ namespace {
 
 constexpr int kManyConnections = 32;
 constexpr auto kRound = 1s;
+constexpr auto kSettle = 1s; ///< after which the start's own clients are gone
 constexpr auto kIdleWatch = 5s;
 
 struct Client {
@@ -155,6 +156,7 @@ double processFigure(pid_t pid, const std::string& key) {
 
 void atRest(const ZeqdProcess& zeqd) {
     print("demo_rss", processFigure(zeqd.pid(), "VmRSS") / 1024, "MiB", "< 25");
+    std::this_thread::sleep_for(kSettle);
     const double before = processFigure(zeqd.pid(), "voluntary_ctxt_switches");
     std::this_thread::sleep_for(kIdleWatch);
     const double after = processFigure(zeqd.pid(), "voluntary_ctxt_switches");

@@ -42,6 +42,7 @@ int connectTo(const std::string& path, std::chrono::milliseconds deadline, std::
     // A full queue of a busy service makes connect wait; the send deadline bounds that too.
     const timeval limit = toTimeval(deadline);
     ::setsockopt(fd, SOL_SOCKET, SO_SNDTIMEO, &limit, sizeof limit);
+    ::setsockopt(fd, SOL_SOCKET, SO_RCVTIMEO, &limit, sizeof limit);
     while (::connect(fd, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0) {
         if (errno == EINTR) continue;
         why = errno == EAGAIN ? "the service accepts no connection in time" : std::strerror(errno);
@@ -97,6 +98,7 @@ JsonPtr Connection::exchange(json_t* request) {
     if (mSocket < 0) return nullptr;
     if (!encodeRequest(request, ++mLastId, mRequest, mFailure)) return nullptr;
     const auto until = Clock::now() + mDeadline;
+    mWaited = false;
     if (!sendFrame(until) || !receiveFrame(until)) return nullptr;
     if (mRequest.capacity() > kKeptRequestBytes) std::string().swap(mRequest);
     std::string why;
@@ -140,11 +142,12 @@ bool Connection::sendFrame(Clock::time_point until) {
 }
 
 bool Connection::receiveFrame(Clock::time_point until) {
+    // The beginning of an answer is never there yet: waiting for it and reading it are one call, which the
+    // socket's own deadline bounds. Its continuation often is there.
+    int flags = mWaited ? MSG_DONTWAIT : 0;
     while (mDecoder.state() == FrameDecoder::State::Incomplete) {
-        // The beginning of an answer is never there yet, its continuation often is.
-        if (mDecoder.size() == 0 && !waitFor(POLLIN, until)) return false;
         const std::span<char> space = mDecoder.space();
-        const ssize_t count = ::recv(mSocket, space.data(), space.size(), MSG_DONTWAIT);
+        const ssize_t count = ::recv(mSocket, space.data(), space.size(), std::exchange(flags, MSG_DONTWAIT));
         if (count > 0) {
             mDecoder.filled(static_cast<std::size_t>(count));
         } else if (count == 0) {
@@ -164,6 +167,7 @@ bool Connection::receiveFrame(Clock::time_point until) {
 }
 
 bool Connection::waitFor(short events, Clock::time_point until) {
+    mWaited = true;
     while (true) {
         const auto rest = std::chrono::ceil<std::chrono::milliseconds>(until - Clock::now());
         pollfd waiting{mSocket, events, 0};

@@ -57,6 +57,7 @@ private:
     json_int_t mLastId = 0;
     std::string mRequest; // kept for its capacity
     FrameDecoder mDecoder{kAnswerMaxBytes};
+    bool mWaited = false; // in this exchange, for the socket
     std::string mFailure;
 };
 

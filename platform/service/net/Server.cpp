@@ -69,8 +69,7 @@ void Server::watch(int fd, std::uint32_t events, int operation, std::uint64_t ta
 int Server::timeout() const {
     if (!mAhead.empty()) return 0;
     std::optional<std::int64_t> next = mEngine.nextDue();
-    for (const auto& [id, client] : mClients)
-        if (client.deadline && (!next || client.deadline < *next)) next = client.deadline;
+    if (mEarliest && (!next || mEarliest < *next)) next = mEarliest;
     if (!next) return -1;
     constexpr std::int64_t kHour = 3600 * 1000;
     return static_cast<int>(std::clamp<std::int64_t>(*next - mClock.monotonicMs(), 0, kHour));
@@ -152,6 +151,7 @@ void Server::serve(Client& client) {
         if (frame) {
             client.waiting = true;
             client.serving = true;
+            client.deadline = 0;
             mEngine.request(id, *frame, [this, id](const std::string& text) { answered(id, text); });
             if (!mClients.contains(id)) return;
             client.serving = false;
@@ -160,8 +160,7 @@ void Server::serve(Client& client) {
     }
     const bool idle = !client.waiting && client.out.empty();
     if (idle && !client.in.partial()) client.deadline = 0;
-    if (idle && client.in.partial() && client.deadline == 0)
-        client.deadline = mClock.monotonicMs() + milliseconds(kFrameDeadline);
+    if (idle && client.in.partial() && client.deadline == 0) expect(client, kFrameDeadline);
     listenTo(client);
 }
 
@@ -200,9 +199,12 @@ bool Server::send(Client& client) {
             drop(client.id);
             return false;
         }
-        if (sent < 0) return true;
+        if (sent < 0) {
+            if (!client.deadline) expect(client, kWriteDeadline);
+            return true;
+        }
         client.sent += static_cast<std::size_t>(sent);
-        client.deadline = mClock.monotonicMs() + milliseconds(kWriteDeadline);
+        client.deadline = 0;
     }
     client.out.clear();
     if (client.out.capacity() > kReadChunk) client.out.shrink_to_fit();
@@ -219,10 +221,24 @@ void Server::drop(ClientId id) {
     mEngine.clientGone(id);
 }
 
+/// The client is dropped unless it does what it is to do in time.
+void Server::expect(Client& client, std::chrono::seconds span) {
+    client.deadline = mClock.monotonicMs() + milliseconds(span);
+    if (!mEarliest || client.deadline < mEarliest) mEarliest = client.deadline;
+}
+
 void Server::dropLate() {
+    const std::int64_t now = mEarliest ? mClock.monotonicMs() : 0;
+    if (mEarliest > now || !mEarliest) return;
+    mEarliest = 0;
     std::vector<ClientId> late;
-    for (const auto& [id, client] : mClients)
-        if (client.deadline && client.deadline <= mClock.monotonicMs()) late.push_back(id);
+    for (const auto& [id, client] : mClients) {
+        if (!client.deadline) continue;
+        if (client.deadline <= now)
+            late.push_back(id);
+        else if (!mEarliest || client.deadline < mEarliest)
+            mEarliest = client.deadline;
+    }
     for (const ClientId id : late) drop(id);
 }
 

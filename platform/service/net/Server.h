@@ -49,6 +49,7 @@ private:
     void answered(ClientId id, const std::string& text);
     void listenTo(Client& client);
     bool send(Client& client);
+    void expect(Client& client, std::chrono::seconds span);
     void drop(ClientId id);
     void dropLate();
 
@@ -59,7 +60,8 @@ private:
     int mStop;
     int mEpoll;
     std::size_t mMaxClients;
-    ClientId mNextId = 100; ///< smaller tags name the loop's own descriptors
+    std::int64_t mEarliest = 0; ///< no client's deadline is before it; 0 = none has one
+    ClientId mNextId = 100;     ///< smaller tags name the loop's own descriptors
     std::unordered_map<ClientId, Client> mClients;
     std::vector<ClientId> mAhead; ///< have sent more than the request they were served for
 };

@@ -38,27 +38,20 @@ std::string_view shown(const KeyRow& row, const std::string& text, Audience audi
 void appendJsonString(std::string& out, std::string_view text) {
     static constexpr char kHex[] = "0123456789abcdef";
     out += '"';
-    for (const char c : text) {
-        switch (c) {
-        case '"':
-            out += "\\\"";
-            break;
-        case '\\':
-            out += "\\\\";
-            break;
-        case '\n':
+    std::size_t plain = 0; // what need not be escaped goes over in one piece
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char c = text[i];
+        if (static_cast<unsigned char>(c) >= 0x20 && c != '"' && c != '\\') continue;
+        out += text.substr(plain, i - plain);
+        plain = i + 1;
+        if (c == '"' || c == '\\')
+            out += {'\\', c};
+        else if (c == '\n')
             out += "\\n";
-            break;
-        default:
-            if (static_cast<unsigned char>(c) < 0x20) {
-                out += "\\u00";
-                out += kHex[(c >> 4) & 15];
-                out += kHex[c & 15];
-            } else {
-                out += c;
-            }
-        }
+        else
+            out += {'\\', 'u', '0', '0', kHex[c >> 4], kHex[c & 15]};
     }
+    out += text.substr(plain);
     out += '"';
 }
 

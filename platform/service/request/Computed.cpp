@@ -124,7 +124,7 @@ std::uint32_t computedIndexes(const View& view, Res id) {
 }
 
 RecordPtr upToDate(const RecordPtr& record, std::int64_t now) {
-    if (record->id() != Res::Swx) return record;
+    if (record->id() != Res::Swx) return nullptr;
     auto fresh = std::make_shared<Record>(*record);
     fresh->set("currentSysTime", static_cast<std::uint32_t>(now));
     return fresh;

@@ -12,7 +12,8 @@ RecordPtr computedRecord(const View& view, Res id, std::uint32_t index);
 /// Highest index of a computed resource that is worth asking for.
 std::uint32_t computedIndexes(const View& view, Res id);
 
-/// Keys that change by themselves, such as a clock, brought up to date; the record itself when it has none.
+/// A copy with the keys that change by themselves, such as a clock, brought up to date; null when the record
+/// has none.
 RecordPtr upToDate(const RecordPtr& record, std::int64_t now);
 
 } // namespace zeqd

@@ -11,6 +11,12 @@ namespace zeqd {
 
 namespace {
 
+/// A key of the select list.
+struct Selected {
+    std::size_t place;
+    std::string label; ///< "key": as every row has it
+};
+
 /// One wanted value of a key, from the query.
 struct Condition {
     std::size_t place;
@@ -100,12 +106,20 @@ private:
             if (at < 0 || mKeys[static_cast<std::size_t>(at)].access == Access::Internal)
                 addError(mErrors, Errno::UnknownParameter, "select: " + key.substr(0, 40));
             else
-                mSelected.push_back(static_cast<std::size_t>(at));
+                select(static_cast<std::size_t>(at));
         }
         // An alert's number comes with every row.
         if (mKeys.data() == resource(Res::HistoricalAlerts).keys.data() && !mRequest.select.empty() &&
-            std::find(mSelected.begin(), mSelected.end(), 0U) == mSelected.end())
-            mSelected.insert(mSelected.begin(), 0U);
+            std::none_of(mSelected.begin(), mSelected.end(),
+                         [](const Selected& key) { return key.place == 0; }))
+            select(0);
+    }
+
+    void select(std::size_t place) {
+        if (mKeys[place].access == Access::Act) return;
+        std::string label;
+        appendJsonString(label, mKeys[place].key);
+        mSelected.push_back({place, label + ':'});
     }
 
     void visitAll() {
@@ -145,7 +159,8 @@ private:
 
     void visit(const RecordPtr& stored) {
         if (!stored || mOut.size() > kMaxAnswer) return;
-        const RecordPtr record = upToDate(stored, mNow);
+        const RecordPtr fresh = upToDate(stored, mNow);
+        const Record* record = fresh ? fresh.get() : stored.get();
         if (!matches(*record)) return;
         const Fields* fields = &record->fields();
         for (const std::size_t place : mPlaces) fields = &(*fields)[place].fields();
@@ -165,14 +180,12 @@ private:
     }
 
     void appendSelected(const Fields& fields, bool first) {
-        for (const std::size_t place : mSelected) {
-            const KeyRow& row = mKeys[place];
-            if (!fields[place].isSet() || row.access == Access::Act) continue;
+        for (const Selected& key : mSelected) {
+            if (!fields[key.place].isSet()) continue;
             if (!first) mOut += ',';
             first = false;
-            appendJsonString(mOut, row.key);
-            mOut += ':';
-            appendValue(mOut, row, fields[place], Audience::Client);
+            mOut += key.label;
+            appendValue(mOut, mKeys[key.place], fields[key.place], Audience::Client);
         }
     }
 
@@ -182,7 +195,7 @@ private:
     const ResourceRow& mRow;
     std::span<const KeyRow> mKeys; ///< of the nested object that is asked for
     std::vector<std::size_t> mPlaces;
-    std::vector<std::size_t> mSelected;
+    std::vector<Selected> mSelected;
     std::vector<std::uint32_t> mIndexes;
     std::vector<Condition> mConditions;
     bool mByIndex = false;
