@@ -15,7 +15,7 @@ inline constexpr KeyRow kEdidControl[] = {
     number("txIndex", 1, kAnyNumber, "Transmitter to pull from or push to").ref("tx").act(),
     number("edidIndex", 1, kAnyNumber, "record to push").ref("edid").act(),
     text("edidName", 40, Form::Printable, "name of the pulled record").act(),
-    text("edidDescription", 64, Form::PrintableLines, "its description").act(),
+    text("edidDescription", 255, Form::PrintableLines, "its description, cut to what the record holds").act(),
 };
 
 inline constexpr KeyRow kFlashEid =
@@ -47,7 +47,7 @@ inline constexpr KeyRow kSimControl[] = {
     text("key", 64, Form::Printable, "poke: the key, also one that only the service writes").act(),
     text("value", 1024, Form::Any, "poke: the value, as text").act(),
     choice("severity", values::severity, "alert: severity").act(),
-    text("message", 400, Form::Any, "alert: text").act(),
+    text("message", 1000, Form::Any, "alert: text").act(),
 };
 
 inline constexpr KeyRow kHello[] = {

@@ -90,7 +90,7 @@ inline constexpr KeyRow kAlert[] = {
     number("date", 0, kAnyNumber, "seconds since 1970 UTC").read(),
     text("originatorEid", 13, Form::Eid, "EID of the device it comes from").read(),
     choice("severity", values::severity, "severity").read(),
-    text("alertMsg", 400, Form::Any, "what happened").read(),
+    text("alertMsg", 1000, Form::Any, "what happened").read(),
 };
 
 inline constexpr KeyRow kPendingSettings[] = {

@@ -1,5 +1,6 @@
 // The control resources: writing them starts an action.
 #include "platform/service/catalogue/Catalogue.h"
+#include "platform/service/catalogue/SystemRows.h"
 #include "platform/service/demo/EdidBlock.h"
 #include "platform/service/rules/Devices.h"
 #include "platform/service/rules/Rules.h"
@@ -36,7 +37,10 @@ void pullEdid(Context& context) {
     if (context.tx.count(Res::Edid) >= resource(Res::Edid).capacity) return context.fail(Errno::Capacity);
     Record edid(Res::Edid, context.tx.nextIndex(Res::Edid));
     edid.setText("name", name).setText("data", data);
-    if (context.given("edidDescription")) edid.setText("description", given.text("edidDescription"));
+    // The interface puts the device's name into it, which together may be longer than a description is.
+    const KeyRow& description = rows::kEdid[static_cast<std::size_t>(findKey(rows::kEdid, "description"))];
+    if (context.given("edidDescription"))
+        edid.setText("description", given.text("edidDescription").substr(0, description.high));
     context.tx.put(std::move(edid));
 }
 

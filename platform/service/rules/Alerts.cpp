@@ -8,7 +8,7 @@ namespace zeqd {
 
 namespace {
 
-constexpr std::size_t kMaxMessage = 400; ///< bytes, the limit of "alertMsg"
+constexpr std::size_t kMaxMessage = 1000; ///< bytes, the limit of "alertMsg"
 
 RecordPtr oldest(const View& view, Res id) {
     return view.findIf(id, [](const Record&) { return true; });

@@ -70,7 +70,10 @@ void checkMode(Context& context) {
     const bool master = swx.is("mode", "master");
     if (swx.index() == kThisSwitch) {
         swx.choose("cascadeRole", master ? "controller" : "slave");
-        return;
+        if (!master) return;
+        Record globals = context.tx.singleton(Res::SystemGlobals);
+        globals.setText("masterSwitchEid", swx.text("eid"));
+        return context.tx.put(std::move(globals));
     }
     // A second master is in conflict with this one until it steps back.
     if (swx.is("status", "ready") && master) swx.choose("status", "conflict_is_master");

@@ -2,6 +2,7 @@
 #include "platform/service/demo/EdidBlock.h"
 #include "platform/service/rules/Devices.h"
 #include "platform/service/rules/Rules.h"
+#include "platform/service/sim/Attach.h"
 #include "platform/service/sim/Cascade.h"
 
 namespace zeqd {
@@ -41,10 +42,12 @@ void upgradeDeleted(Context& context) {
 
 void globalsChanged(Context& context) {
     Record& globals = *context.after;
+    if (globals.text("masterSwitchEid").empty()) nameMaster(context.tx, globals);
     if (!context.changes("managedSetting")) return;
     if (globals.is("managedSetting", "enrolling") && globals.text("managerIpAddress").empty())
         return context.fail(Errno::MissingParameters, "managerIpAddress");
     beginEnrolment(context.tx, globals);
+    reviewCapacity(context.tx, context.now, !globals.is("managedSetting", "non_managed"));
 }
 
 } // namespace zeqd

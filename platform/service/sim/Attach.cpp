@@ -34,14 +34,17 @@ Port freePort(const View& view) {
     return free;
 }
 
+void exceed(Transaction& tx, std::int64_t now, Record& swx) {
+    swx.choose("usage", "exceeds_unmanaged_capacity");
+    raiseAlert(tx, now, alerts::kSwitchCapacity, swx.text("eid"),
+               "Switch " + deviceLabel(swx) + " exceeds the capacity of an unmanaged system");
+}
+
 void attachSwitch(Transaction& tx, std::int64_t now, Record& swx) {
     swx.setText("partNumber", "SWX-36-10G").setText("firmwareVersion", "4.2.0");
     if (tx.count(Res::Swx) >= kUnmanagedSwitches &&
-        tx.singleton(Res::SystemGlobals).is("managedSetting", "non_managed")) {
-        swx.choose("usage", "exceeds_unmanaged_capacity");
-        raiseAlert(tx, now, alerts::kSwitchCapacity, swx.text("eid"),
-                   "Switch " + swx.text("eid") + " exceeds the capacity of an unmanaged system");
-    }
+        tx.singleton(Res::SystemGlobals).is("managedSetting", "non_managed"))
+        exceed(tx, now, swx);
     tx.later(span::kPlugIn, makeTask(Step::SwitchBack, Res::Swx, swx.index()));
 }
 
@@ -68,6 +71,21 @@ void attachDevice(Transaction& tx, std::int64_t now, Res kind, const std::string
     device.setText("eid", eid).setText("serialNumber", "SN" + eid.substr(7)).choose("status", "offline");
     kind == Res::Swx ? attachSwitch(tx, now, device) : attachEnd(tx, now, device);
     tx.put(std::move(device));
+}
+
+void reviewCapacity(Transaction& tx, std::int64_t now, bool managed) {
+    std::vector<Record> changed;
+    std::size_t before = 0;
+    tx.each(Res::Swx, [&](const RecordPtr& swx) {
+        const bool exceeds = !managed && before++ >= kUnmanagedSwitches;
+        if (exceeds ? swx->is("usage", "usable") : swx->is("usage", "exceeds_unmanaged_capacity"))
+            changed.push_back(*swx);
+        return true;
+    });
+    for (Record& swx : changed) {
+        managed ? void(swx.choose("usage", "usable")) : exceed(tx, now, swx);
+        tx.put(std::move(swx));
+    }
 }
 
 } // namespace zeqd

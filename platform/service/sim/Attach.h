@@ -10,4 +10,8 @@ namespace zeqd {
 /// have, it is there but exceeds the capacity.
 void attachDevice(Transaction& tx, std::int64_t now, Res kind, const std::string& eid);
 
+/// The Switch has come under a manager, or has left it: the first Switches of an unmanaged system are usable,
+/// all others exceed its capacity.
+void reviewCapacity(Transaction& tx, std::int64_t now, bool managed);
+
 } // namespace zeqd

@@ -1,6 +1,7 @@
 #include "platform/service/sim/Cascade.h"
 
 #include "platform/service/rules/Devices.h"
+#include "platform/service/sim/Attach.h"
 
 namespace zeqd {
 
@@ -112,6 +113,14 @@ RecordPtr linkedPeer(const View& view) {
     return eid.empty() ? nullptr : view.findText(Res::Swx, "eid", eid);
 }
 
+void nameMaster(const View& view, Record& globals) {
+    const RecordPtr self = view.find(Res::Swx, kThisSwitch);
+    if (!self || !self->is("mode", "master")) return;
+    const std::string& named = globals.text("masterSwitchEid");
+    if (named.empty() || !view.findText(Res::Swx, "eid", named))
+        globals.setText("masterSwitchEid", self->text("eid"));
+}
+
 void changeCascade(Context& context, std::string_view action, std::uint32_t index) {
     for (const ActionRow& row : kActions) {
         if (row.action != action) continue;
@@ -138,6 +147,7 @@ void enrol(StepContext& step) {
         if (!globals.is("managedSetting", row.from)) continue;
         globals.choose("managedSetting", row.to);
         beginEnrolment(step.tx, globals);
+        reviewCapacity(step.tx, step.now, !globals.is("managedSetting", "non_managed"));
         return step.tx.put(std::move(globals));
     }
 }

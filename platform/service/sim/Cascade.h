@@ -16,6 +16,10 @@ void peerReady(StepContext& step);
 void beginEnrolment(Transaction& tx, Record& globals);
 void enrol(StepContext& step);
 
+/// A master Switch is its own master: puts its EID into "masterSwitchEid" of `globals` when this Switch is
+/// one and no Switch of the system has the EID that stands there.
+void nameMaster(const View& view, Record& globals);
+
 /// The linked peer, or null.
 RecordPtr linkedPeer(const View& view);
 

@@ -71,6 +71,7 @@ void resumeAll(Transaction& tx, std::int64_t now) {
     const Record& stored = tx.singleton(Res::SystemGlobals);
     Record globals = stored;
     beginEnrolment(tx, globals);
+    nameMaster(tx, globals);
     if (!sameFields(globals.fields(), stored.fields())) tx.put(std::move(globals));
 }
 

@@ -210,6 +210,24 @@ TEST_F(Update, FailsInEveryWay) {
     EXPECT_EQ(state(4), "failed_file_get");
 }
 
+TEST_F(Update, AFileForSeveralDevicesIsFetchedOnce) {
+    const int upgrade = source(makeFirmware("rx", "3.2.0", 500));
+    const int other = source(makeFirmware("rx", "3.3.0", 500), "other");
+    // All requests come before the first file is there.
+    for (int rx : {1, 2, 4})
+        service.engine->request(7,
+                                R"({"id":1,"method":"set","resource":"rx","params":{"index":)" +
+                                    std::to_string(rx) + R"(,"upgradeIndex":)" +
+                                    std::to_string(rx == 4 ? other : upgrade) + "}}",
+                                [](const std::string&) {});
+    service.settle();
+    EXPECT_EQ(service.executor.runs[static_cast<std::size_t>(Lane::Fetch)], 2);
+    service.pass(60000);
+    EXPECT_EQ(service.value("rx", 1, "firmwareVersion"), "3.2.0");
+    EXPECT_EQ(service.value("rx", 2, "firmwareVersion"), "3.2.0");
+    EXPECT_EQ(service.value("rx", 4, "firmwareVersion"), "3.3.0");
+}
+
 TEST_F(Update, LostInAPowerCutIsTold) {
     begin("rx", 4, source(makeFirmware("rx", "3.2.0", 500)));
     service.pass(5 * span::kUpgradeTick);
@@ -259,6 +277,14 @@ TEST(Monitors, ArePulledPushedAndProtected) {
     };
     for (const auto& row : rows)
         EXPECT_EQ(service.set("edidControl", row.params).error(), row.error) << row.params;
+    const std::string words = "EDID pulled from transmitter " + std::string(40, 'n');
+    EXPECT_EQ(
+        service
+            .set("edidControl", R"({"edidAction":"pull","txIndex":1,"edidName":"Long","edidDescription":")" +
+                                    words + R"("})")
+            .error(),
+        0);
+    EXPECT_EQ(service.value("edid", 17, "description"), words.substr(0, 64));
     EXPECT_EQ(service.value("edid", 16, "data"), service.value("edid", 15, "data"))
         << "what was pushed comes back";
     EXPECT_EQ(service.value("edid", 15, "description"), "d");
@@ -357,6 +383,49 @@ TEST(Cascade, LinksSwitchesRolesAndPromotes) {
     EXPECT_EQ(act("promote_peer", 1), 0);
     EXPECT_EQ(service.value("systemGlobals", 0, "masterSwitchEid"), "00A701-010002");
     EXPECT_EQ(service.value("swx", 1, "mode") + " " + service.value("swx", 2, "mode"), "slave master");
+}
+
+TEST(Cascade, AMasterIsItsOwnMaster) {
+    const std::string own = "00A701-010001";
+    Harness service;
+    const auto named = [&service] { return service.value("systemGlobals", 0, "masterSwitchEid"); };
+    ASSERT_EQ(service.set("systemGlobals", R"({"masterSwitchEid":""})").error(), 0);
+    EXPECT_EQ(named(), own);
+    // As the page of a slave writes it: the mode first, then the master, which a master has not.
+    ASSERT_EQ(service.set("swx", R"({"index":1,"mode":"slave"})").error(), 0);
+    ASSERT_EQ(service.set("systemGlobals", R"({"masterSwitchEid":"00A701-010002"})").error(), 0);
+    EXPECT_EQ(named(), "00A701-010002");
+    ASSERT_EQ(service.set("systemGlobals", R"({"masterSwitchEid":""})").error(), 0);
+    EXPECT_EQ(named(), "") << "a slave may not know its master yet";
+    ASSERT_EQ(service.set("swx", R"({"index":1,"mode":"master"})").error(), 0);
+    EXPECT_EQ(named(), own);
+    // Settings of another installation name a Switch that this one does not have.
+    ASSERT_EQ(service.set("systemGlobals", R"({"masterSwitchEid":"FFFFFF-FFFFFF"})").error(), 0);
+    service.restart();
+    EXPECT_EQ(named(), own);
+}
+
+TEST(Manager, LiftsTheCapacityOfAnUnmanagedSystem) {
+    Harness service;
+    for (int i = 3; i <= 10; ++i)
+        ASSERT_EQ(service
+                      .set("simControl", R"({"action":"attach","resource":"swx","eid":"00A701-0F10)" +
+                                             std::to_string(10 + i) + R"("})")
+                      .error(),
+                  0);
+    service.pass(60000);
+    const auto usages = [&service] {
+        return service.value("swx", 8, "usage") + " " + service.value("swx", 10, "usage");
+    };
+    EXPECT_EQ(usages(), "usable exceeds_unmanaged_capacity");
+    ASSERT_EQ(service.set("systemGlobals", R"({"managedSetting":"enrolling","managerIpAddress":"10.1.1.1"})")
+                  .error(),
+              0);
+    EXPECT_EQ(usages(), "usable usable");
+    service.pass(60000);
+    ASSERT_EQ(service.set("systemGlobals", R"({"managedSetting":"unenrolling"})").error(), 0);
+    service.pass(60000);
+    EXPECT_EQ(usages(), "usable exceeds_unmanaged_capacity");
 }
 
 TEST(Manager, EnrolsAndUnenrolsInSteps) {
