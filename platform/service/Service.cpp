@@ -48,6 +48,7 @@ int stopSignals() {
     for (const int signal : {SIGTERM, SIGINT, SIGHUP}) sigaddset(&signals, signal);
     sigprocmask(SIG_BLOCK, &signals, nullptr);
     std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN); // a limit of file sizes is as good as a full disk, which writers are told
     const int fd = signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK);
     if (fd < 0) throw std::system_error(errno, std::generic_category(), "signalfd");
     return fd;

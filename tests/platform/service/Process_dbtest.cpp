@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 #include <random>
 #include <sqlite3.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <thread>
 
@@ -149,6 +150,37 @@ TEST(Process, ARebootOfTheSwitchAsksForANewStart) {
         client.ask(R"({"id":1,"method":"get","resource":"swx","query":{"index":1},"select":["status"]})")
             .find("ready"),
         std::string::npos);
+}
+
+TEST(Process, WithoutRoomOnTheDiskItRefusesWritesAndGoesOn) {
+    ZeqdProcess service;
+    RawClient client(service.socketPath());
+    const auto keeps = [&](int turn) {
+        const std::string answer = client.ask(named(1, "n" + std::to_string(turn)));
+        EXPECT_EQ(answer.find("rows") == std::string::npos,
+                  answer == R"({"id":1,"errors":[{"errno":1,"detail":"service.detail.disk"}]})")
+            << answer;
+        return answer.find("rows") != std::string::npos;
+    };
+    ASSERT_TRUE(keeps(1));
+    // No file may grow any more, which the file system reports like a lack of room.
+    const auto size = std::filesystem::file_size(service.dataFolder() / "zeq.db-wal");
+    rlimit unlimited{};
+    ASSERT_EQ(prlimit(service.pid(), RLIMIT_FSIZE, nullptr, &unlimited), 0);
+    const rlimit full{.rlim_cur = size, .rlim_max = unlimited.rlim_max};
+    ASSERT_EQ(prlimit(service.pid(), RLIMIT_FSIZE, &full, nullptr), 0);
+    int last = 1;
+    while (last < 100 && keeps(last + 1)) ++last;
+    ASSERT_LT(last, 100) << "the limit has no effect";
+    EXPECT_FALSE(keeps(101));
+    EXPECT_EQ(nameOf(client, 1), "n" + std::to_string(last)) << "what is there is read as before";
+    ASSERT_EQ(prlimit(service.pid(), RLIMIT_FSIZE, &unlimited, nullptr), 0);
+    EXPECT_TRUE(keeps(102)) << "there is room again";
+    service.kill();
+    EXPECT_EQ(integrity(service.dataFolder() / "zeq.db"), "ok");
+    service.start();
+    RawClient again(service.socketPath());
+    EXPECT_EQ(nameOf(again, 1), "n102");
 }
 
 TEST(Process, ADamagedDatabaseIsSetAsideAndTold) {
