@@ -129,6 +129,7 @@ TEST(Process, StopsWhileAFirmwareServerIsSilent) {
     ASSERT_NE(client.ask(R"({"id":1,"method":"set","resource":"rx","params":{"index":4,"upgradeIndex":3}})")
                   .find("rows"),
               std::string::npos);
+    ASSERT_EQ(server.nextLine(), "stalled");
     EXPECT_EQ(service.stop(), 0) << "killed, since it waited for the file";
 }
 

@@ -36,16 +36,21 @@ FileServer::FileServer(const std::string& protocol, const std::string& fault, st
     mPid = ::fork();
     if (mPid == 0) becomeServer(arguments, ends[1]);
     ::close(ends[1]);
-    std::string line;
-    for (char c; ::read(ends[0], &c, 1) == 1 && c != '\n';) line += c;
-    ::close(ends[0]);
-    mPort = std::atoi(line.c_str());
+    mOutput = ends[0];
+    mPort = std::atoi(nextLine().c_str());
     if (mPort == 0) throw std::runtime_error("fileserver.py does not serve");
 }
 
 FileServer::~FileServer() {
     ::kill(mPid, SIGKILL);
     ::waitpid(mPid, nullptr, 0);
+    ::close(mOutput);
+}
+
+std::string FileServer::nextLine() const {
+    std::string line;
+    for (char c; ::read(mOutput, &c, 1) == 1 && c != '\n';) line += c;
+    return line;
 }
 
 } // namespace zeqd::testing

@@ -21,9 +21,12 @@ public:
     FileServer& operator=(const FileServer&) = delete;
 
     std::string place() const { return "127.0.0.1:" + std::to_string(mPort); }
+    /// Waits for the next line that the server says, and answers it; empty when the server has ended.
+    std::string nextLine() const;
 
 private:
     pid_t mPid = 0;
+    int mOutput = -1;
     int mPort = 0;
 };
 

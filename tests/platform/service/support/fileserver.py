@@ -3,7 +3,7 @@
 
 Prints its port and serves /dir/f.fw, SIZE bytes of "x", until it is killed. PROTOCOL: ftp, http, https, tftp.
 FAULT: none; refuse (whoever logs in, by TFTP: access); missing; cut (half of the file, then the end of the
-connection); stall (half of the file, then silence). The login is "me" with "s3cret".
+connection); stall (half of the file, a line "stalled", then silence). The login is "me" with "s3cret".
 """
 import base64
 import http.server
@@ -28,6 +28,7 @@ def send_file(send):
     """The content, or what the fault leaves of it."""
     send(CONTENT[:SIZE // 2] if FAULT in ("cut", "stall") else CONTENT)
     if FAULT == "stall":
+        print("stalled", flush=True)
         stay_silent()
 
 
