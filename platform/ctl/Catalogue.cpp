@@ -20,9 +20,13 @@ std::vector<std::string> texts(const json_t* object, const char* key) {
 
 KeyInfo toKey(const json_t* row) {
     const std::vector<std::string> values = texts(row, "values");
-    return {text(row, "key"),     text(row, "type"),
-            text(row, "access"),  values.empty() ? text(row, "limit") : joined(values),
-            text(row, "default"), text(row, "note")};
+    return {text(row, "key"),
+            text(row, "type"),
+            text(row, "access"),
+            values.empty() ? text(row, "limit") : joined(values),
+            text(row, "default"),
+            text(row, "note"),
+            values};
 }
 
 std::vector<ResourceInfo> toInfos(const json_t* rows) {

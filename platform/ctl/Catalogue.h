@@ -13,6 +13,7 @@ struct KeyInfo {
     std::string limit;  ///< the words a choice takes, or what limits another value
     std::string fallback;
     std::string note;
+    std::vector<std::string> values; ///< that a choice takes
 };
 
 struct ResourceInfo {

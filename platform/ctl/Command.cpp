@@ -18,10 +18,14 @@ constexpr CommandRow kCommands[] = {
      "  zeqctl get edid name=\"Desk monitor\" --json\n"
      "  zeqctl get systemGlobals mirlInactivityTimeout\n",
      "rk", runGet},
-    {"list", "list RESOURCE [KEY...]", "show all records as a table",
-     "Without keys, those that tell the records apart. An empty table is no failure.\n"
+    {"list", "list RESOURCE [KEY=VALUE...] [KEY...]", "show records as a table",
+     "All records, or those that have the values. Without keys, those keys that tell the records apart. "
+     "Times are "
+     "local.\n"
+     "An empty table is no failure.\n"
      "\n"
      "  zeqctl list rx\n"
+     "  zeqctl list rx status=offline\n"
      "  zeqctl list user index name role\n",
      "rk", runList},
     {"set", "set RESOURCE [INDEX[,INDEX...]] KEY=VALUE...", "change a record",

@@ -48,7 +48,8 @@ void runDevice(Context& context);
 void runTime(Context& context);
 void runHelp(Context& context);
 void runCompletion(Context& context);
-/// Prints the words that may come next, one a line; for the completion script.
+/// Prints the words that may stand in place of the first word, which is being typed, when the others are
+/// before it; one a line, for the completion script.
 void runComplete(Context& context);
 
 /// Runs zeqctl with the arguments behind its name; the exit code.

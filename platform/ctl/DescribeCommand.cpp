@@ -11,7 +11,7 @@ void describeAll(Context& context) {
     for (const ResourceInfo& info : readCatalogue(context.service)) {
         rows.push_back({info.name, joined(info.methods), info.note});
     }
-    printTable(context.out, {"resource", "methods", "what it is"}, rows);
+    printTable(context.out, {"RESOURCE", "METHODS", "WHAT IT IS"}, rows);
 }
 
 void describeOne(Context& context, const std::string& resource) {
@@ -23,7 +23,7 @@ void describeOne(Context& context, const std::string& resource) {
     if (rows.empty() && resource != info.name) throw Failure(Exit::Refused, resource + " has no keys");
     context.out << resource << ": " << info.note << "\nmethods: " << joined(info.methods)
                 << (info.shape == "singleton" ? "; one record, no index" : "") << "\n\n";
-    printTable(context.out, {"key", "type", "access", "limit", "default", "what it is"}, rows);
+    printTable(context.out, {"KEY", "TYPE", "ACCESS", "LIMIT", "DEFAULT", "WHAT IT IS"}, rows);
 }
 
 } // namespace

@@ -28,13 +28,13 @@ void helpOnAll(std::ostream& out) {
     out << kIntroduction;
     std::vector<std::vector<std::string>> rows;
     for (const CommandRow& row : commands()) rows.push_back({row.synopsis, row.summary});
-    printTable(out, {"command", ""}, rows);
+    printTable(out, {"COMMAND", ""}, rows);
     out << "\nzeqctl help COMMAND tells more.\n\n";
     rows.clear();
     for (const OptionRow& row : kOptions) {
         rows.push_back({row.name + (row.value ? std::string(" ") + row.value : ""), row.help});
     }
-    printTable(out, {"option", ""}, rows);
+    printTable(out, {"OPTION", ""}, rows);
     out << kExitCodes;
 }
 

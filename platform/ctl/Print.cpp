@@ -53,6 +53,17 @@ std::string escaped(const std::string& text, bool lines) {
     return out;
 }
 
+/// Newlines stay only if `lines`.
+std::string text(const json_t* value, const std::string& key, bool lines) {
+    if (!value) return "";
+    if (!json_is_string(value)) {
+        const zeq::JsonPtr shown(masked(value));
+        return isSecret(key) ? kStars : escaped(dump(shown.get(), JSON_COMPACT), false);
+    }
+    const std::string bytes(json_string_value(value), json_string_length(value));
+    return isSecret(key) && !bytes.empty() ? kStars : escaped(bytes, lines);
+}
+
 /// Columns on the terminal: characters, of which UTF-8 has one for each byte that does not continue another.
 std::size_t width(const std::string& text) {
     return static_cast<std::size_t>(std::count_if(
@@ -103,23 +114,28 @@ const json_t* valueAt(const json_t* record, const std::string& path) {
     return slash == path.npos ? value : valueAt(value, path.substr(slash + 1));
 }
 
-std::string valueText(const json_t* value, const std::string& key, bool lines) {
-    if (!value) return "";
-    if (!json_is_string(value)) {
-        const zeq::JsonPtr shown(masked(value));
-        return isSecret(key) ? kStars : escaped(dump(shown.get(), JSON_COMPACT), false);
-    }
-    const std::string text(json_string_value(value), json_string_length(value));
-    return isSecret(key) && !text.empty() ? kStars : escaped(text, lines);
+std::string valueText(const json_t* value, const std::string& key) {
+    const bool time = key == "date" || key.ends_with("Time");
+    if (time && json_is_integer(value) && json_integer_value(value) > 0)
+        return timeText(static_cast<std::time_t>(json_integer_value(value)));
+    return text(value, key, false);
+}
+
+std::string bareText(const json_t* value, const std::string& key) {
+    return text(value, key, true);
+}
+
+std::string timeText(std::time_t seconds) {
+    tm local{};
+    ::localtime_r(&seconds, &local);
+    char text[32];
+    const std::size_t length = std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", &local);
+    return std::string(text, length);
 }
 
 void printTable(std::ostream& out, const std::vector<std::string>& headings,
                 const std::vector<std::vector<std::string>>& rows) {
     std::vector<std::vector<std::string>> all{headings};
-    for (std::string& heading : all.front()) {
-        std::transform(heading.begin(), heading.end(), heading.begin(),
-                       [](char c) { return static_cast<char>(std::toupper(static_cast<unsigned char>(c))); });
-    }
     all.insert(all.end(), rows.begin(), rows.end());
     printRows(out, all);
 }

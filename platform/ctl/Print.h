@@ -3,6 +3,7 @@
 #ifndef PLATFORM_CTL_PRINT_H
 #define PLATFORM_CTL_PRINT_H
 
+#include <ctime>
 #include <jansson.h>
 #include <ostream>
 #include <string>
@@ -17,11 +18,17 @@ bool isSecret(const std::string& key);
 /// The value at a path of keys with slashes; null when there is none.
 const json_t* valueAt(const json_t* record, const std::string& path);
 
-/// Text as a person reads it; objects and lists as compact JSON, an absent value as "". Newlines stay only if
-/// `lines`.
-std::string valueText(const json_t* value, const std::string& key, bool lines = false);
+/// As a person reads it: objects and lists as compact JSON, an absent value as "", points in time in local
+/// time.
+std::string valueText(const json_t* value, const std::string& key);
 
-/// Rows under headings, columns as wide as they need to be.
+/// As a script wants it: times as seconds, newlines as they are.
+std::string bareText(const json_t* value, const std::string& key);
+
+/// Local time, as 2026-11-23 04:05:06.
+std::string timeText(std::time_t seconds);
+
+/// Rows under headings as they are given, columns as wide as they need to be.
 void printTable(std::ostream& out, const std::vector<std::string>& headings,
                 const std::vector<std::vector<std::string>>& rows);
 

@@ -11,12 +11,34 @@ namespace zeqctl {
 namespace {
 
 /// Columns of list, in this order, as far as the resource has them.
-constexpr const char* kListKeys[] = {
-    "index",       "eid",           "name",          "fullName",         "role",
-    "mode",        "rxIndex",       "txIndex",       "userIndex",        "swxIndex",
-    "status",      "usage",         "upgradeStatus", "firmwareVersion",  "location",
-    "isProtected", "protocol",      "filename",      "version",          "date",
-    "severity",    "originatorEid", "alertMsg",      "sessionStartTime", "lastChange"};
+constexpr const char* kListKeys[] = {"index",
+                                     "eid",
+                                     "name",
+                                     "fullName",
+                                     "role",
+                                     "mode",
+                                     "rxIndex",
+                                     "rxEid",
+                                     "txIndex",
+                                     "txEid",
+                                     "userIndex",
+                                     "username",
+                                     "swxIndex",
+                                     "status",
+                                     "usage",
+                                     "upgradeStatus",
+                                     "firmwareVersion",
+                                     "location",
+                                     "isProtected",
+                                     "protocol",
+                                     "filename",
+                                     "version",
+                                     "date",
+                                     "severity",
+                                     "originatorEid",
+                                     "alertMsg",
+                                     "sessionStartTime",
+                                     "lastChange"};
 
 std::vector<std::string> listKeys(Service& service, const std::string& resource) {
     const ResourceInfo info = readCatalogue(service, resource);
@@ -96,7 +118,7 @@ void runGet(Context& context) {
                                               : json_incref(const_cast<json_t*>(value)));
             printJson(context.out, shown.get());
         } else {
-            context.out << (context.options.json ? "null" : valueText(value, key, true)) << '\n';
+            context.out << (context.options.json ? "null" : bareText(value, key)) << '\n';
         }
     } else if (context.options.json) {
         printJson(context.out, words.singleRecord && count == 1 ? first : rows.get());
@@ -112,7 +134,8 @@ void runGet(Context& context) {
 
 void runList(Context& context) {
     ReadWords words = parseReadWords(context);
-    if (words.keys.empty()) words.keys = listKeys(context.service, words.resource);
+    const bool whole = words.keys.empty();
+    if (whole) words.keys = listKeys(context.service, words.resource);
     JsonPtr rows;
     try {
         rows = context.service.get(words.resource, words.query.get(), words.select());
@@ -124,6 +147,9 @@ void runList(Context& context) {
         printJson(context.out, rows.get());
     } else if (json_array_size(rows.get()) == 0) {
         context.err << "no entries\n";
+    } else if (whole && !json_object_get(json_array_get(rows.get(), 0), "index")) {
+        printRecord(context.out,
+                    json_array_get(rows.get(), 0)); // a singleton would be a table of one endless line
     } else {
         printRowsAsTable(context.out, rows.get(), words.keys);
     }

@@ -21,7 +21,23 @@ std::string detailText(std::string detail) {
     return detail;
 }
 
-[[noreturn]] void refuse(const json_t* errors) {
+/// The resource that a request is about; a request for the catalogue is about the one that it asks for.
+std::string resourceOf(const json_t* request) {
+    const json_t* asked = json_object_get(json_object_get(request, "query"), "resource");
+    const json_t* name = json_is_string(asked) ? asked : json_object_get(request, "resource");
+    return json_is_string(name) ? json_string_value(name) : "";
+}
+
+/// Where to look for what would have been right.
+std::string hint(int number, const std::string& resource) {
+    constexpr int kInvalidResource = 1005;
+    constexpr int kUnknownParameter = 1013;
+    if (number == kInvalidResource) return ": '" + resource + "'; zeqctl describe lists them";
+    if (number == kUnknownParameter) return "; zeqctl describe " + resource + " lists the keys";
+    return "";
+}
+
+[[noreturn]] void refuse(const json_t* errors, const std::string& resource) {
     std::string text;
     bool noEntries = true;
     for (std::size_t i = 0; i < json_array_size(errors); ++i) {
@@ -31,6 +47,7 @@ std::string detailText(std::string detail) {
         noEntries = noEntries && number == kNoEntries;
         text += (i > 0 ? "\n" : "") + (errorText(number) + (" (" + std::to_string(number)) + ")");
         if (detail) text += ": " + detailText(detail);
+        text += hint(number, resource);
     }
     throw Refusal(text, noEntries);
 }
@@ -51,7 +68,7 @@ JsonPtr Service::request(json_t* request) {
         if (unsent) throw Failure(Exit::Usage, why);
         throw Failure(Exit::NoService, "no answer from the database service: " + why);
     }
-    if (const json_t* errors = json_object_get(answer.get(), "errors")) refuse(errors);
+    if (const json_t* errors = json_object_get(answer.get(), "errors")) refuse(errors, resourceOf(request));
     return JsonPtr(json_incref(json_object_get(answer.get(), "rows")));
 }
 

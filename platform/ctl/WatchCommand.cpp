@@ -89,7 +89,7 @@ private:
         if (done()) return;
         ++mChanges;
         if (mContext.options.json) return reportJson(index, key, before, now);
-        mContext.out << timeNow() << "  " << mWords.resource;
+        mContext.out << timeText(std::time(nullptr)) << "  " << mWords.resource;
         if (index != 0) mContext.out << ' ' << index;
         if (key.empty()) {
             const json_t* name = json_object_get(before ? before : now, "name");
@@ -107,7 +107,7 @@ private:
         const auto shown = [&](const json_t* value) {
             return !value ? json_null() : secret ? json_string("********") : json_deep_copy(value);
         };
-        json_object_set_new(line.get(), "time", json_string(timeNow().c_str()));
+        json_object_set_new(line.get(), "time", json_string(timeText(std::time(nullptr)).c_str()));
         json_object_set_new(line.get(), "resource", json_string(mWords.resource.c_str()));
         json_object_set_new(line.get(), "index", json_integer(index));
         if (!key.empty()) json_object_set_new(line.get(), "key", json_string(key.c_str()));
@@ -115,15 +115,6 @@ private:
         json_object_set_new(line.get(), "new", shown(now));
         printJson(mContext.out, line.get(), true);
         mContext.out.flush();
-    }
-
-    static std::string timeNow() {
-        const std::time_t now = std::time(nullptr);
-        tm local{};
-        ::localtime_r(&now, &local);
-        char text[32];
-        const std::size_t length = std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", &local);
-        return std::string(text, length);
     }
 
     Context& mContext;

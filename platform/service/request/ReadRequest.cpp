@@ -144,10 +144,10 @@ private:
     void describe() {
         const json_t* name = json_object_get(mRequest.query.get(), "resource");
         const ResourceRow* wanted = json_is_string(name) ? findResource(json_string_value(name)) : nullptr;
-        if (name && !wanted) return addError(mErrors, Errno::InvalidResource);
+        if (name && (!wanted || wanted->methods == 0)) return addError(mErrors, Errno::InvalidResource);
         bool first = true;
         for (const ResourceRow& row : catalogue())
-            if (!wanted || wanted == &row) first = appendDescription(mOut, row, first);
+            if (wanted ? wanted == &row : row.methods != 0) first = appendDescription(mOut, row, first);
         mCount = first ? 0 : 1;
     }
 

@@ -53,7 +53,7 @@ TEST_F(ZeqctlOnDemo, CreateReadDelete) {
 }
 
 TEST_F(ZeqctlOnDemo, EveryResourceOfTheCatalogueCanBeDescribedAndListed) {
-    std::istringstream resources(zeqctl({"__complete", "get"}).out);
+    std::istringstream resources(zeqctl({"__complete", "", "get"}).out);
     int count = 0;
     for (std::string resource; std::getline(resources, resource); ++count) {
         EXPECT_EQ(zeqctl({"describe", resource}).code, 0) << resource;
@@ -63,6 +63,19 @@ TEST_F(ZeqctlOnDemo, EveryResourceOfTheCatalogueCanBeDescribedAndListed) {
         EXPECT_EQ(listed.out.find("$argon2"), std::string::npos) << resource << " shows a hash";
     }
     EXPECT_GT(count, 20);
+}
+
+TEST_F(ZeqctlOnDemo, ListsAreForPeopleAndSingleValuesForScripts) {
+    EXPECT_TRUE(zeqctl({"list", "systemGlobals"}).out.starts_with("managedSetting  ")) << "one key a line";
+    const std::string sessions = zeqctl({"list", "connection"}).out;
+    EXPECT_NE(sessions.find("rxEid"), std::string::npos) << "headings are the keys, as get and set take them";
+    const std::string start = zeqctl({"get", "connection", "1", "sessionStartTime"}).out;
+    EXPECT_EQ(start.find_first_not_of("0123456789\n"), std::string::npos) << start;
+    EXPECT_EQ(sessions.find(start.substr(0, 10)), std::string::npos) << "times are shown as times";
+    EXPECT_NE(zeqctl({"list", "receivers"}).err.find("'receivers'; zeqctl describe lists them"),
+              std::string::npos);
+    EXPECT_NE(zeqctl({"get", "rx", "1", "nam"}).err.find("zeqctl describe rx lists the keys"),
+              std::string::npos);
 }
 
 TEST_F(ZeqctlOnDemo, SecretsCanBeSetButAreNeverShown) {
@@ -94,6 +107,7 @@ TEST_F(ZeqctlOnDemo, DevicesGoAwayAndComeBack) {
     }
     EXPECT_NE(status, "offline\n");
     EXPECT_EQ(zeqctl({"device", "offline", "ZZZZZZ-ZZZZZZ"}).code, 1);
+    EXPECT_NE(zeqctl({"__complete", "", "device", "offline"}).out.find(eid + "\n"), std::string::npos);
 }
 
 } // namespace

@@ -102,7 +102,7 @@ TEST_F(Zeqctl, ReadsPrintWhatWasAskedFor) {
          "\"********\"\n"},
         {{"get", "rx", "3,12", "name", "status"},
          R"({"method":"get","query":{"index":[3,12]},"resource":"rx","select":["name","status"]})",
-         "NAME          STATUS\nB\xC3\xBCro          ready\na\\x1B[31m\\nb  offline\n"},
+         "name          status\nB\xC3\xBCro          ready\na\\x1B[31m\\nb  offline\n"},
         {{"get", "rx", "name=Desk", "size=4"},
          R"({"method":"get","query":{"name":"Desk","size":4},"resource":"rx"})",
          nullptr},
@@ -112,7 +112,7 @@ TEST_F(Zeqctl, ReadsPrintWhatWasAskedFor) {
          "  \"password\": \"********\"\n}\n"},
         {{"list", "rx", "index", "password"},
          R"({"method":"get","resource":"rx","select":["index","password"]})",
-         "INDEX  PASSWORD\n3      ********\n12\n"},
+         "index  password\n3      ********\n12\n"},
         {{"list", "rx"}, R"({"method":"get","resource":"rx","select":["index","name","status"]})", nullptr},
     };
     for (const auto& row : rows) {
@@ -251,24 +251,27 @@ TEST_F(Zeqctl, DescribeAndCompletion) {
     const struct {
         std::vector<std::string> words;
         const char* offered;
+        std::string word = "";
     } rows[] = {
         {{}, "get\nlist\nset\n"},
         {{"get"}, "rx\n"},
         {{"get", "rx", "3"}, "name\nstatus\n"},
         {{"set", "rx", "3"}, "name=\nsessionInactivityTimeout=\n"},
+        {{"list", "rx"}, "status=offline\nstatus=ready\n", "status=o"},
+        {{"set", "rx", "3"}, "", "name=x"},
         {{"device"}, "offline\nonline\n"},
         {{"help"}, "get\nlist\n"},
         {{"--json"}, ""},
         {{"nonsense", "x"}, ""},
     };
     for (const auto& row : rows) {
-        std::vector<std::string> arguments = {"__complete"};
+        std::vector<std::string> arguments = {"__complete", row.word};
         arguments.insert(arguments.end(), row.words.begin(), row.words.end());
         EXPECT_EQ(run(arguments), 0);
         EXPECT_TRUE(out.str().starts_with(row.offered)) << out.str();
     }
     ::setenv("ZEQ_SOCKET", "/nonexistent", 1);
-    EXPECT_EQ(run({"__complete", "get"}), 0) << "completion without a service is silent";
+    EXPECT_EQ(run({"__complete", "", "get"}), 0) << "completion without a service is silent";
     EXPECT_EQ(out.str() + err.str(), "");
 }
 
