@@ -2,6 +2,7 @@
 
 #include "db/ZeqExchange.h"
 #include "platform/client/ZeqReq.h"
+#include "widgets/ReadTogether.h"
 #include "widgets/WLookupText.h"
 #include "widgets/WTextAreaZeq.h"
 
@@ -97,8 +98,10 @@ void WSettingsTable::limit(const SettingsRow& row, SettingsField& made) {
 
 void WSettingsTable::readFromDatabase(const Indexes& indexes, bool force) {
     if (mSpec.path[0]) return readNested(indexes, force);
+    const bool together = readTogether(mFields, mSpec.resource, indexes, force);
     Errors dropped;
     for (const SettingsField& made : mFields) {
+        if (together && isReadTogether(made, mSpec.resource)) continue;
         if (made.bound) made.bound->readFromDatabase(indexes, dropped, force);
         if (made.lookup) made.lookup->readFromDatabase(indexes, dropped);
     }

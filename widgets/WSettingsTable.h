@@ -17,8 +17,9 @@ public:
     WSettingsTable(const SettingsTableSpec& spec, std::span<const SettingsRow> rows,
                    Wt::WContainerWidget* parent = nullptr);
 
-    /// In row order, each with its own exchange, or all with one when the table has a path. Failures are
-    /// silent: a widget then keeps what it shows.
+    /// In row order, each with its own exchange; with one exchange for all when the table has a path, and for
+    /// several records where that shows the same (see ReadTogether.h). Failures are silent: a widget then
+    /// keeps what it shows.
     virtual void readFromDatabase(const Indexes& indexes, bool force);
     /// Stores what was changed and clears the marks. 0 at once when nothing was changed or no record is
     /// chosen.

@@ -127,6 +127,30 @@ TEST_F(DevicesPage, ARebuildCostsFiveQueriesWhateverTheNumberOfDevices) {
     EXPECT_EQ(zeqExchangeCount() - before, 5u);
 }
 
+TEST_F(DevicesPage, SettingsOfManyCostNoMoreThanThoseOfTwo) {
+    const auto costOfOpening = [this](const Names& names, const char* title) {
+        select(names);
+        showTab(title);
+        const unsigned long before = zeqExchangeCount();
+        view->detailsTabChangedHandler();
+        return zeqExchangeCount() - before;
+    };
+    const Names two = {"Planning 1", "Planning 2"};
+    const Names many = {"Desk 4",      "Desk 5",     "Desk 10",   "Engineering",
+                        "Rack Drawer", "Planning 1", "Planning 2"};
+    for (const char* title : {"Settings", "Attributes"}) {
+        const unsigned long cost = costOfOpening(two, title);
+        EXPECT_EQ(costOfOpening(many, title), cost) << title;
+    }
+    EXPECT_EQ(text("name"), "");
+    EXPECT_EQ(text("notes"), stored("rx", 7, "notes"));
+    showTab("Settings");
+    EXPECT_EQ(text("sessionInactivityTimeout"), stored("rx", 7, "sessionInactivityTimeout"));
+    store("rx", 16, "sessionInactivityTimeout", 33u);
+    tick();
+    EXPECT_EQ(text("sessionInactivityTimeout"), "") << "one of them differs now";
+}
+
 TEST_F(DevicesPage, FilterAndSortSurviveARebuild) {
     view->list()->filterRegExTextChangedHandler("office");
     store("rx", 15, "name", "Office PC 10");
