@@ -1,5 +1,6 @@
 #include "frame/ObjListParts.h"
 
+#include "frame/EmptyText.h"
 #include "frame/WAutoSizeTableView.h"
 #include "frame/WNumericSortFilterProxyModel.h"
 #include "widgets/WLineEditPlus.h"
@@ -51,6 +52,12 @@ Wt::WContainerWidget* ObjListParts::makeFilterRow(const Wt::WString& label, cons
 
 void ObjListParts::setFilterText(const std::string& text) {
     mProxy->setFilterRegExp(Wt::WString::fromUTF8("^.*" + text + ".*"));
+    emptyText(*mTable, text.empty() ? mEmptyText : Wt::WString::tr("mirl.list.empty.filtered"));
+}
+
+void ObjListParts::setEmptyText(const Wt::WString& text) {
+    mEmptyText = text;
+    emptyText(*mTable, text);
 }
 
 void ObjListParts::setHeader(int column, const Wt::WString& text) {

@@ -2,13 +2,13 @@
 
 #include <Wt/WFlags.h>
 #include <Wt/WGlobal.h>
+#include <Wt/WString>
 
 #include <string>
 
 namespace Wt {
 class WContainerWidget;
 class WStandardItemModel;
-class WString;
 } // namespace Wt
 
 class WAutoSizeTableView;
@@ -35,6 +35,10 @@ protected:
     /// Shows the records whose column 2 matches the text; what the user types acts as a regular expression.
     void setFilterText(const std::string& text);
 
+    /// What stands in place of the rows while there are none: why, and what to do. A filter that matches
+    /// nothing says so instead.
+    void setEmptyText(const Wt::WString& text);
+
     /// Shows a column under the heading, without moving it.
     void setHeader(int column, const Wt::WString& text);
 
@@ -47,4 +51,7 @@ protected:
     WNumericSortFilterProxyModel* mProxy;
     Wt::WStandardItemModel* mModel;
     WLineEditPlus* mFilterField = nullptr;
+
+private:
+    Wt::WString mEmptyText;
 };

@@ -1,5 +1,6 @@
 #include "views/devices/DevShownRows.h"
 
+#include "frame/EmptyText.h"
 #include "frame/WAutoSizeTableView.h"
 #include "frame/WNumericSortFilterProxyModel.h"
 
@@ -13,7 +14,8 @@ constexpr int kHeight = 360; // pixels: heading and seventeen rows
 
 } // namespace
 
-DevShownRows::DevShownRows(std::span<const char* const> headers, Wt::WContainerWidget* parent)
+DevShownRows::DevShownRows(std::span<const char* const> headers, const char* emptyKey,
+                           Wt::WContainerWidget* parent)
     : Wt::WContainerWidget(parent), mView(new WAutoSizeTableView(static_cast<int>(headers.size()))),
       mProxy(new WNumericSortFilterProxyModel(mView)),
       mModel(new Wt::WStandardItemModel(0, static_cast<int>(headers.size()), mProxy)) {
@@ -29,6 +31,7 @@ DevShownRows::DevShownRows(std::span<const char* const> headers, Wt::WContainerW
     mView->setSelectionMode(Wt::NoSelection);
     mView->setInline(false);
     mView->setHeight(kHeight);
+    emptyText(*mView, tr(emptyKey));
     addWidget(mView);
     setLayoutSizeAware(true);
 }

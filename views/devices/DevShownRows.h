@@ -19,8 +19,8 @@ public:
     WNumericSortFilterProxyModel* proxy() const { return mProxy; }
 
 protected:
-    /// Message keys of the columns.
-    DevShownRows(std::span<const char* const> headers, Wt::WContainerWidget* parent);
+    /// Message keys of the columns, and of what stands there while there is no row.
+    DevShownRows(std::span<const char* const> headers, const char* emptyKey, Wt::WContainerWidget* parent);
 
     void layoutSizeChanged(int width, int height) override;
     void clearRows();

@@ -3,6 +3,7 @@
 #include "db/Convert.h"
 #include "db/Db.h"
 #include "db/ZeqExchange.h"
+#include "frame/EmptyText.h"
 #include "frame/MirlUtil.h"
 #include "frame/WNumericSortFilterProxyModel.h"
 #include "platform/client/ZeqReq.h"
@@ -38,6 +39,7 @@ WDevViewChooseFwUpdateSrcTable::WDevViewChooseFwUpdateSrcTable(Wt::WContainerWid
     for (int column = 0; column < kColumnCount; ++column)
         mModel->setHeaderData(column, Wt::Horizontal, boost::any(headers[column]));
     setModel(mProxy);
+    emptyText(*this, tr("devices.update.files.empty"));
     resize(700, 200);
     setSelectionMode(Wt::ExtendedSelection);
     setColumnResizeEnabled(true);

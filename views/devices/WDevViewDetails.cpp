@@ -1,5 +1,6 @@
 #include "views/devices/WDevViewDetails.h"
 
+#include "frame/EmptyText.h"
 #include "views/devices/DevStatusTab.h"
 #include "views/devices/WDevViewRxAttribs.h"
 #include "views/devices/WDevViewRxSettings.h"
@@ -71,6 +72,7 @@ WDevViewDetails::WDevViewDetails(const Wt::WString& title, int height, Wt::WTabl
         page->setStyleClass("mirl-details-tab");
         mStack->addWidget(page);
     }
+    emptyText(*mPages[0], tr("devices.details.empty"));
     for (const TabRow& row : kTabs) addTab(row, list);
     mStack->setOverflow(Wt::WContainerWidget::OverflowAuto);
     setContent(mStack, 1, Wt::AlignJustify);

@@ -17,6 +17,7 @@ WDevViewList::WDevViewList(const Wt::WString& title, Wt::WContainerWidget* paren
     setHeader(Firmware, tr("[RSnnn]Firmware"));
     mTable->setSelectionMode(Wt::ExtendedSelection);
     mTable->setColumnHidden(Index, true);
+    setEmptyText(tr("devices.list.empty"));
     mTable->sortByColumn(Name, Wt::AscendingOrder);
 }
 

@@ -29,7 +29,8 @@ std::string numberTextOf(const json_t* row, const char* key) {
 
 } // namespace
 
-WDevViewSwxPortsTable::WDevViewSwxPortsTable(Wt::WContainerWidget* parent) : DevShownRows(kHeaders, parent) {
+WDevViewSwxPortsTable::WDevViewSwxPortsTable(Wt::WContainerWidget* parent)
+    : DevShownRows(kHeaders, "devices.swx.ports.empty", parent) {
     mView->sortByColumn(kPort, Wt::AscendingOrder);
 }
 

@@ -27,7 +27,7 @@ unsigned secondsSince(json_int_t start) {
 } // namespace
 
 WDevViewTxSesStatusTable::WDevViewTxSesStatusTable(Wt::WContainerWidget* parent)
-    : DevShownRows(kHeaders, parent) {}
+    : DevShownRows(kHeaders, "devices.tx.sessions.empty", parent) {}
 
 void WDevViewTxSesStatusTable::readFromDatabase(const std::vector<unsigned>& indexes, bool /*force*/) {
     clearRows();
