@@ -26,6 +26,8 @@ WFileUploadDialog::WFileUploadDialog() {
     contents()->addWidget(mText);
     mUpload = new Wt::WFileUpload(contents());
     mUpload->setProgressBar(new Wt::WProgressBar);
+    mUpload->setAttributeValue("role", "group");
+    mUpload->setAttributeValue("aria-labelledby", mText->id());
     auto* checkBoxRow = new Wt::WContainerWidget(contents());
     mCheckBox = new Wt::WCheckBox(tr("[RSnnn]Close when transfer successfully completes."), checkBoxRow);
 

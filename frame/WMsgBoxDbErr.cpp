@@ -32,6 +32,7 @@ WMsgBoxDbErr::WMsgBoxDbErr(AccessType type, const std::vector<std::string>& erro
 
     Wt::WTableCell* buttonCell = frame->elementAt(2, 0);
     buttonCell->setContentAlignment(Wt::AlignRight | Wt::AlignMiddle);
+    buttonCell->setStyleClass("mirl-dialog-buttons");
     auto* button = newMsgBoxButton(tr("[RSnnn]Close"), buttonCell);
     button->clicked().connect(this, &WMsgBoxDbErr::buttonClickedHandler);
     button->setFocus();

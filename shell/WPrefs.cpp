@@ -21,16 +21,16 @@ WPrefs::WPrefs() {
     contents()->setPadding(kMsgBoxPaddingPx);
     contents()->addWidget(new WDialogHeading(*this, "preferences.png", tr("[RSnnn]Preferences")));
 
+    mTable = new WPrefsTable(contents());
+    mTable->readFromDatabase(loggedInUser(), true);
+    mTable->contentChanged().connect(this, &WPrefs::contentChangedHandler);
+
     Wt::WContainerWidget* buttons = newMsgBoxButtonRow(contents());
     mSaveButton = newMsgBoxButton(tr("[RSnnn]Save"), buttons);
     mCancelButton = newMsgBoxButton(tr("[RSnnn]Cancel"), buttons);
     mSaveButton->disable();
     mSaveButton->clicked().connect(this, &WPrefs::saveButtonClickedHandler);
     mCancelButton->clicked().connect(this, &WPrefs::cancelButtonClickedHandler);
-
-    mTable = new WPrefsTable(contents());
-    mTable->readFromDatabase(loggedInUser(), true);
-    mTable->contentChanged().connect(this, &WPrefs::contentChangedHandler);
 }
 
 void WPrefs::contentChangedHandler() {

@@ -1,6 +1,7 @@
 // A field to choose a file with, and its transfer. The server learns the progress four times a second.
 
 const PROGRESS_MS = 250;
+const NAMES = ['aria-label', 'aria-labelledby'];
 
 export class Upload {
   /**
@@ -17,12 +18,14 @@ export class Upload {
       if (this.input.files?.length) this.send_({ a: 'changed' });
     });
     root.prepend(this.input);
-    const enable = () => {
+    // What the widget says about itself holds for the field in it.
+    const follow = () => {
       this.input.disabled = root.getAttribute('aria-disabled') === 'true';
+      for (const name of NAMES) this.input.setAttribute(name, root.getAttribute(name) ?? '');
     };
-    this.watch = new MutationObserver(enable);
-    this.watch.observe(root, { attributes: true, attributeFilter: ['aria-disabled'] });
-    enable();
+    this.watch = new MutationObserver(follow);
+    this.watch.observe(root, { attributes: true, attributeFilter: ['aria-disabled', ...NAMES] });
+    follow();
     /** @type {XMLHttpRequest|null} */
     this.request = null;
     this.told = 0;
