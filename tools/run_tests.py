@@ -92,7 +92,8 @@ def group_browser():
     folder = os.path.join(TOP, 'tests', 'browser')
     if not build('release', ['mirl', 'zeqd', 'zeqctl', 'docroot']):
         return 0, 1
-    if not os.path.isdir(os.path.join(folder, 'node_modules', 'playwright-core')):
+    installed = os.path.join(folder, 'node_modules', '.package-lock.json')
+    if not os.path.isfile(installed) or os.path.getmtime(installed) < os.path.getmtime(os.path.join(folder, 'package-lock.json')):
         if run(['npm', 'ci', '--silent', '--no-audit', '--no-fund'], cwd=folder) != 0:
             print('FAILED: npm ci in tests/browser')
             return 0, 1

@@ -1,46 +1,28 @@
-// WCAG 2.2 A and AA by axe, on every page and dialog, light and dark.
-import { readFileSync } from 'node:fs';
+// WCAG 2.2 A and AA by axe in the colours of every brand. places.browser.mjs looks at every page and dialog.
+import { readdirSync } from 'node:fs';
 import { join } from 'node:path';
-import { here, test } from './harness.mjs';
-import { inside, outside } from './places.mjs';
-import { System } from './system.mjs';
+import { axeOptions, bringAxe, violations } from './axe.mjs';
+import { test } from './harness.mjs';
+import { login, openDevices, openLogin } from './pages.mjs';
+import { System, top } from './system.mjs';
 
-const axeSource = readFileSync(join(here, 'node_modules/axe-core/axe.min.js'), 'utf8');
-const rules = ['wcag2a', 'wcag2aa', 'wcag21a', 'wcag21aa', 'wcag22aa'];
+const schemes = /** @type {const} */ (['light', 'dark']);
 
-/** What axe finds wrong, one line each. @param {import('playwright-core').Page} page */
-async function violations(page) {
-  const found = await page.evaluate(async (tags) => {
-    // eslint-disable-next-line no-undef
-    const result = await window.axe.run(document, { runOnly: { type: 'tag', values: tags } });
-    return result.violations.map((v) => ({ id: v.id, help: v.help, nodes: v.nodes.slice(0, 3).map((n) => `${n.target.join(' ')} (${(n.failureSummary ?? '').split('\n')[1]?.trim()})`) }));
-  }, rules);
-  return found.map((v) => `${v.id}: ${v.help}\n      ${v.nodes.join('\n      ')}`);
-}
-
-for (const colorScheme of /** @type {const} */ (['light', 'dark'])) {
-  test(`no violation on any page, ${colorScheme}`, async (t) => {
-    const system = await new System().start();
+test('no violation in the colours of any brand', async (t) => {
+  const wrong = [];
+  for (const brand of readdirSync(join(top, 'resources/themes'))) {
+    const system = await new System({ args: ['--brand', brand] }).start();
     t.after(() => system.remove());
-    const wrong = [];
-    const options = { colorScheme, bypassCSP: true, reducedMotion: /** @type {const} */ ('reduce') };
-    const look = async (page, place) => {
-      for (const line of await violations(page)) wrong.push(`${place.name}: ${line}`);
-    };
-    for (const place of outside) {
-      const page = await t.page(options);
-      await page.addInitScript(axeSource);
-      await place.go(page, system);
-      await look(page, place);
+    for (const colorScheme of schemes) {
+      const page = await t.page(axeOptions(colorScheme));
+      await bringAxe(page);
+      for (const [name, go] of /** @type {const} */ ([['login', openLogin], ['first page', login], ['devices', openDevices]])) {
+        await go(page, system);
+        for (const line of await violations(page)) wrong.push(`${brand}, ${colorScheme}, ${name}: ${line}`);
+      }
       await page.close();
     }
-    const page = await t.page(options);
-    await page.addInitScript(axeSource);
-    for (const place of inside) {
-      await place.go(page, system);
-      await look(page, place);
-      if (place.leave) await place.leave(page);
-    }
-    if (wrong.length) throw new Error(`${wrong.length} violations:\n    ${wrong.join('\n    ')}`);
-  });
-}
+    await system.stop();
+  }
+  if (wrong.length) throw new Error(`${wrong.length} violations:\n    ${wrong.join('\n    ')}`);
+});

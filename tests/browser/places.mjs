@@ -1,22 +1,33 @@
-// Every page, details tab and dialog of the interface, and how to get there: looked at by axe.
-import { deviceRows, login, mainTab, openDevices, openLogin, tabs, tryLogin } from './pages.mjs';
+// Every page, details tab and dialog of the interface, and how to get there.
+import { deviceRows, field, mainTab, openDevices, openLogin, saveButton, showRow, tabs, tryLogin } from './pages.mjs';
 import { until } from './system.mjs';
 
 /** @typedef {import('playwright-core').Page} Page */
-/** @typedef {{name: string, go: (page: Page, system: import('./system.mjs').System) => Promise<void>}} Place */
+/** @typedef {import('./system.mjs').System} System */
+/** A place: how to get there and away, the part of the page that its picture shows (all, if none), and the options of
+ * ./run if it needs a system of its own.
+ * @typedef {{name: string, go: (page: Page, system: System) => Promise<void>, leave?: (page: Page, system: System) => Promise<void>,
+ *   part?: string, args?: string[]}} Place */
+
+/** Parts of a page that pictures show: the topmost dialog, the details of what is selected. */
+export const dialogPart = '.Wt-dialog';
+export const detailsPart = '.mirl-context-panel:has(.mirl-details-tab)';
 
 /** First row of a device of that type. @param {Page} page @param {string} type */
 const rowOfType = (page, type) => deviceRows(page).filter({ has: page.locator('[role="gridcell"]').getByText(type, { exact: true }) }).first();
 
 /** First row of that kind, clicked, and its details pane with all its tabs on show. The pane of the kind selected before
  * may have a tab of the same name and stay for a moment: what is looked at must not be that one. */
-export async function selectKind(page, { type, tabs: names }) {
-  await rowOfType(page, type).click();
-  await until(`the details pane of a ${type}`, async () => {
-    const shown = await page.locator('.mirl-details-tab:visible').getByRole('tab').locator('visible=true').allInnerTexts();
-    return shown.map((text) => text.trim().replace(/\*$/, '')).join() === names.join();
-  });
+export async function selectKind(page, kind) {
+  await rowOfType(page, kind.type).click();
+  await paneOf(page, kind);
 }
+
+/** The details pane of that kind is on show, and no other. @param {Page} page */
+const paneOf = (page, { type, tabs: names }) => until(`the details pane of a ${type}`, async () => {
+  const shown = await page.locator('.mirl-details-tab:visible').getByRole('tab').locator('visible=true').allInnerTexts();
+  return shown.map((text) => text.trim().replace(/\*$/, '')).join() === names.join();
+});
 
 /** @param {Page} page @param {string} name */
 export const detailsTab = (page, name) => page.locator('.mirl-details-tab:visible').getByRole('tab', { name: new RegExp(`^${name}\\*?$`) });
@@ -47,55 +58,241 @@ export const outside = [
       await page.getByRole('button', { name: 'Ok' }).waitFor();
     },
   },
+  {
+    name: 'banner',
+    go: async (page, system) => {
+      system.ctl('set', 'systemGlobals', 'mirlBannerEnable=enabled', 'mirlBannerText=Authorised use only.\nAll activity is logged.');
+      await page.goto(system.address);
+      await page.locator('.mirl-banner-text').waitFor();
+    },
+    leave: async (_page, system) => { system.ctl('set', 'systemGlobals', 'mirlBannerEnable=disabled'); },
+  },
+  {
+    name: 'first-password',
+    args: ['--empty'],
+    go: async (page, system) => {
+      await openLogin(page, system);
+      await tryLogin(page, 'admin', '');
+      await page.getByText('Confirm Password').waitFor();
+    },
+  },
 ];
 
-/** Opens a dialog by an action button of the accordion and leaves it open until `leave`. */
-const action = (name, type, button) => ({
+/** Presses a button of the topmost dialog. @param {Page} page @param {string} name */
+const answer = (page, name) => page.getByRole('dialog').last().getByRole('button', { name, exact: true }).click();
+
+/** The topmost dialog has these words. @param {Page} page @param {string} words */
+const dialogSays = (page, words) => until(`a dialog that says "${words}"`, async () =>
+  (await page.getByRole('dialog').count()) > 0 && (await page.getByRole('dialog').last().innerText()).includes(words));
+
+/** @param {Page} page */
+const noDialog = (page) => page.getByRole('dialog').waitFor({ state: 'hidden' });
+
+/** Devices of the demo installation. None comes to harm: every box that asks is answered with no. */
+const receiver = 'Desk 4';
+const thisSwitch = 'Main Hall Switch';
+
+/** A dialog that an action button opens; `then` goes further, `leave` are the buttons on the way out.
+ * @param {string} name @param {string | null} device @param {string} button
+ * @param {{says: string, then?: (page: Page) => Promise<void>, leave?: string[]}} rest */
+const box = (name, device, button, { says, then, leave = ['Cancel'] }) => ({
   name,
+  part: dialogPart,
   go: async (page) => {
     await openDevices(page);
-    if (type) await rowOfType(page, type).click();
-    const press = page.getByRole('button', { name: button, exact: true });
-    await until(`${button} can be pressed`, () => press.isEnabled());
-    await press.click();
+    if (device) await (await showRow(page, device)).click();
+    const action = page.getByRole('button', { name: button, exact: true });
+    await until(`${button} can be pressed`, () => action.isEnabled());
+    await action.click();
     await page.getByRole('dialog').waitFor();
+    if (then) await then(page);
+    await dialogSays(page, says);
   },
   leave: async (page) => {
-    await page.keyboard.press('Escape');
-    await page.getByRole('dialog').waitFor({ state: 'hidden' });
+    for (const word of leave) await answer(page, word);
+    await noDialog(page);
   },
 });
 
-/** Inside, in an order in which one leads to the next. @type {(Place & {leave?: (page: Page) => Promise<void>})[]} */
-export const inside = [
-  { name: 'first-page', go: login },
+/** On to the description of a new firmware file. @param {string} protocol as the list of sources names it */
+const newFile = (protocol) => async (page) => {
+  await answer(page, 'New file');
+  await dialogSays(page, 'Choose the source');
+  await page.getByRole('dialog').last().getByRole('combobox').selectOption({ label: protocol });
+};
+
+/** A details tab of a device, after `then`. @param {string} short of the kind @param {string} device @param {string} tab */
+const detailsOf = (short, device, tab, then) => async (page) => {
+  await openDevices(page);
+  await (await showRow(page, device)).click();
+  await paneOf(page, kinds.find((kind) => kind.short === short));
+  await detailsTab(page, tab).click();
+  await until(`${tab} is on show`, async () => (await detailsTab(page, tab).getAttribute('aria-selected')) === 'true');
+  await then(page);
+};
+
+/** Throws away what was typed. @param {Page} page */
+async function cancelEdits(page) {
+  const cancel = page.locator('.mirl-details-tab:visible').getByRole('button', { name: 'Cancel' }).locator('visible=true');
+  await cancel.click();
+  await until('nothing is edited', () => cancel.isDisabled());
+}
+
+/** Pages behind the login, in an order in which one leads to the next. @type {Place[]} */
+export const pages = [
+  { name: 'first-page', go: async () => {} },
   ...tabs.map((name) => ({ name: `tab-${name.toLowerCase().replace(/ /g, '-')}`, go: async (page) => { await mainTab(page, name).click(); } })),
   { name: 'devices', go: openDevices },
-  ...kinds.flatMap((kind) => kind.tabs.map((tab) => ({
-    name: `${kind.short}-${tab.toLowerCase()}`,
+];
+
+/** Tabs of the details pane. @type {Place[]} */
+export const details = kinds.flatMap((kind) => kind.tabs.map((tab) => ({
+  name: `${kind.short}-${tab.toLowerCase()}`,
+  part: detailsPart,
+  go: async (page) => {
+    await openDevices(page);
+    await selectKind(page, kind);
+    await detailsTab(page, tab).click();
+    await until(`${tab} is on show`, async () => (await detailsTab(page, tab).getAttribute('aria-selected')) === 'true');
+  },
+})));
+
+/** Dialogs, and pages in a state that takes some doing. @type {Place[]} */
+export const boxes = [
+  box('box-restore', receiver, 'Restore Full', { says: 'to factory default settings?' }),
+  box('box-restore-self', thisSwitch, 'Restore Full', {
+    says: 'A complete factory default may cause',
+    then: (page) => answer(page, 'Restore settings'),
+    leave: ['Skip device', 'Ok'],
+  }),
+  box('box-restore-partial', thisSwitch, 'Restore Partial', { says: 'Network settings are kept' }),
+  box('box-restored', thisSwitch, 'Restore Partial', {
+    says: 'has been initiated on 0 of 1',
+    then: async (page) => {
+      await answer(page, 'Restore settings');
+      await dialogSays(page, 'to your own Switch');
+      await answer(page, 'Skip device');
+    },
+    leave: ['Ok'],
+  }),
+  box('box-reboot', receiver, 'Reboot', { says: 'Are you sure you want to reboot' }),
+  box('box-reboot-self', thisSwitch, 'Reboot', { says: 'currently connected to', then: (page) => answer(page, 'Reboot') }),
+  box('box-remove', receiver, 'Remove', { says: 'Are you sure you want to remove' }),
+  box('box-remove-self', thisSwitch, 'Remove', { says: 'not allowed', leave: ['Close'] }),
+  box('box-remove-offline', null, 'Remove Offline', { says: 'all offline device(s)' }),
+  box('box-flash', receiver, 'Flash', { says: 'flashes for this time' }),
+  box('box-flashed', receiver, 'Flash', { says: 'commanded to start', then: (page) => answer(page, 'Flash'), leave: ['Close'] }),
+  box('box-update', receiver, 'Update', {
+    says: 'previously used',
+    then: (page) => page.getByRole('dialog').locator('[role="row"]').filter({ hasText: 'rx-' }).click(),
+    leave: ['Close'],
+  }),
+  ...['FTP', 'TFTP', 'Local file'].map((protocol) => box(`box-update-${protocol.toLowerCase().replace(' ', '-')}`, receiver, 'Update', {
+    says: 'Choose the source', then: newFile(protocol), leave: ['Close'],
+  })),
+  box('box-upload', receiver, 'Update', {
+    says: 'Choose the file to be transferred',
+    then: async (page) => {
+      await newFile('Local file')(page);
+      const name = page.getByRole('dialog').last().getByRole('textbox');
+      await until('one field is left', async () => (await name.count()) === 1);
+      await name.click();
+    },
+    leave: ['Cancel', 'Close'],
+  }),
+  {
+    name: 'icon-choice',
+    part: dialogPart,
+    go: detailsOf('tx', 'Alarm Server', 'Settings', async (page) => {
+      await page.locator('.mirl-details-tab:visible .Wt-stack[role="button"]').locator('visible=true').click();
+      await dialogSays(page, 'Click an icon');
+    }),
+    leave: async (page) => {
+      await page.keyboard.press('Escape');
+      await noDialog(page);
+    },
+  },
+  {
+    name: 'box-mode-change',
+    part: dialogPart,
+    go: detailsOf('swx', thisSwitch, 'Mode', async (page) => {
+      const choice = page.locator('.mirl-details-tab:visible').getByRole('combobox').locator('visible=true');
+      await until('the mode can be chosen', () => choice.isEnabled());
+      await choice.selectOption({ label: 'Switch is a cascade slave' });
+      await dialogSays(page, 'takes part in the cascade');
+    }),
+    leave: async (page) => {
+      await answer(page, 'Close');
+      await noDialog(page);
+      await cancelEdits(page);
+    },
+  },
+  {
+    name: 'edited',
+    go: detailsOf('rx', receiver, 'Settings', async (page) => {
+      await field(page, 'Share Control Timeout (seconds)').fill('26');
+      await field(page, 'Share Control Timeout (seconds)').blur();
+      await until('the tab is marked', async () => (await detailsTab(page, 'Settings').innerText()).includes('*'));
+    }),
+    leave: cancelEdits,
+  },
+  {
+    name: 'box-unsaved',
+    part: dialogPart,
+    go: detailsOf('rx', receiver, 'Attributes', async (page) => {
+      await field(page, 'Location').fill('Elsewhere');
+      await until('Save can be pressed', () => saveButton(page).isEnabled());
+      await page.locator('.mirl-logout-button').click();
+      await dialogSays(page, 'unsaved changes');
+    }),
+    leave: async (page) => {
+      await answer(page, 'Cancel');
+      await noDialog(page);
+      await cancelEdits(page);
+    },
+  },
+  {
+    name: 'nothing-matches',
     go: async (page) => {
       await openDevices(page);
-      await selectKind(page, kind);
-      await detailsTab(page, tab).click();
-      await until(`${tab} is on show`, async () => (await detailsTab(page, tab).getAttribute('aria-selected')) === 'true');
-      await page.waitForTimeout(400);
+      await page.getByLabel('Filter by name').fill('no such name');
+      await page.getByLabel('Filter by name').press('Enter');
+      await until('no row is left', async () => (await deviceRows(page).count()) === 0);
     },
-  }))),
-  action('box-restore', 'Receiver (G1)', 'Restore Full'),
-  action('box-reboot', 'Receiver (G1)', 'Reboot'),
-  action('box-remove', 'Receiver (G1)', 'Remove'),
-  action('box-remove-offline', null, 'Remove Offline'),
-  action('box-flash', 'Receiver (G1)', 'Flash'),
-  action('box-update', 'Receiver (G1)', 'Update'),
+    leave: async (page) => {
+      await page.getByLabel('Filter by name').fill('');
+      await page.getByLabel('Filter by name').press('Enter');
+      await deviceRows(page).first().waitFor();
+    },
+  },
   {
     name: 'preferences',
+    part: dialogPart,
     go: async (page) => {
       await page.locator('.mirl-preferences-button').click();
       await page.getByRole('dialog').waitFor();
     },
     leave: async (page) => {
-      await page.getByRole('dialog').getByRole('button', { name: 'Cancel' }).click();
-      await page.getByRole('dialog').waitFor({ state: 'hidden' });
+      await answer(page, 'Cancel');
+      await noDialog(page);
+    },
+  },
+  {
+    // The last one: the device is gone then.
+    name: 'box-write-error',
+    part: dialogPart,
+    go: async (page, system) => {
+      await detailsOf('rx', 'Training', 'Attributes', async () => {})(page);
+      await field(page, 'Location').fill('Elsewhere');
+      await until('Save can be pressed', () => saveButton(page).isEnabled());
+      const gone = JSON.parse(system.ctl('--json', 'list', 'rx', 'index', 'name')).find((row) => row.name === 'Training');
+      system.ctl('delete', 'rx', String(gone.index));
+      await saveButton(page).click();
+      await dialogSays(page, 'Error writing');
+    },
+    leave: async (page) => {
+      await answer(page, 'Close');
+      await noDialog(page);
     },
   },
 ];
