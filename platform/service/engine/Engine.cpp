@@ -82,6 +82,7 @@ void Engine::request(ClientId client, std::string_view text, Reply reply) {
 void Engine::verifyLogin(std::shared_ptr<Request> request, ClientId client, Reply reply) {
     if (mHashing >= kMaxHashing) return reply(errorText(request->id, {{Errno::Capacity, {}}}));
     ++mHashing;
+    mLoggingIn.insert(client);
     const std::string name = textParam(*request, "username");
     const RecordPtr user = name.empty() ? nullptr : mStore.findText(Res::User, "name", name);
     const std::string hash = user ? user->text("password") : std::string();
@@ -93,6 +94,7 @@ void Engine::verifyLogin(std::shared_ptr<Request> request, ClientId client, Repl
         },
         [this, right, hash, user, request, client, reply = std::move(reply)] {
             --mHashing;
+            if (!mLoggingIn.contains(client)) return; // it did not wait for the answer
             Prepared prepared;
             if (*right && user) {
                 prepared.verifiedUser = user->index();
@@ -147,7 +149,8 @@ void Engine::submitRequest(std::shared_ptr<Request> request, ClientId client, Pr
                        context.failureAlert.message);
         return false;
     };
-    write.done = [request, answer, reply = std::move(reply)](bool kept) {
+    write.done = [this, client, request, answer, reply = std::move(reply)](bool kept) {
+        mLoggingIn.erase(client);
         reply(kept ? std::move(*answer) : errorText(request->id, {{Errno::General, "service.detail.disk"}}));
     };
     submit(std::move(write));
@@ -200,7 +203,10 @@ void Engine::finishBatch(const std::string& failure) {
 }
 
 void Engine::clientGone(ClientId client) {
-    if (!mStore.findNumber(Res::AdminSession, "simClient", static_cast<std::uint32_t>(client))) return;
+    // A login that is being written has its session before the write that is queued here.
+    const bool loggingIn = mLoggingIn.erase(client) > 0;
+    if (!loggingIn && !mStore.findNumber(Res::AdminSession, "simClient", static_cast<std::uint32_t>(client)))
+        return;
     submit({[this, client](Transaction& tx) {
                 endAdminSessionsOfClient(tx, mParts.clock.now(), client);
                 return true;

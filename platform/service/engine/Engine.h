@@ -13,6 +13,7 @@
 
 #include <deque>
 #include <memory>
+#include <set>
 
 namespace zeqd {
 
@@ -81,6 +82,7 @@ private:
     std::unique_ptr<Transaction> mBatch;              ///< being written to disk
     std::vector<std::pair<Write, bool>> mBatchWrites; ///< with what each run answered
     std::size_t mHashing = 0;                         ///< logins and new passwords being worked out
+    std::set<ClientId> mLoggingIn;                    ///< clients whose login is in work
     bool mBusy = false;
     bool mRestart = false;
 };

@@ -80,6 +80,22 @@ void checkUnique(Context& context) {
     }
 }
 
+/// What the key points to has been removed, mostly while somebody had it on a page.
+std::string goneDetail(const KeyRow& row) {
+    struct GoneRow {
+        std::string_view resource;
+        const char* detail;
+    };
+    constexpr GoneRow kGone[] = {{"rx", "service.detail.no_rx"},
+                                 {"tx", "service.detail.no_tx"},
+                                 {"user", "service.detail.no_user"},
+                                 {"edid", "service.detail.no_edid"},
+                                 {"upgrade", "service.detail.no_upgrade"}};
+    for (const GoneRow& gone : kGone)
+        if (gone.resource == row.refersTo) return gone.detail;
+    return std::string(row.key);
+}
+
 /// A reference of 0 is none. One that is stored already stays good when its record has gone.
 void checkReferences(Context& context) {
     for (const KeyRow& row : context.after->rows()) {
@@ -88,7 +104,7 @@ void checkReferences(Context& context) {
         if (!value.isSet() || value.number() == 0 || !context.changes(row.key)) continue;
         const Res other = findResource(row.refersTo)->id;
         if (!context.tx.find(other, static_cast<std::uint32_t>(value.number())))
-            context.fail(Errno::NotFound, std::string(row.key));
+            context.fail(Errno::NotFound, goneDetail(row));
     }
 }
 
@@ -103,7 +119,7 @@ void checkListReferences(Context& context) {
         for (const Fields& entry : context.after->at(row.key).entries())
             if (!known.contains(entry[0].number()) &&
                 !context.tx.find(other, static_cast<std::uint32_t>(entry[0].number())))
-                return context.fail(Errno::NotFound, std::string(row.key));
+                return context.fail(Errno::NotFound, goneDetail(row.rows()[0]));
     }
 }
 

@@ -100,6 +100,25 @@ TEST(Engine, HashingDoesNotHoldUpOthers) {
     EXPECT_EQ(Answer(login.answer).error(), 0);
 }
 
+TEST(Engine, AClientThatLeavesDuringItsLoginLeavesNoSessionBehind) {
+    for (const int steps : {0, 1, 2}) {
+        Harness service;
+        const Pending login(
+            service, 9,
+            R"({"id":1,"method":"create","resource":"adminSession","params":{"username":"admin","password":"test-1","sessionType":"mirl"}})");
+        if (steps > 0) {
+            ASSERT_TRUE(service.executor.step(Lane::Hash));
+            service.engine->flush();
+        }
+        if (steps > 1) {
+            ASSERT_TRUE(service.executor.step(Lane::Disk));
+        }
+        service.engine->clientGone(9);
+        service.settle();
+        EXPECT_EQ(service.get("adminSession").error(), 1009) << "left after step " << steps;
+    }
+}
+
 TEST(Engine, AFloodOfLoginsIsTurnedAway) {
     Harness service;
     std::deque<Pending> logins;

@@ -203,7 +203,9 @@ TEST(Users, FavouritesOfARemovedTransmitterMayBeWrittenBack) {
     Harness service;
     ASSERT_EQ(service.remove("tx", 5).error(), 0);
     EXPECT_EQ(service.set("user", R"({"index":3,"favorite":[{"txIndex":7},{"txIndex":5}]})").error(), 0);
-    EXPECT_EQ(service.set("user", R"({"index":4,"favorite":[{"txIndex":5}]})").error(), 7);
+    const Answer refused = service.set("user", R"({"index":4,"favorite":[{"txIndex":5}]})");
+    EXPECT_EQ(refused.error(), 7);
+    EXPECT_EQ(refused.detail(), "service.detail.no_tx");
 }
 
 TEST(Users, AnInterfaceSessionEndsWithItsConnection) {
