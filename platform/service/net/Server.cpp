@@ -76,8 +76,7 @@ int Server::timeout() const {
 }
 
 void Server::run() {
-    bool stopping = false;
-    while (!stopping || !mEngine.idle()) {
+    while (!mStopping || !mEngine.idle()) {
         epoll_event events[kMaxEvents];
         const int count = epoll_wait(mEpoll, events, kMaxEvents, timeout());
         if (count < 0 && errno != EINTR)
@@ -85,7 +84,7 @@ void Server::run() {
         for (int i = 0; i < count; ++i) {
             const std::uint64_t tag = events[i].data.u64;
             if (tag == kStopTag) {
-                stopping = true;
+                mStopping = true;
                 epoll_ctl(mEpoll, EPOLL_CTL_DEL, mStop, nullptr);
             } else if (tag == kExecutorTag) {
                 mExecutor.drain();
@@ -104,7 +103,7 @@ void Server::run() {
         dropLate();
         mEngine.runDue();
         mEngine.flush();
-        stopping = stopping || mEngine.restartWanted();
+        mStopping = mStopping || mEngine.restartWanted();
     }
 }
 
@@ -145,7 +144,7 @@ void Server::readable(Client& client) {
 /// ahead has its next one in the next round, so that it does not keep the others waiting.
 void Server::serve(Client& client) {
     const ClientId id = client.id;
-    if (!client.waiting && client.out.empty()) {
+    if (!mStopping && !client.waiting && client.out.empty()) {
         const std::optional<std::string_view> frame = client.in.next();
         if (client.in.broken()) return drop(id);
         if (frame) {

@@ -61,6 +61,7 @@ private:
     int mEpoll;
     std::size_t mMaxClients;
     std::int64_t mEarliest = 0; ///< no client's deadline is before it; 0 = none has one
+    bool mStopping = false;     ///< no further request is taken
     ClientId mNextId = 100;     ///< smaller tags name the loop's own descriptors
     std::unordered_map<ClientId, Client> mClients;
     std::vector<ClientId> mAhead; ///< have sent more than the request they were served for

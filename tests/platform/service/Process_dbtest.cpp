@@ -114,6 +114,22 @@ TEST(Process, StopsCleanlyAndComesBack) {
     EXPECT_EQ(nameOf(client, 1), "kept");
 }
 
+TEST(Process, StopsUnderWritersAndKeepsWhatItAnswered) {
+    ZeqdProcess service;
+    std::vector<Writer> writers;
+    for (int rx = 1; rx <= 16; ++rx) writers.push_back({rx});
+    std::vector<std::thread> threads;
+    for (Writer& writer : writers) threads.emplace_back([&] { writer.run(service.socketPath()); });
+    RawClient client(service.socketPath());
+    for (int look = 0; look < 100000 && !nameOf(client, 16).starts_with("w"); ++look) continue;
+    EXPECT_EQ(service.stop(), 0);
+    for (std::thread& thread : threads) thread.join();
+    service.start();
+    RawClient reader(service.socketPath());
+    for (const Writer& writer : writers)
+        EXPECT_GE(std::atoi(nameOf(reader, writer.rx).c_str() + 1), writer.acknowledged);
+}
+
 TEST(Process, StopsWhileAFirmwareServerIsSilent) {
     ZeqdProcess service;
     const FileServer server("http", "stall", 1000);
