@@ -40,6 +40,69 @@ TEST(StandardItemModel, keepsValuesOfEveryRoleThroughShapeChanges) {
     EXPECT_EQ(mirror.complaint, "");
 }
 
+// A cell stores what it holds in several ways, by type and length.
+TEST(StandardItemModel, valuesComeOutAsTheyWentIn) {
+    struct Named {
+        int number;
+    };
+    const std::string longest(100'000, 'y');
+    const boost::any values[] = {boost::any(-1),
+                                 boost::any(0xffffffffu),
+                                 boost::any(1.5),
+                                 boost::any(true),
+                                 text(""),
+                                 boost::any(std::string("14 characters.")),
+                                 boost::any(std::string("15 characters..")),
+                                 boost::any(std::string("a\0b", 3)),
+                                 boost::any(longest),
+                                 boost::any(WString("x")),
+                                 boost::any(Named{3})};
+    const int count = static_cast<int>(std::size(values));
+    WStandardItemModel model(count, 1);
+    for (int row = 0; row < count; ++row) {
+        model.setData(row, 0, values[(row + 1) % count]); // every kind follows every other
+        model.setData(row, 0, values[row]);
+    }
+    EXPECT_TRUE(model.insertRows(0, 5));
+    EXPECT_TRUE(model.insertColumns(0, 1));
+    EXPECT_TRUE(model.removeRows(0, 5));
+    const ModelMirror mirror(model);
+    for (int row = 0; row < count; ++row) {
+        const boost::any held = model.data(row, 1, EditRole);
+        EXPECT_EQ(held.type(), values[row].type()) << row;
+        EXPECT_EQ(asString(held), asString(values[row])) << row;
+        if (row == count - 1) continue; // of a foreign type every value is another
+        EXPECT_TRUE(model.setData(row, 1, values[row])) << row;
+    }
+    EXPECT_EQ(mirror.changes, 0);
+    const boost::any bytes = model.data(7, 1);
+    EXPECT_EQ(boost::any_cast<std::string>(bytes).size(), 3u);
+    const boost::any own = model.data(count - 1, 1);
+    EXPECT_EQ(boost::any_cast<Named>(own).number, 3);
+    model.setData(8, 1, boost::any());
+    EXPECT_TRUE(model.data(8, 1).empty());
+    EXPECT_EQ(model.item(8, 1), nullptr);
+}
+
+TEST(StandardItemModel, itemsAreDeletedWithTheirCells) {
+    struct Counted : WStandardItem {
+        explicit Counted(int& alive) : mAlive(alive) { ++mAlive; }
+        ~Counted() override { --mAlive; }
+        int& mAlive;
+    };
+    int alive = 0;
+    WStandardItemModel model(3, 2);
+    for (int row = 0; row < 3; ++row) model.setItem(row, 1, new Counted(alive));
+    model.setItem(0, 1, new Counted(alive)); // in the place of another
+    EXPECT_EQ(alive, 3);
+    model.removeRows(0, 1);
+    EXPECT_EQ(alive, 2);
+    delete model.takeItem(0, 1);
+    EXPECT_EQ(alive, 1);
+    model.clear();
+    EXPECT_EQ(alive, 0);
+}
+
 TEST(StandardItemModel, refusesWhatIsOutOfRange) {
     WStandardItemModel model(2, 2), other(2, 2);
     const ModelMirror mirror(model);

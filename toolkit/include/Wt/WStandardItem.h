@@ -7,6 +7,10 @@ namespace Wt {
 
 class WStandardItemModel;
 
+namespace Impl {
+class ItemCell;
+}
+
 /// One item of a WStandardItemModel, with its data by role and a table of children that it owns.
 class WStandardItem {
 public:
@@ -83,30 +87,12 @@ protected:
 private:
     friend class WStandardItemModel;
 
-    /// A cell is an item, or, which is much smaller, just a value that becomes an item when somebody asks for
-    /// it.
-    struct Cell {
-        boost::any value; ///< empty when there is an item
-        WStandardItem* item = nullptr;
-    };
-    using Row = std::vector<Cell>; ///< mColumns cells
-    struct Children {
-        std::vector<Row> rows;
-        int columns = 0;
-    };
-    struct Rare {                       ///< what few items have
-        std::map<int, boost::any> data; ///< all roles but DisplayRole
-        Children children;
-        WStandardItemModel* model = nullptr; ///< of the root
-    };
-
+    struct Rare; // data of seldom roles, children, model: made on first use
     Rare& rare();
-    Children& children() { return rare().children; }
-    Cell* cell(int row, int column) const;      ///< null when out of range
-    WStandardItem* itemAt(int row, int column); ///< made when there is none; null when out of range
-    void put(Cell& cell, WStandardItem* item, int row);
+    Impl::ItemCell* cell(int row, int column) const; ///< null when out of range
+    WStandardItem* itemAt(int row, int column);      ///< made when there is none; null when out of range
+    void put(Impl::ItemCell& cell, WStandardItem* item, int row);
     void changed(int row, int column);
-    static void drop(Row& row);
 
     WStandardItem* mParent = nullptr;
     mutable int mRow = -1; ///< where it was last found in the parent

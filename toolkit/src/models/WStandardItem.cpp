@@ -1,11 +1,24 @@
 #include <Wt/WStandardItemModel.h>
 
 #include "models/Any.h"
+#include "models/ItemTable.h"
 
 #include <algorithm>
+#include <iterator>
 #include <numeric>
 
 namespace Wt {
+
+using Impl::ItemCell;
+
+namespace {
+
+void deleteItems(std::vector<ItemCell>& cells) {
+    for (const ItemCell& cell : cells) delete cell.item();
+    cells.clear();
+}
+
+} // namespace
 
 WStandardItem::WStandardItem() = default;
 WStandardItem::WStandardItem(const WString& text) {
@@ -22,12 +35,7 @@ WStandardItem::WStandardItem(int rows, int columns) {
 
 WStandardItem::~WStandardItem() {
     if (mRare)
-        for (Row& row : mRare->children.rows) drop(row);
-}
-
-void WStandardItem::drop(Row& row) {
-    for (Cell& cell : row) delete cell.item;
-    row.clear();
+        for (Rare::Row& row : mRare->rows) deleteItems(row);
 }
 
 WStandardItem::Rare& WStandardItem::rare() {
@@ -130,9 +138,10 @@ WStandardItem* WStandardItem::parent() const {
 
 int WStandardItem::row() const {
     if (!mParent) return -1;
-    const std::vector<Row>& rows = mParent->mRare->children.rows;
-    const auto holds = [this](const Row& row) {
-        return std::any_of(row.begin(), row.end(), [this](const Cell& cell) { return cell.item == this; });
+    const std::vector<Rare::Row>& rows = mParent->mRare->rows;
+    const auto holds = [this](const Rare::Row& row) {
+        return std::any_of(row.begin(), row.end(),
+                           [this](const ItemCell& cell) { return cell.item() == this; });
     };
     if (mRow < 0 || mRow >= static_cast<int>(rows.size()) || !holds(rows[mRow]))
         mRow = static_cast<int>(std::find_if(rows.begin(), rows.end(), holds) - rows.begin());
@@ -141,8 +150,8 @@ int WStandardItem::row() const {
 
 int WStandardItem::column() const {
     if (!mParent) return -1;
-    const Row& siblings = mParent->mRare->children.rows[row()];
-    const auto self = [this](const Cell& cell) { return cell.item == this; };
+    const Rare::Row& siblings = mParent->mRare->rows[row()];
+    const auto self = [this](const ItemCell& cell) { return cell.item() == this; };
     return static_cast<int>(std::find_if(siblings.begin(), siblings.end(), self) - siblings.begin());
 }
 
@@ -155,41 +164,40 @@ bool WStandardItem::hasChildren() const {
     return rowCount() > 0 && columnCount() > 0;
 }
 int WStandardItem::rowCount() const {
-    return mRare ? static_cast<int>(mRare->children.rows.size()) : 0;
+    return mRare ? static_cast<int>(mRare->rows.size()) : 0;
 }
 int WStandardItem::columnCount() const {
-    return mRare ? mRare->children.columns : 0;
+    return mRare ? mRare->columns : 0;
 }
 
-WStandardItem::Cell* WStandardItem::cell(int row, int column) const {
+ItemCell* WStandardItem::cell(int row, int column) const {
     if (row < 0 || column < 0 || row >= rowCount() || column >= columnCount()) return nullptr;
-    return &mRare->children.rows[row][column];
+    return &mRare->rows[row][column];
 }
 
 WStandardItem* WStandardItem::itemAt(int row, int column) {
-    Cell* at = cell(row, column);
+    ItemCell* at = cell(row, column);
     if (!at) return nullptr;
-    if (!at->item) {
+    if (!at->item()) {
         const WStandardItemModel* owner = model();
         WStandardItem* made =
             owner && owner->itemPrototype() ? owner->itemPrototype()->clone() : new WStandardItem;
-        if (!at->value.empty()) made->mValue.swap(at->value);
-        at->value.clear();
+        if (!at->empty()) made->mValue = at->value();
         put(*at, made, row);
     }
-    return at->item;
+    return at->item();
 }
 
-void WStandardItem::put(Cell& cell, WStandardItem* item, int row) {
-    cell.item = item;
+void WStandardItem::put(ItemCell& cell, WStandardItem* item, int row) {
+    cell.setItem(item);
     if (!item) return;
     item->mParent = this;
     item->mRow = row;
 }
 
 WStandardItem* WStandardItem::child(int row, int column) const {
-    const Cell* at = cell(row, column);
-    if (!at || (!at->item && at->value.empty())) return nullptr;
+    const ItemCell* at = cell(row, column);
+    if (!at || at->empty()) return nullptr;
     return const_cast<WStandardItem*>(this)->itemAt(row, column);
 }
 
@@ -200,10 +208,9 @@ void WStandardItem::setChild(int row, WStandardItem* item) {
 void WStandardItem::setChild(int row, int column, WStandardItem* item) {
     if (column >= columnCount()) setColumnCount(column + 1);
     if (row >= rowCount()) setRowCount(row + 1);
-    Cell* at = cell(row, column);
-    if (!at || (item && at->item == item)) return;
-    delete at->item;
-    at->value.clear();
+    ItemCell* at = cell(row, column);
+    if (!at || (item && at->item() == item)) return;
+    delete at->item();
     put(*at, item, row);
     changed(row, column);
 }
@@ -211,7 +218,7 @@ void WStandardItem::setChild(int row, int column, WStandardItem* item) {
 WStandardItem* WStandardItem::takeChild(int row, int column) {
     WStandardItem* taken = child(row, column);
     if (!taken) return nullptr;
-    cell(row, column)->item = nullptr;
+    cell(row, column)->clear();
     taken->mParent = nullptr;
     taken->mRow = -1;
     changed(row, column);
@@ -220,7 +227,7 @@ WStandardItem* WStandardItem::takeChild(int row, int column) {
 
 void WStandardItem::changed(int row, int column) {
     WStandardItemModel* owner = model();
-    if (owner) owner->tellChanged(cell(row, column)->item, owner->index(row, column, index()));
+    if (owner) owner->tellChanged(cell(row, column)->item(), owner->index(row, column, index()));
 }
 
 std::vector<WStandardItem*> WStandardItem::takeRow(int row) {
@@ -255,10 +262,12 @@ void WStandardItem::insertRows(int row, int count) {
     if (count <= 0 || row < 0 || row > rowCount()) return;
     WStandardItemModel* owner = model();
     if (owner) owner->beginInsertRows(index(), row, row + count - 1);
-    Children& table = children();
+    Rare& table = rare();
     if (table.columns == 0) table.columns = 1;
-    table.rows.insert(table.rows.begin() + row, count, Row());
-    for (int r = row; r < row + count; ++r) table.rows[r].resize(table.columns);
+    std::vector<Rare::Row> more(count);
+    for (Rare::Row& made : more) made.resize(table.columns);
+    table.rows.insert(table.rows.begin() + row, std::make_move_iterator(more.begin()),
+                      std::make_move_iterator(more.end()));
     if (owner) owner->endInsertRows();
 }
 
@@ -266,8 +275,8 @@ void WStandardItem::removeRows(int row, int count) {
     if (count <= 0 || row < 0 || count > rowCount() - row) return;
     WStandardItemModel* owner = model();
     if (owner) owner->beginRemoveRows(index(), row, row + count - 1);
-    std::vector<Row>& rows = children().rows;
-    for (int r = row; r < row + count; ++r) drop(rows[r]);
+    std::vector<Rare::Row>& rows = rare().rows;
+    for (int r = row; r < row + count; ++r) deleteItems(rows[r]);
     rows.erase(rows.begin() + row, rows.begin() + row + count);
     if (owner) owner->endRemoveRows();
 }
@@ -276,9 +285,9 @@ void WStandardItem::insertColumns(int column, int count) {
     if (count <= 0 || column < 0 || column > columnCount()) return;
     WStandardItemModel* owner = model();
     if (owner) owner->beginInsertColumns(index(), column, column + count - 1);
-    Children& table = children();
-    for (Row& row : table.rows) {
-        Row wider(table.columns + count);
+    Rare& table = rare();
+    for (Rare::Row& row : table.rows) {
+        Rare::Row wider(table.columns + count);
         std::swap_ranges(row.begin(), row.begin() + column, wider.begin());
         std::swap_ranges(row.begin() + column, row.end(), wider.begin() + column + count);
         row.swap(wider);
@@ -291,9 +300,9 @@ void WStandardItem::removeColumns(int column, int count) {
     if (count <= 0 || column < 0 || count > columnCount() - column) return;
     WStandardItemModel* owner = model();
     if (owner) owner->beginRemoveColumns(index(), column, column + count - 1);
-    Children& table = children();
-    for (Row& row : table.rows) {
-        for (int c = column; c < column + count; ++c) delete row[c].item;
+    Rare& table = rare();
+    for (Rare::Row& row : table.rows) {
+        for (int c = column; c < column + count; ++c) delete row[c].item();
         row.erase(row.begin() + column, row.begin() + column + count);
     }
     table.columns -= count;

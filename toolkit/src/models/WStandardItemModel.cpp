@@ -1,6 +1,6 @@
 #include <Wt/WStandardItemModel.h>
 
-#include "models/Any.h"
+#include "models/ItemTable.h"
 
 namespace Wt {
 
@@ -18,7 +18,6 @@ WStandardItemModel::WStandardItemModel(int rows, int columns, WObject* parent) :
 WStandardItemModel::~WStandardItemModel() = default;
 
 void WStandardItemModel::clear() {
-    mRoot->mRare->children = {};
     mRoot = std::make_unique<WStandardItem>();
     mRoot->rare().model = this;
     mColumnHeaders.clear();
@@ -30,8 +29,8 @@ WStandardItem* WStandardItemModel::tableOf(const WModelIndex& parent) const {
     if (!parent.isValid()) return mRoot.get();
     if (parent.model() != this || parent.isRawIndex()) return nullptr;
     const auto* table = static_cast<WStandardItem*>(parent.internalPointer());
-    const WStandardItem::Cell* cell = table->cell(parent.row(), parent.column());
-    return cell ? cell->item : nullptr;
+    const Impl::ItemCell* cell = table->cell(parent.row(), parent.column());
+    return cell ? cell->item() : nullptr;
 }
 
 WStandardItem* WStandardItemModel::itemFromIndex(const WModelIndex& index) const {
@@ -165,23 +164,23 @@ WFlags<ItemFlag> WStandardItemModel::flags(const WModelIndex& index) const {
 
 boost::any WStandardItemModel::data(const WModelIndex& index, int role) const {
     if (!index.isValid() || index.model() != this || index.isRawIndex()) return {};
-    const WStandardItem::Cell* cell =
+    const Impl::ItemCell* cell =
         static_cast<WStandardItem*>(index.internalPointer())->cell(index.row(), index.column());
     if (!cell) return {};
-    if (cell->item) return cell->item->data(role);
-    return role == DisplayRole || role == EditRole ? cell->value : boost::any();
+    if (const WStandardItem* item = cell->item()) return item->data(role);
+    return role == DisplayRole || role == EditRole ? cell->value() : boost::any();
 }
 
 bool WStandardItemModel::setData(const WModelIndex& index, const boost::any& value, int role) {
     if (!index.isValid() || index.model() != this || index.isRawIndex()) return false;
     auto* table = static_cast<WStandardItem*>(index.internalPointer());
-    WStandardItem::Cell* cell = table->cell(index.row(), index.column());
+    Impl::ItemCell* cell = table->cell(index.row(), index.column());
     if (!cell) return false;
     const bool shown = role == DisplayRole || role == EditRole;
-    if (cell->item || !shown || mPrototype) {
+    if (cell->item() || !shown || mPrototype) {
         table->itemAt(index.row(), index.column())->setData(value, role);
-    } else if (!Impl::sameValue(cell->value, value)) {
-        cell->value = value;
+    } else if (!cell->holds(value)) {
+        cell->setValue(value);
         tellChanged(nullptr, index);
     }
     return true;

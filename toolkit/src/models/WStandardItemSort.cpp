@@ -1,5 +1,6 @@
 #include <Wt/WStandardItemModel.h>
 
+#include "models/ItemTable.h"
 #include "models/StableSort.h"
 
 #include <numeric>
@@ -10,7 +11,7 @@ void WStandardItem::sortChildren(int column, SortOrder order) {
     if (column < 0 || column >= columnCount()) return;
     WStandardItemModel* owner = model();
     if (owner) owner->layoutAboutToBeChanged().emit();
-    std::vector<Row>& rows = mRare->children.rows;
+    std::vector<Rare::Row>& rows = mRare->rows;
     std::vector<WStandardItem*> keys(rows.size());
     for (std::size_t row = 0; row < rows.size(); ++row)
         keys[row] = itemAt(static_cast<int>(row), column); // an item's class decides how it compares
@@ -19,13 +20,13 @@ void WStandardItem::sortChildren(int column, SortOrder order) {
     Impl::stableSort(places, [&](int a, int b) {
         return order == AscendingOrder ? *keys[a] < *keys[b] : *keys[b] < *keys[a];
     });
-    std::vector<Row> sorted;
+    std::vector<Rare::Row> sorted;
     sorted.reserve(rows.size());
     for (int place : places) sorted.push_back(std::move(rows[place]));
     rows.swap(sorted);
-    for (Row& row : rows)
-        for (Cell& cell : row)
-            if (cell.item && cell.item->hasChildren()) cell.item->sortChildren(column, order);
+    for (Rare::Row& row : rows)
+        for (Impl::ItemCell& cell : row)
+            if (cell.item() && cell.item()->hasChildren()) cell.item()->sortChildren(column, order);
     if (owner) owner->layoutChanged().emit();
 }
 
