@@ -4,6 +4,8 @@
 #include <Wt/WLength.h>
 #include <Wt/WObject.h>
 
+#include <memory>
+
 namespace Wt {
 
 class WTable;
@@ -24,8 +26,8 @@ public:
 
     WTable* table() const { return mTable; }
     int rowNum() const { return mRow; }
-    WLength height() const { return mHeight; }
-    const std::string& styleClass() const { return mStyleClass; }
+    WLength height() const;
+    const std::string& styleClass() const;
     bool isHidden() const { return mHidden; }
     const std::string id() const override;
 
@@ -39,12 +41,15 @@ private:
     void childNodes(std::vector<Impl::RenderNode*>& children) override;
     bool nodeHidden() const override { return mHidden; }
 
+    struct Look; // height, style class, id: made on first use
+    Look& look();
+    const Look& seenLook() const;
+
     WTable* mTable;
     std::vector<WTableCell*> mCells; // owned
+    std::unique_ptr<Look> mLook;
     int mRow;
     bool mHidden = false;
-    WLength mHeight;
-    std::string mStyleClass, mGivenId;
 };
 
 } // namespace Wt

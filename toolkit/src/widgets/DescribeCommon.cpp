@@ -77,6 +77,7 @@ void WWebWidget::describe(Impl::ElementSpec& spec) {
 }
 
 void WWebWidget::describeSizes(Impl::ElementSpec& spec, const Look& look) const {
+    const Look::Rare& rare = look.seldom();
     for (const auto& [place, name] : kLengthNames) {
         const WLength length = look.length(static_cast<Look::Place>(place));
         if (length.isAuto()) continue;
@@ -85,10 +86,10 @@ void WWebWidget::describeSizes(Impl::ElementSpec& spec, const Look& look) const 
         const bool minimum = place == Look::MinWidth || place == Look::MinHeight;
         if (!minimum || length.value() != 0) spec.style(name, length.cssText());
     }
-    if (look.position != Static) spec.style("position", kPositions[look.position]);
-    if (look.floatSide == Left) spec.style("float", "left");
-    if (look.floatSide == Right) spec.style("float", "right");
-    if (const int clear = look.clearSides & (Left | Right); clear)
+    if (rare.position != Static) spec.style("position", kPositions[rare.position]);
+    if (rare.floatSide == Left) spec.style("float", "left");
+    if (rare.floatSide == Right) spec.style("float", "right");
+    if (const int clear = rare.clearSides & (Left | Right); clear)
         spec.style("clear", clear == Left ? "left" : clear == Right ? "right" : "both");
     if (look.vertical == AlignLength)
         spec.style("vertical-align", look.length(Look::VerticalLength).cssText());
@@ -100,24 +101,25 @@ void WWebWidget::describeCommon(Impl::ElementSpec& spec) const {
     if (mStyleClass) spec.styleClass(*mStyleClass);
     const bool inlineTag = naturallyInline(tag());
     if (inlineTag && !mInline) spec.style("display", "block");
-    if (mHidden || (mLook && !mLook->animation.empty()))
-        spec.propertyJson("wtHidden", hiddenJson(mHidden, mLook ? mLook->animation : WAnimation()));
+    const WAnimation animation = mLook ? mLook->seldom().animation : WAnimation();
+    if (mHidden || !animation.empty()) spec.propertyJson("wtHidden", hiddenJson(mHidden, animation));
     if (mPopup) spec.styleClass("Wt-popup");
     if (mLook) {
         const Look& look = *mLook;
+        const Look::Rare& rare = look.seldom();
         describeSizes(spec, look);
-        if (!look.givenId.empty()) spec.attribute("id", look.givenId);
+        if (!rare.givenId.empty()) spec.attribute("id", rare.givenId);
         if (!look.toolTip.literal() || !look.toolTip.empty()) {
             const std::string text = look.toolTip.toUTF8();
             if (!text.empty())
                 spec.attribute("title", look.toolTipFormat == PlainText ? text : Impl::xhtmlToPlain(text));
         }
-        if (look.tabIndex) spec.attribute("tabindex", std::to_string(*look.tabIndex));
-        if (look.unselectable) spec.styleClass("Wt-unselectable");
-        if (look.decoration)
-            look.decoration->forEachProperty(
+        if (rare.tabIndex) spec.attribute("tabindex", std::to_string(*rare.tabIndex));
+        if (rare.unselectable) spec.styleClass("Wt-unselectable");
+        if (rare.decoration)
+            rare.decoration->forEachProperty(
                 [&](const char* name, const std::string& value) { spec.style(name, value); });
-        for (const auto& [name, value] : look.attributes) spec.attribute(name, value.toUTF8());
+        for (const auto& [name, value] : rare.attributes) spec.attribute(name, value.toUTF8());
     }
     if (mSizeAware) spec.listen("size");
     const WWidget& outer = outermost();
@@ -129,13 +131,13 @@ void WWebWidget::browserEvent(std::string_view kind, const boost::json::object& 
     if (kind != "size" || !mSizeAware) return;
     const int width = Impl::foreignInt(event, "w"), height = Impl::foreignInt(event, "h");
     if (width < 0 || height < 0) return;
-    if (mLook->sizeWidth == width && mLook->sizeHeight == height) return;
-    mLook->sizeWidth = width;
-    mLook->sizeHeight = height;
+    if (mLook->seldom().sizeWidth == width && mLook->seldom().sizeHeight == height) return;
+    mLook->rare().sizeWidth = width;
+    mLook->rare().sizeHeight = height;
     mLook->reporting = true;
     Impl::Renderer* renderer = Impl::Renderer::current();
     const std::uint32_t id = nodeId();
-    mLook->sizeListener->layoutSizeChanged(width, height);
+    mLook->seldom().sizeListener->layoutSizeChanged(width, height);
     if (!renderer || renderer->find(id) == this) mLook->reporting = false; // else this is gone
 }
 

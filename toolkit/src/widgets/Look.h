@@ -36,42 +36,57 @@ struct WWebWidget::Look {
     };
 
     WLength length(Place place) const {
-        for (const auto& [where, length] : lengths)
+        for (const auto& [where, length] : mLengths)
             if (where == place) return length;
         return place == MinWidth || place == MinHeight ? WLength(0) : WLength::Auto;
     }
     /// False if it was that already.
     bool setLength(Place place, const WLength& length) {
         if (this->length(place) == length) return false;
-        const auto known = std::find_if(lengths.begin(), lengths.end(),
+        const auto known = std::find_if(mLengths.begin(), mLengths.end(),
                                         [&](const auto& entry) { return entry.first == place; });
-        if (known != lengths.end())
+        if (known != mLengths.end())
             known->second = length;
         else
-            lengths.emplace_back(place, length);
+            mLengths.emplace_back(place, length);
         return true;
     }
 
-    std::vector<std::pair<Place, WLength>> lengths;
-    std::vector<std::pair<std::string, WString>> attributes;
-    std::unique_ptr<WCssDecorationStyle> decoration;
+    /// What is seldom set even where there is a look.
+    struct Rare {
+        std::vector<std::pair<std::string, WString>> attributes;
+        std::unique_ptr<WCssDecorationStyle> decoration;
+        std::string givenId;
+        WWidget* sizeListener = nullptr;
+        int sizeWidth = -1, sizeHeight = -1; // as last reported
+        WAnimation animation;                // of the last setHidden()
+        std::optional<int> tabIndex;
+        PositionScheme position = Static;
+        Side floatSide = None;
+        WFlags<Side> clearSides;
+        bool unselectable = false;
+        bool canReceiveFocus = false;
+    };
+    Rare& rare() {
+        if (!mRare) mRare = std::make_unique<Rare>();
+        return *mRare;
+    }
+    const Rare& seldom() const {
+        static const Rare kNothing;
+        return mRare ? *mRare : kNothing;
+    }
+
     WString toolTip;
-    std::string givenId;
-    WWidget* sizeListener = nullptr;
-    WAnimation animation;                // of the last setHidden()
-    int sizeWidth = -1, sizeHeight = -1; // as last reported
-    std::optional<int> tabIndex;
-    PositionScheme position = Static;
-    Side floatSide = None;
-    WFlags<Side> clearSides;
     AlignmentFlag vertical = AlignBaseline;
     TextFormat toolTipFormat = PlainText;
     // A size that layoutSizeChanged() only gives back is no wish: the layout stays free (bit 1 width, bit 2
     // height).
     unsigned char echoed = 0;
     bool reporting = false;
-    bool unselectable = false;
-    bool canReceiveFocus = false;
+
+private:
+    std::vector<std::pair<Place, WLength>> mLengths;
+    std::unique_ptr<Rare> mRare;
 };
 
 } // namespace Wt

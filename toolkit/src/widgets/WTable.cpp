@@ -184,6 +184,21 @@ void WTable::propagateSetVisible(bool visible) {
     WInteractWidget::propagateSetVisible(visible);
 }
 
+struct WTableRow::Look {
+    WLength height;
+    std::string styleClass, givenId;
+};
+
+WTableRow::Look& WTableRow::look() {
+    if (!mLook) mLook = std::make_unique<Look>();
+    return *mLook;
+}
+
+const WTableRow::Look& WTableRow::seenLook() const {
+    static const Look kPlain;
+    return mLook ? *mLook : kPlain;
+}
+
 WTableRow::WTableRow(WTable* table, int row) : mTable(table), mRow(row) {
     setOwner(*this, table);
 }
@@ -197,13 +212,21 @@ WTableCell* WTableRow::elementAt(int column) {
 }
 
 void WTableRow::setHeight(const WLength& height) {
-    mHeight = height;
+    look().height = height;
     nodeChanged();
 }
 
+WLength WTableRow::height() const {
+    return seenLook().height;
+}
+
 void WTableRow::setStyleClass(const WString& styleClass) {
-    mStyleClass = styleClass.toUTF8();
+    look().styleClass = styleClass.toUTF8();
     nodeChanged();
+}
+
+const std::string& WTableRow::styleClass() const {
+    return seenLook().styleClass;
 }
 
 void WTableRow::setHidden(bool hidden) {
@@ -213,19 +236,21 @@ void WTableRow::setHidden(bool hidden) {
 }
 
 void WTableRow::setId(const std::string& id) {
-    mGivenId = id;
+    look().givenId = id;
     nodeChanged();
 }
 
 const std::string WTableRow::id() const {
-    return mGivenId.empty() ? "o" + std::to_string(nodeId()) : mGivenId;
+    const std::string& given = seenLook().givenId;
+    return given.empty() ? "o" + std::to_string(nodeId()) : given;
 }
 
 void WTableRow::describe(Impl::ElementSpec& spec) {
     spec.tag("tr");
-    spec.styleClass(mStyleClass);
-    if (!mGivenId.empty()) spec.attribute("id", mGivenId);
-    if (!mHeight.isAuto()) spec.style("height", mHeight.cssText());
+    const Look& look = seenLook();
+    spec.styleClass(look.styleClass);
+    if (!look.givenId.empty()) spec.attribute("id", look.givenId);
+    if (!look.height.isAuto()) spec.style("height", look.height.cssText());
     if (mHidden) spec.propertyJson("wtHidden", "[true]");
 }
 

@@ -64,12 +64,12 @@ Impl::RenderNode* WWebWidget::nodeOf(const WWidget* widget) {
 
 void WWebWidget::setPositionScheme(PositionScheme scheme) {
     if (positionScheme() == scheme) return;
-    look().position = scheme;
+    look().rare().position = scheme;
     nodeChanged();
 }
 
 PositionScheme WWebWidget::positionScheme() const {
-    return mLook ? mLook->position : Static;
+    return mLook ? mLook->seldom().position : Static;
 }
 
 void WWebWidget::setLengths(int first, const WLength& length, WFlags<Side> sides) {
@@ -88,7 +88,7 @@ void WWebWidget::setLength(int place, const WLength& length) {
 void WWebWidget::noteEcho(int place, const WLength& length) {
     Look& own = look();
     const auto bit = static_cast<unsigned char>(place == Look::Width ? 1 : 2);
-    const WLength told(place == Look::Width ? own.sizeWidth : own.sizeHeight);
+    const WLength told(place == Look::Width ? own.seldom().sizeWidth : own.seldom().sizeHeight);
     const bool free = (own.echoed & bit) || own.length(static_cast<Look::Place>(place)).isAuto();
     const unsigned char before = own.echoed;
     if (own.reporting && length == told && free)
@@ -166,21 +166,21 @@ WLength WWebWidget::lineHeight() const {
 }
 
 void WWebWidget::setFloatSide(Side side) {
-    look().floatSide = side;
+    look().rare().floatSide = side;
     nodeChanged();
 }
 
 Side WWebWidget::floatSide() const {
-    return mLook ? mLook->floatSide : None;
+    return mLook ? mLook->seldom().floatSide : None;
 }
 
 void WWebWidget::setClearSides(WFlags<Side> sides) {
-    look().clearSides = sides;
+    look().rare().clearSides = sides;
     nodeChanged();
 }
 
 WFlags<Side> WWebWidget::clearSides() const {
-    return mLook ? mLook->clearSides : WFlags<Side>();
+    return mLook ? mLook->seldom().clearSides : WFlags<Side>();
 }
 
 void WWebWidget::setInline(bool isInline) {
@@ -196,7 +196,7 @@ void WWebWidget::setPopup(bool popup) {
 }
 
 WCssDecorationStyle& WWebWidget::decorationStyle() {
-    auto& decoration = look().decoration;
+    auto& decoration = look().rare().decoration;
     if (!decoration) {
         decoration = std::make_unique<WCssDecorationStyle>();
         decoration->mChanged = [this] { nodeChanged(); };
@@ -270,7 +270,8 @@ WString WWebWidget::toolTip() const {
 void WWebWidget::setHidden(bool hidden, const WAnimation& animation) {
     if (mHidden == hidden) return;
     mHidden = hidden;
-    if (mLook || !animation.empty()) look().animation = animation;
+    if (!animation.empty() || (mLook && !mLook->seldom().animation.empty()))
+        look().rare().animation = animation;
     nodeChanged();
     if (WWidget* owner = parent(); !owner || owner->isVisible()) propagateSetVisible(!hidden);
 }
@@ -299,7 +300,7 @@ bool WWebWidget::nodeAcceptsEvents() const {
 }
 
 void WWebWidget::setAttributeValue(const std::string& name, const WString& value) {
-    auto& attributes = look().attributes;
+    auto& attributes = look().rare().attributes;
     for (auto& [known, text] : attributes)
         if (known == name) {
             if (text == value) return;
@@ -312,43 +313,44 @@ void WWebWidget::setAttributeValue(const std::string& name, const WString& value
 
 WString WWebWidget::attributeValue(const std::string& name) const {
     if (mLook)
-        for (const auto& [known, text] : mLook->attributes)
+        for (const auto& [known, text] : mLook->seldom().attributes)
             if (known == name) return text;
     return WString();
 }
 
 void WWebWidget::setId(const std::string& id) {
-    look().givenId = id;
+    look().rare().givenId = id;
     nodeChanged();
 }
 
 const std::string WWebWidget::id() const {
-    return mLook && !mLook->givenId.empty() ? mLook->givenId : "o" + std::to_string(nodeId());
+    return mLook && !mLook->seldom().givenId.empty() ? mLook->seldom().givenId
+                                                     : "o" + std::to_string(nodeId());
 }
 
 void WWebWidget::setSelectable(bool selectable) {
-    look().unselectable = !selectable;
+    look().rare().unselectable = !selectable;
     nodeChanged();
 }
 
 void WWebWidget::setCanReceiveFocus(bool enabled) {
-    look().canReceiveFocus = enabled;
-    if (!look().tabIndex) look().tabIndex = enabled ? 0 : -1;
+    look().rare().canReceiveFocus = enabled;
+    if (!look().rare().tabIndex) look().rare().tabIndex = enabled ? 0 : -1;
     nodeChanged();
 }
 
 bool WWebWidget::canReceiveFocus() const {
-    return mLook && mLook->canReceiveFocus;
+    return mLook && mLook->seldom().canReceiveFocus;
 }
 
 void WWebWidget::setTabIndex(int index) {
-    if (mLook && mLook->tabIndex == index) return;
-    look().tabIndex = index;
+    if (mLook && mLook->seldom().tabIndex == index) return;
+    look().rare().tabIndex = index;
     nodeChanged();
 }
 
 int WWebWidget::tabIndex() const {
-    return mLook && mLook->tabIndex ? *mLook->tabIndex : canReceiveFocus() ? 0 : -1;
+    return mLook && mLook->seldom().tabIndex ? *mLook->seldom().tabIndex : canReceiveFocus() ? 0 : -1;
 }
 
 void WWebWidget::setFocus(bool focus) {
@@ -371,9 +373,9 @@ void WWebWidget::refresh() {
 }
 
 void WWebWidget::setSizeAware(WWidget* listener, bool aware) {
-    if (mSizeAware == aware && (!aware || mLook->sizeListener == listener)) return;
+    if (mSizeAware == aware && (!aware || mLook->seldom().sizeListener == listener)) return;
     mSizeAware = aware;
-    if (aware) look().sizeListener = listener;
+    if (aware) look().rare().sizeListener = listener;
     nodeChanged();
 }
 
