@@ -40,6 +40,8 @@ if(MIRL_SANITIZE)
     endif()
 elseif(CMAKE_BUILD_TYPE STREQUAL "Release")
     target_compile_definitions(mirl_flags INTERFACE _FORTIFY_SOURCE=2 _GLIBCXX_ASSERTIONS)
+    # Packed relocations: half a megabyte less that the loader reads, and mirl keeps in memory.
+    target_link_options(mirl_flags INTERFACE -Wl,-z,pack-relative-relocs)
     option(MIRL_LTO "Link-time optimisation of the release build" ON)
     if(MIRL_LTO)
         set(CMAKE_INTERPROCEDURAL_OPTIMIZATION ON)
