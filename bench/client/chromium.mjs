@@ -60,6 +60,7 @@ export async function firstLoad(browser, server, selector) {
     }, selector);
     await page.goto(`${server.tls ? 'https' : 'http'}://127.0.0.1:${proxy.port}/`);
     await page.waitForFunction(() => globalThis.usableAt !== undefined);
+    await page.waitForLoadState('networkidle'); // an image may be under way: count it whole, to leave it out whole
     const bytes = proxy.bytes - images.sum;
     const ms = await page.evaluate(() => globalThis.usableAt);
     await page.context().close();

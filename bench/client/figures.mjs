@@ -2,7 +2,7 @@
 import { cleanUp } from './program.mjs';
 
 export function print(name, value, unit, target) {
-    console.log(name, Number(value.toFixed(Math.abs(value) < 10 ? 2 : 0)), unit, target);
+    console.log(name, Number(value.toFixed(Math.abs(value) < 20 ? 2 : 0)), unit, target);
 }
 
 /** @param {number[]} values @param {number} share */

@@ -34,7 +34,7 @@ export class Program {
     static start(file, words, { env = {}, cwd, said = /port (\d+)/ } = {}) {
         return new Promise((resolve, reject) => {
             const program = new Program();
-            program.child = spawn(file, words, { stdio: ['ignore', 'pipe', 'inherit'], env: { ...process.env, ...env }, cwd });
+            program.child = spawn(file, words, { stdio: ['ignore', 'pipe', said ? 'inherit' : 'ignore'], env: { ...process.env, ...env }, cwd });
             program.ended = new Promise(done => program.child.on('exit', done));
             running.add(program);
             program.child.on('error', reject);
