@@ -90,7 +90,7 @@ def group_checks():
 
 def group_browser():
     folder = os.path.join(TOP, 'tests', 'browser')
-    if not build('release', ['mirl', 'zeqd', 'zeqctl', 'docroot']):
+    if not build('release', ['mirl', 'zeqd', 'zeqctl', 'docroot', 'gallery']):
         return 0, 1
     installed = os.path.join(folder, 'node_modules', '.package-lock.json')
     if not os.path.isfile(installed) or os.path.getmtime(installed) < os.path.getmtime(os.path.join(folder, 'package-lock.json')):
@@ -108,7 +108,7 @@ def group_browser():
 
 
 # Suites in which threads meet: connections, sessions, their mailboxes and channels.
-THREADED = ('AccessLog*:AddressCounter*:Channel*:Http*:Mailbox*:Multipart*:Page.*:Request*:ResourceTest*:'
+THREADED = ('AccessLog*:AddressCounter*:Channel*:DeadlineTest*:Http*:Mailbox*:Multipart*:Page.*:Request*:ResourceTest*:'
             'ServerConfig*:SessionRegistry*:StaticFiles*:TlsTest*:UpdateLock*')
 
 UNIT = ['toolkit_tests', 'platform_tests', 'app_tests', 'fuzz_tests']

@@ -1,11 +1,15 @@
 #include "Gallery.h"
 
+#include "FileSection.h"
+#include "ListSections.h"
+
 #include <Wt/WAnchor>
 #include <Wt/WAnimation>
 #include <Wt/WCheckBox>
 #include <Wt/WComboBox>
 #include <Wt/WContainerWidget>
 #include <Wt/WDialog>
+#include <Wt/WEnvironment>
 #include <Wt/WGridLayout>
 #include <Wt/WHBoxLayout>
 #include <Wt/WIconPair>
@@ -14,6 +18,7 @@
 #include <Wt/WLineEdit>
 #include <Wt/WPushButton>
 #include <Wt/WRegExpValidator>
+#include <Wt/WTabWidget>
 #include <Wt/WTable>
 #include <Wt/WTableCell>
 #include <Wt/WText>
@@ -23,7 +28,11 @@
 
 #include <boost/bind/bind.hpp>
 
+#include <atomic>
+
 namespace {
+
+std::atomic<int> living = 0; // applications of this process
 
 /// Follows the layout's height, as panels of the product do.
 class SizedPanel : public Wt::WContainerWidget {
@@ -54,11 +63,24 @@ Gallery::Gallery(const Wt::WEnvironment& environment) : Wt::WApplication(environ
     mLog->setId("log");
     mLog->setInline(false);
     mSections = new Wt::WContainerWidget(root());
-    buildForms();
-    buildTimers();
-    buildDialogs();
-    buildText();
-    buildLayouts();
+    const std::string* wanted = environment.getParameter("show");
+    const auto shows = [&](const char* name) { return !wanted || wanted->find(name) != wanted->npos; };
+    if (shows("forms")) buildForms();
+    if (shows("timers")) buildTimers();
+    if (shows("dialogs")) buildDialogs();
+    if (shows("text")) buildText();
+    if (shows("layouts")) buildLayouts();
+    if (shows("tabs")) buildTabs();
+    if (shows("table")) new TableSection(section("Table"));
+    if (shows("refresh")) new RefreshSection(section("Refresh"));
+    if (shows("files")) new FileSection(section("Files"));
+    if (shows("ends")) buildEnds();
+    if (shows("counter")) buildCounter();
+    ++living;
+}
+
+Gallery::~Gallery() {
+    --living;
 }
 
 Wt::WContainerWidget* Gallery::section(const char* title) {
@@ -98,6 +120,7 @@ void Gallery::buildForms() {
 
     auto* combo = new Wt::WComboBox(table->elementAt(3, 1));
     combo->setId("combo");
+    combo->setAttributeValue("aria-label", "Colour");
     for (const char* text : {"red", "green", "blue"}) combo->addItem(text);
     combo->activated().connect(std::bind([=, this] { mLog->setText("combo " + combo->currentText()); }));
 
@@ -151,8 +174,10 @@ void Gallery::askWithDialog() {
     new Wt::WText("Go on?", dialog.contents());
     auto* field = new Wt::WLineEdit(dialog.contents());
     field->setId("answer");
+    field->setAttributeValue("aria-label", "Answer");
     auto* yes = new Wt::WPushButton("Yes", dialog.footer());
     yes->setId("yes");
+    yes->setDefault(true);
     yes->clicked().connect(&dialog, &Wt::WDialog::accept);
     auto* more = new Wt::WPushButton("More", dialog.footer());
     more->setId("more");
@@ -169,6 +194,46 @@ void Gallery::buildDialogs() {
     auto* leave = new Wt::WPushButton("Quit", box);
     leave->setId("quit");
     leave->clicked().connect(std::bind([this] { quit(); }));
+}
+
+void Gallery::buildTabs() {
+    auto* tabs = new Wt::WTabWidget(section("Tabs"));
+    tabs->setId("tabs");
+    for (const char* name : {"first", "second", "third"}) {
+        auto* pane = new Wt::WContainerWidget;
+        auto* field = new Wt::WLineEdit(pane);
+        field->setId(std::string(name) + "-field");
+        field->setAttributeValue("aria-label", name);
+        tabs->addTab(pane, name);
+    }
+    tabs->setTabEnabled(1, false);
+    tabs->currentChanged().connect([this](int index) { mLog->setText(Wt::WString("tab {1}").arg(index)); });
+}
+
+/// Every press counts once: #counted says how many came.
+void Gallery::buildCounter() {
+    Wt::WContainerWidget* box = section("Counter");
+    auto* more = new Wt::WPushButton("More", box);
+    more->setId("more-by-one");
+    auto* counted = new Wt::WText("0", box);
+    counted->setId("counted");
+    more->clicked().connect(std::bind([=, this] { counted->setText(Wt::WString("{1}").arg(++mCounted)); }));
+}
+
+/// What ends sessions, and how many of them there are.
+void Gallery::buildEnds() {
+    Wt::WContainerWidget* box = section("Ends");
+    auto* count = new Wt::WPushButton("Count", box);
+    count->setId("count");
+    count->clicked().connect(
+        std::bind([this] { mLog->setText(Wt::WString("living {1}").arg(living.load())); }));
+    auto* soon = new Wt::WPushButton("End soon", box);
+    soon->setId("soon");
+    auto* timer = new Wt::WTimer(this);
+    timer->setInterval(300);
+    timer->setSingleShot(true);
+    timer->timeout().connect(std::bind([this] { quit(); }));
+    soon->clicked().connect(timer, &Wt::WTimer::start);
 }
 
 void Gallery::buildText() {

@@ -8,10 +8,12 @@ class WText;
 class WTimer;
 } // namespace Wt
 
-/// One section a widget family. Elements that a test looks for have ids of their own.
+/// One section a widget family, those that the address asks for by `?show=tabs,files`, else all. Elements
+/// that a test looks for have ids of their own.
 class Gallery : public Wt::WApplication {
 public:
     explicit Gallery(const Wt::WEnvironment& environment);
+    ~Gallery() override;
 
 private:
     void buildForms();
@@ -19,6 +21,9 @@ private:
     void buildDialogs();
     void buildTimers();
     void buildText();
+    void buildTabs();
+    void buildEnds();
+    void buildCounter();
     Wt::WContainerWidget* section(const char* title);
     void askWithDialog();
     void nestedDialog();
@@ -27,5 +32,5 @@ private:
     Wt::WContainerWidget* mSections;
     Wt::WText* mLog;
     Wt::WTimer* mTimer = nullptr;
-    int mTicks = 0;
+    int mTicks = 0, mCounted = 0;
 };

@@ -69,16 +69,20 @@ export class Divider {
             wanted = Math.max(0, before + (this.horizontal ? moved.clientX : moved.clientY) - origin);
             this.tell(wanted);
         };
+        const up = released => {
+            move(released);
+            end();
+        };
         const end = () => {
             this.element.removeEventListener('pointermove', move);
-            this.element.removeEventListener('pointerup', end);
+            this.element.removeEventListener('pointerup', up);
             this.element.removeEventListener('pointercancel', end);
             this.element.classList.remove('Wt-dragging');
         };
         this.element.classList.add('Wt-dragging');
         this.element.setPointerCapture(event.pointerId);
         this.element.addEventListener('pointermove', move);
-        this.element.addEventListener('pointerup', end);
+        this.element.addEventListener('pointerup', up);
         this.element.addEventListener('pointercancel', end);
     }
 }

@@ -80,6 +80,7 @@ export class Page {
      */
     sendLatest(key, make) {
         if (!this.transport.keys.has(key)) {
+            this.postponed.delete(key); // older than this one
             const event = make();
             if (event) this.send(event, key);
             return;

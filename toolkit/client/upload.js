@@ -18,13 +18,14 @@ export class Upload {
       if (this.input.files?.length) this.send_({ a: 'changed' });
     });
     root.prepend(this.input);
-    // What the widget says about itself holds for the field in it.
+    // What the widget says about itself holds for the field in it; without a word it is a file at least.
     const follow = () => {
       this.input.disabled = root.getAttribute('aria-disabled') === 'true';
       for (const name of NAMES) this.input.setAttribute(name, root.getAttribute(name) ?? '');
+      if (!NAMES.some(name => root.hasAttribute(name))) this.input.setAttribute('aria-label', root.title || 'File');
     };
     this.watch = new MutationObserver(follow);
-    this.watch.observe(root, { attributes: true, attributeFilter: ['aria-disabled', ...NAMES] });
+    this.watch.observe(root, { attributes: true, attributeFilter: ['aria-disabled', 'title', ...NAMES] });
     follow();
     /** @type {XMLHttpRequest|null} */
     this.request = null;
@@ -42,6 +43,7 @@ export class Upload {
     if (!file) return this.send_({ a: 'none' });
     const form = new FormData();
     form.append('data', file, file.name);
+    this.request?.abort(); // one that the server has refused may still be sending
     const request = new XMLHttpRequest();
     this.request = request;
     request.upload.addEventListener('progress', event => {
@@ -51,6 +53,7 @@ export class Upload {
       this.send_({ a: 'progress', sent: event.loaded, all: event.total }, 'progress');
     });
     const ended = () => {
+      if (this.request !== request) return;
       this.request = null;
       // 413 is told by the server itself.
       if (request.status !== 200 && request.status !== 413) this.send_({ a: 'failed' });
