@@ -71,6 +71,8 @@ TEST(RequestParser, RefusesWithTheRightStatusHoweverTheBytesArrive) {
          "POST / HTTP/1.1\r\n" + host +
              "Transfer-Encoding: chunked\r\n\r\n3\r\nhel\r\n2;x=y\r\nlo\r\n0\r\nT: 1\r\n\r\n",
          0, "hello"},
+        {"no chunk but the last",
+         "POST / HTTP/1.1\r\n" + host + "Transfer-Encoding: chunked\r\n\r\n0\r\n\r\n", 0, ""},
         {"bad chunk", "POST / HTTP/1.1\r\n" + host + "Transfer-Encoding: chunked\r\n\r\nzz\r\nhel", 400, ""},
         {"two lengths", "POST / HTTP/1.1\r\n" + host + "Content-Length: 5\r\nContent-Length: 6\r\n\r\nhello",
          400, ""},

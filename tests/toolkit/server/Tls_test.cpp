@@ -1,3 +1,4 @@
+#include "server/Deadline.h"
 #include "tests/toolkit/support/TestClient.h"
 #include "tests/toolkit/support/TestServer.h"
 
@@ -66,6 +67,14 @@ TEST_F(TlsTest, OnePortSpeaksBothAndTlsHasItsOwnHeaders) {
                   url + "/"),
               "000");
     EXPECT_EQ(run("curl -sk --tls-max 1.2 -o /dev/null -w '%{http_code}' " + url + "/"), "200");
+
+    Deadline::hurry(100);
+    for (const std::string& begun : {std::string(), std::string("\x16\x03\x01\x02", 4)}) {
+        TestClient slow(server.port()); // never ends its handshake
+        slow.send(begun);
+        EXPECT_TRUE(slow.isClosed());
+    }
+    Deadline::hurry(1);
 
     TestClient broken(server.port());
     broken.send(std::string("\x16\x03\x01\x00\x05hello", 10));

@@ -18,6 +18,11 @@ public:
     void in(std::chrono::steady_clock::duration time);
     void off();
 
+    /// For tests: from now on every deadline of a connection comes so many times sooner. 1 in a server that
+    /// serves.
+    static void hurry(int times);
+    static std::chrono::steady_clock::duration hurried(std::chrono::steady_clock::duration time);
+
 private:
     struct State;
     static void arm(const std::shared_ptr<State>& state);

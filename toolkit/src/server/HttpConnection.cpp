@@ -183,8 +183,7 @@ Awaitable<std::optional<std::string>> HttpConnection::readForm(std::size_t limit
         body.append(piece);
         return 0;
     };
-    mDeadline.in(kFormDeadline);
-    const int status = co_await readBody(limit, std::chrono::steady_clock::duration::zero(), take);
+    const int status = co_await readBody(limit, kNoStall, take);
     if (status == 0) co_return body;
     co_await respond(errorResponse(status));
     co_return std::nullopt;
@@ -196,6 +195,7 @@ Awaitable<int> HttpConnection::readBody(std::uint64_t limit, std::chrono::steady
     if (!request().hasBody) co_return 0;
     if (!mParser.allowBody(limit)) co_return 413;
     if (request().header("expect") == "100-continue") co_await send("HTTP/1.1 100 Continue\r\n\r\n");
+    if (perPiece == kNoStall) mDeadline.in(kFormDeadline);
 
     std::uint64_t taken = 0;
     while (!mParser.bodyDone()) {
@@ -207,7 +207,7 @@ Awaitable<int> HttpConnection::readBody(std::uint64_t limit, std::chrono::steady
         if (const int refusal = piece.empty() ? 0 : take(piece); refusal != 0) co_return refusal;
         mInput.consume(used);
         if (used != 0) continue;
-        if (perPiece != perPiece.zero()) mDeadline.in(perPiece);
+        if (perPiece != kNoStall) mDeadline.in(perPiece);
         const bool more = co_await fill(kBodyBuffer);
         if (!more) {
             if (mTimedOut) co_return 408;

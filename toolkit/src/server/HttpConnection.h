@@ -52,7 +52,9 @@ public:
     Awaitable<std::optional<std::string>> readForm(std::size_t limit);
 
     /// The body in pieces. `take` may refuse with a status. 0 when all was read, otherwise the status to
-    /// answer.
+    /// answer. `perPiece`: the pause that is allowed between two pieces; kNoStall: the whole body has to come
+    /// within kFormDeadline.
+    static constexpr std::chrono::steady_clock::duration kNoStall{0};
     Awaitable<int> readBody(std::uint64_t limit, std::chrono::steady_clock::duration perPiece,
                             const std::function<int(std::string_view)>& take);
 

@@ -159,13 +159,17 @@ int MultipartParser::takeBoundaryEnd() {
 }
 
 int MultipartParser::takeHead() {
-    const std::size_t end = mBuffer.find("\r\n\r\n");
-    if (std::min(end, mBuffer.size()) > kMultipartHeadBytes) return 400;
+    constexpr std::string_view kEnd = "\r\n\r\n";
+    const std::size_t end = mBuffer.find(kEnd);
+    // All of the end but its last byte may be there already.
+    const std::size_t least =
+        end == mBuffer.npos ? mBuffer.size() - std::min(mBuffer.size(), kEnd.size() - 1) : end;
+    if (least > kMultipartHeadBytes) return 400;
     mNeedsMore = end == mBuffer.npos;
     if (mNeedsMore) return 0;
     PartHead head;
     if (++mParts > kFormFields || !parsePartHead(std::string_view(mBuffer).substr(0, end), head)) return 400;
-    mBuffer.erase(0, end + 4);
+    mBuffer.erase(0, end + kEnd.size());
     mState = State::Body;
     return mSink.beginPart(head);
 }

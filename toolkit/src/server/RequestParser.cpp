@@ -140,8 +140,12 @@ bool RequestParser::allowBody(std::uint64_t limit) {
 }
 
 std::size_t RequestParser::putBody(std::string_view bytes, std::string_view& piece) {
-    error_code ec;
     mParser->piece = {};
+    // Whatever a chunked body has left, "0\r\n\r\n" is still to come. Beast wants to see that much at once:
+    // it asserts so when a last chunk arrives in smaller pieces.
+    constexpr std::size_t kLastChunkBytes = 5;
+    if (mParser->chunked() && bytes.size() < kLastChunkBytes) return 0;
+    error_code ec;
     const std::size_t used = mParser->put(boost::asio::const_buffer(bytes.data(), bytes.size()), ec);
     if (ec && ec != http::error::need_more && mParser->status == 0) mParser->status = statusOf(ec);
     piece = mParser->piece;

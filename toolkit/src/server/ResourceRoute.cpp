@@ -115,7 +115,7 @@ Awaitable<int> readInto(HttpConnection& connection, HttpExchange& exchange) {
             body.append(piece);
             return 0;
         };
-        const int status = co_await connection.readBody(kFormBytes, kUploadStall, keep);
+        const int status = co_await connection.readBody(kFormBytes, HttpConnection::kNoStall, keep);
         if (status != 0) co_return status;
         if (type.starts_with("application/x-www-form-urlencoded")) {
             auto fields = parseParameters(body);

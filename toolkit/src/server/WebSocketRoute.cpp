@@ -84,8 +84,8 @@ Awaitable<void> PageSocket::run() {
 
 void PageSocket::configure() {
     websocket::stream_base::timeout timeouts{};
-    timeouts.handshake_timeout = kHelloDeadline;
-    timeouts.idle_timeout = kWebSocketIdle; // after half of it a ping is sent
+    timeouts.handshake_timeout = Deadline::hurried(kHelloDeadline);
+    timeouts.idle_timeout = Deadline::hurried(kWebSocketIdle); // after half of it a ping is sent
     timeouts.keep_alive_pings = true;
     mSocket.set_option(timeouts);
     mSocket.read_message_max(kEventMessageBytes);
