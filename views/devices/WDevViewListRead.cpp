@@ -133,7 +133,8 @@ void WDevViewList::readGroup(const Group& group, ZeqClient_s* client) {
         setCell(row, Status, group.status(device, busy));
         mModel->setData(row, Status,
                         boost::any(Wt::WString(devStatusMark(zeqRowText(device, "status"),
-                                                             zeqRowText(device, "upgradeStatus")))),
+                                                             zeqRowText(device, "upgradeStatus"),
+                                                             zeqRowText(device, "usage")))),
                         Wt::StyleClassRole);
         setCell(row, Firmware, zeqRowText(device, "firmwareVersion"));
         ++row;
