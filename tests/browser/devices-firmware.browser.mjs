@@ -32,15 +32,15 @@ async function newFile(page, source) {
 async function upload(page, file) {
   await inDialog(page, 'File').click();
   await dialog(page).getByText('Choose the file to be transferred').waitFor();
-  assert.equal(await dialog(page).getByRole('button', { name: 'Send' }).isEnabled(), false);
+  assert.equal(await dialog(page).getByRole('button', { name: 'Send', exact: true }).isEnabled(), false);
   await dialog(page).locator('input[type="file"]').setInputFiles(file);
-  await until('Send can be pressed', () => dialog(page).getByRole('button', { name: 'Send' }).isEnabled());
+  await until('Send can be pressed', () => dialog(page).getByRole('button', { name: 'Send', exact: true }).isEnabled());
   await press(page, 'Send');
   await dialog(page).getByText('Completed.').waitFor();
 }
 
 const proceed = async (page) => {
-  await until('Proceed can be pressed', () => dialog(page).getByRole('button', { name: 'Proceed' }).isEnabled());
+  await until('Proceed can be pressed', () => dialog(page).getByRole('button', { name: 'Proceed', exact: true }).isEnabled());
   await press(page, 'Proceed');
 };
 
@@ -150,7 +150,7 @@ test('remembered files: a login asked for, deletion, and no ninth', async (t) =>
   await dialog(page).getByText('10.0.0.9/old-1.fw').click();
   await dialog(page).getByText('10.0.0.9/old-2.fw').click({ modifiers: ['Control'] });
   await until('two can be deleted, but not used', async () =>
-    (await dialog(page).getByRole('button', { name: 'Delete' }).isEnabled()) && !(await dialog(page).getByRole('button', { name: 'Proceed' }).isEnabled()));
+    (await dialog(page).getByRole('button', { name: 'Delete', exact: true }).isEnabled()) && !(await dialog(page).getByRole('button', { name: 'Proceed', exact: true }).isEnabled()));
   await press(page, 'Delete');
   await until('two are forgotten', () => files(system).length === 6);
   await dialog(page).getByText(`${server.place}/swx.fw`).click();
