@@ -10,7 +10,7 @@ import { sample, takePicture, whenSettled } from './still.mjs';
 export const takenDir = join(outDir, 'pictures');
 const approvedDir = join(here, 'approved');
 const recordPath = join(approvedDir, 'drawn-by.json');
-const approving = process.env.MIRL_APPROVE === '1';
+export const approving = process.env.MIRL_APPROVE === '1';
 
 /** Pixels that may differ: less than a letter of a label has. */
 const TOLERANCE = 40;

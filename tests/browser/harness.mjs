@@ -11,12 +11,12 @@ export const outDir = join(here, 'out');
 /** A test that takes longer has hung (milliseconds). */
 const TEST_LIMIT = 180_000;
 
-/** @type {{name: string, body: (t: Context) => Promise<void>}[]} */
+/** @type {{name: string, body: (t: Context) => Promise<void>, limit: number}[]} */
 const tests = [];
 
-/** @param {string} name @param {(t: Context) => Promise<void>} body */
-export function test(name, body) {
-  tests.push({ name, body });
+/** @param {string} name @param {(t: Context) => Promise<void>} body @param {number} [limit] milliseconds */
+export function test(name, body, limit = TEST_LIMIT) {
+  tests.push({ name, body, limit });
 }
 
 /** What a test gets: pages of a fresh browser profile, and work to do when it ends. */
@@ -78,8 +78,8 @@ function limit(promise, ms) {
   return Promise.race([promise, late]).finally(() => clearTimeout(timer));
 }
 
-/** @param {string[]} only parts of file names; none: all files */
-export async function runAll(only) {
+/** @param {string[]} only parts of file names; none: all files @param {string} words that a test's name has */
+export async function runAll(only, words = '') {
   mkdirSync(outDir, { recursive: true });
   const files = readdirSync(here).filter((f) => f.endsWith('.browser.mjs')).sort()
     .filter((f) => only.length === 0 || only.some((o) => f.includes(o)));
@@ -92,12 +92,13 @@ export async function runAll(only) {
   for (const file of files) {
     tests.length = 0;
     const module = await import(join(here, file));
-    for (const { name, body } of tests) {
+    for (const { name, body, limit: ms } of tests) {
+      if (!name.includes(words)) continue;
       const context = new Context(browser, name);
       const begin = Date.now();
       let problem = null;
       try {
-        await limit(body(context), TEST_LIMIT);
+        await limit(body(context), ms);
         if (context.complaints.length) problem = new Error(context.complaints.slice(0, 5).join('\n'));
       } catch (error) {
         problem = error;

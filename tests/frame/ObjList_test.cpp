@@ -17,6 +17,7 @@ class FilledList : public WObjListContextPanel {
 public:
     FilledList() : WObjListContextPanel("list", 3, true) { mTable->setColumnHidden(0, true); }
 
+    using ObjListParts::setEmptyText;
     void readFromDatabase() override {}
     void add(unsigned index, const std::string& kind, const std::string& name) {
         const int row = mModel->rowCount();
@@ -77,6 +78,18 @@ TEST(ObjList, FilterIsARegularExpressionOnTheThirdColumn) {
     EXPECT_EQ(list.rowCount(), 3) << "a broken expression loses no record";
     list.filterRegExTextChangedHandler("beta");
     EXPECT_EQ(list.shown(), "Beta (2) ") << "and a good one mends the list";
+}
+
+TEST(ObjList, AnEmptyListBlamesTheFilterOnlyWhileThereIsOne) {
+    PlainApp app;
+    FilledList list;
+    list.setEmptyText("no record yet");
+    const auto says = [&list] { return list.table()->attributeValue("data-empty"); };
+    EXPECT_EQ(says(), "no record yet");
+    list.filterRegExTextChangedHandler("alpha");
+    EXPECT_EQ(says(), Wt::WString::tr("mirl.list.empty.filtered"));
+    list.filterRegExTextChangedHandler("");
+    EXPECT_EQ(says(), "no record yet");
 }
 
 TEST(ObjList, SelectionByRecordIndex) {
