@@ -13,17 +13,8 @@ import { until } from './system.mjs';
 export const dialogPart = '.Wt-dialog';
 export const detailsPart = '.mirl-context-panel:has(.mirl-details-tab)';
 
-/** First row of a device of that type. @param {Page} page @param {string} type */
-const rowOfType = (page, type) => deviceRows(page).filter({ has: page.locator('[role="gridcell"]').getByText(type, { exact: true }) }).first();
-
-/** First row of that kind, clicked, and its details pane with all its tabs on show. The pane of the kind selected before
- * may have a tab of the same name and stay for a moment: what is looked at must not be that one. */
-export async function selectKind(page, kind) {
-  await rowOfType(page, kind.type).click();
-  await paneOf(page, kind);
-}
-
-/** The details pane of that kind is on show, and no other. @param {Page} page */
+/** The details pane of that kind is on show, with all its tabs, and no other: the pane of the kind selected before may have
+ * a tab of the same name and stay for a moment. @param {Page} page */
 const paneOf = (page, { type, tabs: names }) => until(`the details pane of a ${type}`, async () => {
   const shown = await page.locator('.mirl-details-tab:visible').getByRole('tab').locator('visible=true').allInnerTexts();
   return shown.map((text) => text.trim().replace(/\*$/, '')).join() === names.join();
@@ -34,9 +25,9 @@ export const detailsTab = (page, name) => page.locator('.mirl-details-tab:visibl
 
 /** Types of devices as the list shows them, with the tabs of their details pane. */
 export const kinds = [
-  { type: 'Receiver (G1)', short: 'rx', tabs: ['Attributes', 'Settings', 'Status', 'Video', 'USB'] },
-  { type: 'Transmitter (DVI)', short: 'tx', tabs: ['Attributes', 'Settings', 'Status', 'Sessions', 'USB'] },
-  { type: 'Switch', short: 'swx', tabs: ['Mode', 'Attributes', 'IPv4', 'IPv6', 'NTP', 'Status', 'Ports'] },
+  { type: 'Receiver (G1)', short: 'rx', device: 'Desk 4', tabs: ['Attributes', 'Settings', 'Status', 'Video', 'USB'] },
+  { type: 'Transmitter (DVI)', short: 'tx', device: 'Alarm Server', tabs: ['Attributes', 'Settings', 'Status', 'Sessions', 'USB'] },
+  { type: 'Switch', short: 'swx', device: 'Annex Switch', tabs: ['Mode', 'Attributes', 'IPv4', 'IPv6', 'NTP', 'Status', 'Ports'] },
 ];
 
 /** Before the login; each starts from a fresh page. @type {Place[]} */
@@ -151,7 +142,8 @@ export const details = kinds.flatMap((kind) => kind.tabs.map((tab) => ({
   part: detailsPart,
   go: async (page) => {
     await openDevices(page);
-    await selectKind(page, kind);
+    await (await showRow(page, kind.device)).click();
+    await paneOf(page, kind);
     await detailsTab(page, tab).click();
     await until(`${tab} is on show`, async () => (await detailsTab(page, tab).getAttribute('aria-selected')) === 'true');
   },
