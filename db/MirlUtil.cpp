@@ -69,3 +69,23 @@ bool MirlUtil_lessThan(const std::string& a, const std::string& b) {
     if (parseNumber(ta, na) && parseNumber(tb, nb)) return na < nb;
     return std::strcmp(ta, tb) < 0;
 }
+
+void MirlUtil_sort(std::vector<std::string>& texts) {
+    // Merges of runs that double in length. No step relies on what an earlier comparison said.
+    const std::size_t count = texts.size();
+    std::vector<std::string> merged(count);
+    for (std::size_t run = 1; run < count; run *= 2) {
+        for (std::size_t left = 0, to = 0; to < count;) {
+            const std::size_t middle = std::min(left + run, count);
+            const std::size_t end = std::min(middle + run, count);
+            std::size_t right = middle;
+            for (std::size_t next = left; to < end;) {
+                const bool takeRight =
+                    right < end && (next == middle || MirlUtil_lessThan(texts[right], texts[next]));
+                merged[to++] = std::move(texts[takeRight ? right++ : next++]);
+            }
+            left = end;
+        }
+        texts.swap(merged);
+    }
+}

@@ -4,8 +4,6 @@
 #include "db/MirlUtil.h"
 #include "widgets/RecordChoices.h"
 
-#include <algorithm>
-
 WUsr::WUsr(const char* resource, const char* key, bool indexed, Wt::WContainerWidget* parent)
     : ZeqRecordBox(resource, key, indexed, parent, Focus::IsIgnored) {}
 
@@ -16,9 +14,7 @@ unsigned WUsr::updateListOfChoices() {
         if (const char* name = ZeqRspUtil_getIndexedStringParam(table, row, "name")) names.emplace_back(name);
     });
     if (result != 0) return result;
-    // The natural order is no strict one ("a2", "a10", "a1b" form a circle), which std::sort would not
-    // survive.
-    std::stable_sort(names.begin(), names.end(), MirlUtil_lessThan);
+    MirlUtil_sort(names);
     for (const std::string& name : names) addItem(Wt::WString::fromUTF8(name));
     addBlank();
     return 0;

@@ -93,6 +93,36 @@ TEST(MirlUtil, NaturalOrderOfRandomTexts) {
     }
 }
 
+// A sort that trusts the order would leave its bounds here: the texts below form circles.
+TEST(MirlUtil, SortsTextsOverWhichTheOrderContradictsItself) {
+    EXPECT_TRUE(MirlUtil_lessThan("a2", "a10") && MirlUtil_lessThan("a10", "a1b") &&
+                MirlUtil_lessThan("a1b", "a2"));
+    std::mt19937 random(3);
+    const std::string alphabet = "ab-0129 ";
+    for (int round = 0; round < 200; ++round) {
+        std::vector<std::string> texts(random() % 300);
+        for (std::string& text : texts)
+            for (std::size_t i = random() % 6; i; --i) text += alphabet[random() % alphabet.size()];
+        std::vector<std::string> sorted = texts;
+        MirlUtil_sort(sorted);
+        EXPECT_TRUE(std::is_permutation(sorted.begin(), sorted.end(), texts.begin(), texts.end()));
+    }
+}
+
+TEST(MirlUtil, SortsNamesNaturallyAndStably) {
+    std::vector<std::string> names;
+    MirlUtil_sort(names);
+    EXPECT_TRUE(names.empty());
+    for (int i = 500; i >= 0; --i) names.push_back("op" + std::to_string(i));
+    names.insert(names.begin(), {"anna", "op007", "op7"}); // the last two are equal to the order
+    MirlUtil_sort(names);
+    EXPECT_EQ(names.front(), "anna");
+    EXPECT_EQ(names.back(), "op500");
+    EXPECT_TRUE(std::is_sorted(names.begin(), names.end(), MirlUtil_lessThan));
+    const auto first = std::find(names.begin(), names.end(), "op007");
+    EXPECT_EQ(*std::next(first), "op7") << "equal ones keep their order";
+}
+
 TEST(MirlUtil, ErrorsStandOnLinesOfTheirOwn) {
     std::string text = "Could not be saved.";
     MirlUtil_concatErrMsgs(text, {});

@@ -10,6 +10,8 @@
 #include <boost/any.hpp>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace {
 
 /// A list of (index, kind, name) rows that a test fills.
@@ -46,6 +48,22 @@ TEST(ObjList, SortsNaturallyWhateverTheRowsHold) {
         list.add(1, "x", name);
     list.proxy()->sort(2, Wt::AscendingOrder);
     EXPECT_EQ(list.shown(), " - 99999999999999999999 Rx3 a10b a9b rx1 rx2 rx10 ");
+}
+
+TEST(ObjList, NamesOverWhichTheOrderContradictsItselfLoseNoRow) {
+    PlainApp app;
+    FilledList list;
+    list.proxy()->sort(2, Wt::AscendingOrder);
+    const char* const circle[] = {"a2", "a10", "a1b", "a-1", "a1-1", "a01"};
+    for (unsigned i = 0; i < 120; ++i) list.add(i + 1, "x", circle[i * 7 % 6]);
+    for (int row = 0; row < 120; row += 3)
+        list.model()->setData(row, 2, boost::any(std::string(circle[row % 6])));
+    list.model()->removeRows(30, 40);
+    list.proxy()->sort(2, Wt::DescendingOrder);
+    std::vector<bool> seen(80);
+    for (int row = 0; row < list.proxy()->rowCount(); ++row)
+        seen[static_cast<std::size_t>(list.proxy()->mapToSource(list.proxy()->index(row, 0)).row())] = true;
+    EXPECT_EQ(std::count(seen.begin(), seen.end(), true), 80);
 }
 
 TEST(ObjList, ACellWithoutTextSortsAnywhereButBreaksNothing) {
