@@ -2,8 +2,10 @@
 
 #include "widgets/WWidgetZeq.h"
 
+#include <Wt/WAnchor>
 #include <Wt/WComboBox>
 #include <Wt/WLineEdit>
+#include <Wt/WStackedWidget>
 #include <Wt/WText>
 #include <Wt/WTextArea>
 
@@ -20,6 +22,13 @@ inline constexpr const char* kLineEditStyle = "mirl-attribute-table-read-write-l
 inline constexpr const char* kTextAreaStyle = "mirl-attribute-table-read-write-multi-line-edit";
 inline constexpr const char* kComboBoxStyle = "mirl-attribute-table-read-write-combo-box";
 
+/// What gives a field its accessible name.
+enum class NamedBy {
+    ItsText,      // shown text and links speak for themselves
+    Label,        // the visible label of the row
+    LabelAndValue // the same for a button that shows a value: "Icon, Icon 7"
+};
+
 /// What a row of a settings table holds in its value cell. Owned by the cell.
 struct SettingsField {
     Wt::WWidget* widget = nullptr;
@@ -28,6 +37,7 @@ struct SettingsField {
     Wt::WFormWidget* form = nullptr; // 0 when it cannot be validated
     const char* cellStyle = kReadOnlyCell;
     const char* style = nullptr; // 0 = none
+    NamedBy namedBy = NamedBy::ItsText;
 };
 
 /// Makes a row's widget in its cell.
@@ -39,6 +49,15 @@ constexpr const char* settingsStyleOf() {
     if (std::derived_from<Widget, Wt::WTextArea>) return kTextAreaStyle;
     if (std::derived_from<Widget, Wt::WLineEdit>) return kLineEditStyle;
     return std::derived_from<Widget, Wt::WComboBox> ? kComboBoxStyle : nullptr;
+}
+
+template <class Widget>
+constexpr NamedBy settingsNameOf() {
+    if (std::derived_from<Widget, Wt::WStackedWidget>) return NamedBy::LabelAndValue;
+    if (std::derived_from<Widget, Wt::WFormWidget>) return NamedBy::Label;
+    const bool group =
+        std::derived_from<Widget, Wt::WContainerWidget> && !std::derived_from<Widget, Wt::WAnchor>;
+    return group ? NamedBy::Label : NamedBy::ItsText;
 }
 
 /// Widgets are made from (resource, key, indexed, cell), else from (indexed, cell), else from the cell alone.
@@ -60,6 +79,7 @@ SettingsField makeSettingsField(const char* resource, const char* key, bool inde
     if constexpr (std::derived_from<Widget, WLookupText>) field.lookup = widget;
     if constexpr (std::derived_from<Widget, Wt::WFormWidget>) field.form = widget;
     field.style = settingsStyleOf<Widget>();
+    field.namedBy = settingsNameOf<Widget>();
     if (!std::derived_from<Widget, Wt::WText>) field.cellStyle = kReadWriteCell;
     return field;
 }

@@ -45,6 +45,9 @@ WOsdActivateHotkeyCustom::WOsdActivateHotkeyCustom(const char* resource, const c
         layout->addWidget(box);
     }
     setLayout(layout);
+    setAttributeValue("role", "group");
+    mFirst->setAttributeValue("aria-label", tr("usr.osd.hotkey.first"));
+    mSecond->setAttributeValue("aria-label", tr("usr.osd.hotkey.second"));
 }
 
 unsigned WOsdActivateHotkeyCustom::readFromDatabase(const Indexes&, Errors&, bool) {

@@ -28,6 +28,12 @@ void setMaxLength(Wt::WWidget* widget, int characters) {
         area->setMaxLength(static_cast<unsigned>(characters));
 }
 
+void setName(const SettingsField& made, const Wt::WText* label) {
+    if (made.namedBy == NamedBy::ItsText) return;
+    const std::string value = made.namedBy == NamedBy::LabelAndValue ? " " + made.widget->id() : "";
+    made.widget->setAttributeValue("aria-labelledby", label->id() + value);
+}
+
 // The object of a request that takes the fields: "params", or a sub-object of it.
 json_t* fieldsOf(const ZeqExchange& exchange, const SettingsTableSpec& spec) {
     json_t* place = exchange.params();
@@ -75,8 +81,7 @@ void WSettingsTable::addRow(const SettingsRow& row) {
     if (const int width = row.width ? row.width : mSpec.width) made.widget->setWidth(width);
     if (row.height) made.widget->setHeight(row.height);
     if (row.tooltip) made.widget->setToolTip(tr(row.tooltip));
-    // The visible label is the name that a screen reader gives the field.
-    if (made.form) made.widget->setAttributeValue("aria-labelledby", label->id());
+    setName(made, label);
     limit(row, made);
     if (made.bound) made.bound->contentChanged().connect(this, &WSettingsTable::contentChangedHandler);
     mFields.push_back(made);
