@@ -88,6 +88,7 @@ void WCollapsingContextPanel::fold() {
     if (mContent) mContent->animateHide(mAnimation);
     setHeight(Wt::WLength(kTitleBarHeight));
     mCollapsed = true;
+    mFoldedSignal.emit(true);
 }
 
 void WCollapsingContextPanel::unfold(int height) {
@@ -95,6 +96,7 @@ void WCollapsingContextPanel::unfold(int height) {
     if (mContent && !mContentHidden) mContent->animateShow(mAnimation);
     setHeight(Wt::WLength(height));
     mCollapsed = false;
+    mFoldedSignal.emit(false);
 }
 
 void WCollapsingContextPanel::layoutSizeChanged(int /*width*/, int height) {

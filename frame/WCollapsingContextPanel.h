@@ -2,6 +2,7 @@
 
 #include <Wt/WAnimation>
 #include <Wt/WContainerWidget>
+#include <Wt/WSignal>
 
 #include <cstdint>
 
@@ -38,6 +39,9 @@ public:
 
     bool isCollapsed() const { return mCollapsed; }
 
+    /// The panel folded (true) or unfolded, whatever made it.
+    Wt::Signal<bool>& folded() { return mFoldedSignal; }
+
 protected:
     void layoutSizeChanged(int width, int height) override;
 
@@ -62,4 +66,5 @@ private:
     std::int32_t mCurrentHeight; // the last one of at least 90
     bool mCollapsed = false;
     bool mContentHidden = false; // by hideContent
+    Wt::Signal<bool> mFoldedSignal;
 };

@@ -1,8 +1,11 @@
+#include "frame/FoldedPane.h"
 #include "frame/WCollapsingContextPanel.h"
 #include "frame/WNavAccordion.h"
 #include "frame/WNavAccordionStdCell.h"
 #include "tests/frame/PlainApp.h"
 #include "tests/frame/WidgetSearch.h"
+
+#include <Wt/WVBoxLayout>
 
 #include <gtest/gtest.h>
 
@@ -78,6 +81,25 @@ TEST(CollapsingContextPanel, FoldsWithoutContent) {
     panel.titleButtonClicked();
     panel.titleButtonClicked();
     EXPECT_FALSE(panel.isCollapsed());
+}
+
+TEST(CollapsingContextPanel, AListAboveGetsItsHeightBackWhenThePaneUnfolds) {
+    PlainApp app;
+    auto* column = new Wt::WVBoxLayout;
+    auto* list = new Wt::WContainerWidget;
+    list->setHeight(Wt::WLength(180));
+    auto* pane = new Panel(WCollapsingContextPanel::FixedHeight, 555, nullptr);
+    column->addWidget(list);
+    column->addWidget(pane, 1);
+    app.application.root()->setLayout(column);
+    giveRoomWhenFolded(*pane, *column, *list);
+
+    list->setHeight(Wt::WLength(240)); // by the divider
+    pane->titleButtonClicked();
+    list->setHeight(Wt::WLength(700)); // what the layout gave it meanwhile
+    pane->titleButtonClicked();
+    EXPECT_EQ(list->height(), Wt::WLength(240));
+    EXPECT_EQ(pane->height(), Wt::WLength(555));
 }
 
 TEST(NavAccordion, ASectionFoldsByItsTitleAndTheOthersStay) {

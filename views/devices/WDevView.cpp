@@ -1,6 +1,7 @@
 #include "views/devices/WDevView.h"
 
 #include "db/InfoMgr.h"
+#include "frame/FoldedPane.h"
 #include "frame/WAutoSizeTableView.h"
 #include "frame/WNavAccordion.h"
 #include "frame/WNavAccordionStdCell.h"
@@ -112,6 +113,7 @@ WDevView::WDevView(Wt::WContainerWidget* parent)
     mVBox->addWidget(mList);
     mVBox->addWidget(mDetails, 1);
     mVBox->setResizable(0);
+    giveRoomWhenFolded(*mDetails, *mVBox, *mList);
     mHBox->addWidget(mAccordion);
     mHBox->addLayout(mVBox, 1);
     mHBox->setResizable(0);
