@@ -29,7 +29,6 @@ std::string helpLink() {
 
 WHeaderLinks::WHeaderLinks(Wt::WContainerWidget* parent) : Wt::WTable(parent) {
     auto* help = newLink("mirl-help-button", tr("[RSnnn]Help"));
-    help->setLink(Wt::WLink(helpLink()));
     help->setTarget(Wt::TargetNewWindow);
     elementAt(0, 0)->addWidget(help);
 
@@ -46,6 +45,7 @@ WHeaderLinks::WHeaderLinks(Wt::WContainerWidget* parent) : Wt::WTable(parent) {
     elementAt(0, 2)->addWidget(logout);
     for (int column = 0; column < columnCount(); ++column)
         elementAt(0, column)->setPadding(kSpacingPx, Wt::Left);
+    help->setLink(Wt::WLink(helpLink()));
 }
 
 Wt::WAnchor* WHeaderLinks::newLink(const char* styleClass, const Wt::WString& text) {

@@ -1,84 +1,110 @@
 #pragma once
 
+#include "db/Db.h"
 #include "widgets/WLookupText.h"
 
 // What a device is and does at present, each by one lookup of Db. The classes are their lookup and nothing
 // else.
 
+/// A lookup of Db that gives a text.
+template <unsigned (Db::*kLookup)(unsigned, std::string&, Db::Errors&)>
+unsigned lookupText(unsigned index, std::string& text, Db::Errors& errors) {
+    return (Db::db.*kLookup)(index, text, errors);
+}
+
+/// A lookup of Db that gives Switch and port: the port number alone.
+template <unsigned (Db::*kLookup)(unsigned, unsigned&, unsigned&, Db::Errors&)>
+unsigned lookupPort(unsigned index, std::string& text, Db::Errors& errors) {
+    unsigned swx = 0;
+    unsigned port = 0;
+    const unsigned result = (Db::db.*kLookup)(index, swx, port, errors);
+    text = std::to_string(port);
+    return result;
+}
+
+unsigned lookupKeyboardLayout(unsigned index, std::string& text, Db::Errors& errors);
+
+template <WLookupText::Lookup kLookup, WLookupText::Shows kShows = WLookupText::Shows::CommonText>
+class LookupTextOf : public WLookupText {
+public:
+    explicit LookupTextOf(Wt::WContainerWidget* parent = nullptr) : WLookupText(kLookup, parent, kShows) {}
+};
+
 /// Of the first record.
-class WTextRxStatus : public WLookupText {
+class WTextRxStatus
+    : public LookupTextOf<lookupText<&Db::getRxOverallStatus>, WLookupText::Shows::FirstRecord> {
 public:
-    explicit WTextRxStatus(Wt::WContainerWidget* parent = nullptr);
+    using LookupTextOf::LookupTextOf;
 };
 
-class WTextTxStatus : public WLookupText {
+class WTextTxStatus : public LookupTextOf<lookupText<&Db::getTxOverallStatus>> {
 public:
-    explicit WTextTxStatus(Wt::WContainerWidget* parent = nullptr);
+    using LookupTextOf::LookupTextOf;
 };
 
-class WTextSwxStatus : public WLookupText {
+class WTextSwxStatus : public LookupTextOf<lookupText<&Db::getSwxOverallStatus>> {
 public:
-    explicit WTextSwxStatus(Wt::WContainerWidget* parent = nullptr);
+    using LookupTextOf::LookupTextOf;
 };
 
-class WTextRxSesMode : public WLookupText {
+class WTextRxSesMode : public LookupTextOf<lookupText<&Db::getSessionModeFromRxIndex>> {
 public:
-    explicit WTextRxSesMode(Wt::WContainerWidget* parent = nullptr);
+    using LookupTextOf::LookupTextOf;
 };
 
-class WTextTxSesMode : public WLookupText {
+class WTextTxSesMode : public LookupTextOf<lookupText<&Db::getSessionModeFromTxIndex>> {
 public:
-    explicit WTextTxSesMode(Wt::WContainerWidget* parent = nullptr);
+    using LookupTextOf::LookupTextOf;
 };
 
-class WTextRxSesDuration : public WLookupText {
+class WTextRxSesDuration : public LookupTextOf<lookupText<&Db::getSessionDurationFromRxIndex>> {
 public:
-    explicit WTextRxSesDuration(Wt::WContainerWidget* parent = nullptr);
+    using LookupTextOf::LookupTextOf;
 };
 
-class WTextTxSesDuration : public WLookupText {
+class WTextTxSesDuration : public LookupTextOf<lookupText<&Db::getSessionDurationFromTxIndex>> {
 public:
-    explicit WTextTxSesDuration(Wt::WContainerWidget* parent = nullptr);
+    using LookupTextOf::LookupTextOf;
 };
 
-class WTextRxLoginDuration : public WLookupText {
+class WTextRxLoginDuration : public LookupTextOf<lookupText<&Db::getLoginDurationFromRxIndex>> {
 public:
-    explicit WTextRxLoginDuration(Wt::WContainerWidget* parent = nullptr);
+    using LookupTextOf::LookupTextOf;
 };
 
-class WTextRxKeyboardLayout : public WLookupText {
+class WTextRxKeyboardLayout : public LookupTextOf<lookupKeyboardLayout> {
 public:
-    explicit WTextRxKeyboardLayout(Wt::WContainerWidget* parent = nullptr);
+    using LookupTextOf::LookupTextOf;
 };
 
 /// Name of the Switch that the device is plugged into.
-class WTextRxSwxName : public WLookupText {
+class WTextRxSwxName : public LookupTextOf<lookupText<&Db::getSwxNameFromRxIndex>> {
 public:
-    explicit WTextRxSwxName(Wt::WContainerWidget* parent = nullptr);
+    using LookupTextOf::LookupTextOf;
 };
 
-class WTextTxSwxName : public WLookupText {
+class WTextTxSwxName : public LookupTextOf<lookupText<&Db::getSwxNameFromTxIndex>> {
 public:
-    explicit WTextTxSwxName(Wt::WContainerWidget* parent = nullptr);
+    using LookupTextOf::LookupTextOf;
 };
 
 /// Port number there; the Switch is not compared.
-class WTextRxSwxPort : public WLookupText {
+class WTextRxSwxPort : public LookupTextOf<lookupPort<&Db::getSwxIndexAndPortIndexFromRxIndex>> {
 public:
-    explicit WTextRxSwxPort(Wt::WContainerWidget* parent = nullptr);
+    using LookupTextOf::LookupTextOf;
 };
 
-class WTextTxSwxPort : public WLookupText {
+class WTextTxSwxPort : public LookupTextOf<lookupPort<&Db::getSwxIndexAndPortIndexFromTxIndex>> {
 public:
-    explicit WTextTxSwxPort(Wt::WContainerWidget* parent = nullptr);
+    using LookupTextOf::LookupTextOf;
 };
 
-class WTextRxUsrName : public WLookupText {
+class WTextRxUsrName : public LookupTextOf<lookupText<&Db::getLoggedInUsernameFromRxIndex>> {
 public:
-    explicit WTextRxUsrName(Wt::WContainerWidget* parent = nullptr);
+    using LookupTextOf::LookupTextOf;
 };
 
-class WTextTxUsrName : public WLookupText {
+class WTextTxUsrName : public LookupTextOf<lookupText<&Db::getConnectedUsernameFromTxIndex>> {
 public:
-    explicit WTextTxUsrName(Wt::WContainerWidget* parent = nullptr);
+    using LookupTextOf::LookupTextOf;
 };

@@ -1,6 +1,5 @@
 #include "widgets/WComboBoxZeq.h"
 
-#include "db/MergeValues.h"
 #include "platform/client/EventLog.h"
 #include "platform/client/ZeqObj.h"
 #include "widgets/ZeqValue.h"
@@ -24,10 +23,7 @@ unsigned WComboBoxZeq::readFromDatabase(const Indexes& indexes, Errors& errors, 
     }
     std::string dbValue;
     bool same = true;
-    const unsigned result =
-        mergeValues(records(indexes), dbValue, same,
-                    [&](unsigned index, std::string& next) { return zeqRead(*this, index, next, errors); });
-    if (result != 0) return result;
+    if (const unsigned result = zeqReadMerged(*this, records(indexes), dbValue, same, errors)) return result;
     if (same)
         showValue(dbValue, __func__);
     else
@@ -55,16 +51,21 @@ void WComboBoxZeq::getZeqParam(const json_t* table, const Indexes& indexes, bool
 unsigned WComboBoxZeq::writeToDatabase(const Indexes& indexes, Errors& errors) {
     if (!hasChangedContent() || hasNoRecord(indexes)) return 0;
     unsigned result = 1;
-    if (const Triplet* choice = currentChoice())
+    if (const char* chosen = chosenValue())
         for (const unsigned index : records(indexes))
-            result = zeqWrite(*this, index, std::string(choice->dbValue), errors);
+            result = zeqWrite(*this, index, std::string(chosen), errors);
     clearContentChanged();
     return result;
 }
 
 void WComboBoxZeq::setZeqParam(json_t* params) {
+    const char* chosen = chosenValue();
+    if (hasChangedContent() && chosen) ZeqObj_setString(params, key(), chosen);
+}
+
+const char* WComboBoxZeq::chosenValue() const {
     const Triplet* choice = currentChoice();
-    if (hasChangedContent() && choice) ZeqObj_setString(params, key(), choice->dbValue);
+    return choice ? choice->dbValue : nullptr;
 }
 
 void WComboBoxZeq::contentChangedHandler() {

@@ -12,8 +12,8 @@ public:
 
     /// Untouched while the box has the focus. An empty index list selects the first item and gives 1.
     unsigned readFromDatabase(const Indexes& indexes, Errors& errors, bool force) override;
-    /// To every record, also behind a failure: the last write's result counts. 1 when the blank item is
-    /// current.
+    /// To every record, also behind a failure: the last write's result counts. 1 when the current item has
+    /// nothing to store, as the blank one.
     unsigned writeToDatabase(const Indexes& indexes, Errors& errors) override;
     void setZeqParam(json_t* params) override;
     void getZeqParam(const json_t* table, const Indexes& indexes, bool force) override;
@@ -28,6 +28,8 @@ protected:
 
 private:
     bool isLeftAlone(bool force) const;
+    /// What is to be stored; 0 when the blank item is current or the choice has no database string.
+    const char* chosenValue() const;
     void showValue(const std::string& dbValue, const char* caller);
 
     bool mBlankChoiceAdded = false;

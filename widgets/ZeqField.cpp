@@ -1,6 +1,5 @@
 #include "widgets/ZeqField.h"
 
-#include "db/MergeValues.h"
 #include "widgets/ZeqValue.h"
 
 template <class Value>
@@ -13,9 +12,7 @@ unsigned ZeqField<Value>::readFromDatabase(const Indexes& indexes, Errors& error
     }
     Value value{};
     bool same = true;
-    const unsigned result = mergeValues(records(indexes), value, same, [&](unsigned index, Value& next) {
-        return zeqRead(*this, index, next, errors);
-    });
+    const unsigned result = zeqReadMerged(*this, records(indexes), value, same, errors);
     if (result != 0) {
         if (mFailedRead == FailedRead::ShowsNothing) showNothing();
         return result;

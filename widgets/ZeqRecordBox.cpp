@@ -1,6 +1,5 @@
 #include "widgets/ZeqRecordBox.h"
 
-#include "db/MergeValues.h"
 #include "widgets/ZeqValue.h"
 
 template <class Value>
@@ -25,9 +24,7 @@ unsigned ZeqRecordBox<Value>::readFromDatabase(const Indexes& indexes, Errors& e
     }
     Value value{};
     bool same = true;
-    const unsigned result = mergeValues(records(indexes), value, same, [&](unsigned index, Value& next) {
-        return zeqRead(*this, index, next, errors);
-    });
+    const unsigned result = zeqReadMerged(*this, records(indexes), value, same, errors);
     showMerged(result, same, value);
     if (result == 0) clearContentChanged();
     return result;

@@ -152,6 +152,14 @@ TEST_F(Choices, WakeKeysByTheirOwnPairing) {
     }
 }
 
+TEST_F(Choices, AChoiceWithoutADatabaseStringStoresNothing) {
+    WWakeOnConnectKeyCode key("r", "t", true, page());
+    choose(key, 2);
+    EXPECT_EQ(paramsOf(key), "{}");
+    EXPECT_EQ(key.writeToDatabase({1}, errors), 1U);
+    EXPECT_EQ(store.field("r", 1, "t"), "\"A\"");
+}
+
 TEST_F(Choices, KeyCodesWithoutTheFourThatEndAnEntry) {
     WKeyCodeSelector keys(page());
     EXPECT_EQ(keys.count(), 252);
