@@ -37,6 +37,13 @@ void WTxIcon::showUnknown() {
     setCurrentIndex(0);
 }
 
+// A form field tells by itself that it is disabled; an element in the role of a button has to be told.
+void WTxIcon::setDisabled(bool disabled) {
+    Wt::WStackedWidget::setDisabled(disabled);
+    setAttributeValue("aria-disabled", disabled ? "true" : "false");
+    setTabIndex(disabled ? -1 : 0);
+}
+
 void WTxIcon::showValue(const unsigned& value) {
     mValue = value;
     showSelectedIcon();

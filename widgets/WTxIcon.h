@@ -13,6 +13,7 @@ public:
     void showSelectedIcon();
     /// Leaves the number alone.
     void showUnknown();
+    void setDisabled(bool disabled) override;
 
 protected:
     void showValue(const unsigned& value) override;

@@ -25,8 +25,10 @@ public:
         mOwner.describeEvents(spec);
         spec.listen("value");
         if (mOwner.isListened("checked") || mOwner.isListened("unchecked")) spec.listen("change");
-        const WString tip = mOwner.attributeValue("aria-label");
-        if (!tip.empty()) spec.attribute("aria-label", tip.toUTF8());
+        for (const char* name : {"aria-label", "aria-labelledby", "aria-describedby"}) {
+            const WString words = mOwner.attributeValue(name);
+            if (!words.empty()) spec.attribute(name, words.toUTF8());
+        }
         spec.property("checked", mOwner.mState == Checked);
         if (mOwner.supportsIndeterminate()) spec.property("indeterminate", mOwner.mState == PartiallyChecked);
     }
