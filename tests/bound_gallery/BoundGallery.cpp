@@ -60,9 +60,20 @@ void BoundGallery::buildControls() {
     button("force")->clicked().connect(std::bind([this] { readAgain(true); }));
     mAuto = new Wt::WTimer(this);
     mAuto->setInterval(kAutoRefresh);
-    mAuto->timeout().connect(std::bind([this] { readAgain(false); }));
-    button("auto")->clicked().connect(mAuto, &Wt::WTimer::start);
-    button("manual")->clicked().connect(mAuto, &Wt::WTimer::stop);
+    // One after the other: on a busy machine a reading takes longer than the interval.
+    mAuto->setSingleShot(true);
+    mAuto->timeout().connect(std::bind([this] {
+        readAgain(false);
+        if (mRepeats) mAuto->start();
+    }));
+    button("auto")->clicked().connect(std::bind([this] {
+        mRepeats = true;
+        mAuto->start();
+    }));
+    button("manual")->clicked().connect(std::bind([this] {
+        mRepeats = false;
+        mAuto->stop();
+    }));
     mRefreshes = new Wt::WText("0", bar);
     mRefreshes->setId("refreshes");
     mLog = new Wt::WText("ready", Wt::PlainText, bar);
@@ -71,7 +82,9 @@ void BoundGallery::buildControls() {
 }
 
 void BoundGallery::buildTable() {
-    auto* table = new Wt::WTable(root());
+    auto* panel = new Wt::WContainerWidget(root());
+    panel->setStyleClass("mirl-context-panel");
+    auto* table = new Wt::WTable(panel);
     table->setHeaderCount(1);
     std::vector<std::string> columns;
     for (int state = 0; state < kStateCount; ++state) {

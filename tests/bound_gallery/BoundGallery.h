@@ -37,6 +37,7 @@ private:
     Wt::WText* mLog = nullptr;
     Wt::WText* mRefreshes = nullptr;
     Wt::WTimer* mAuto = nullptr;
+    bool mRepeats = false;
     int mRefreshCount = 0;
     std::vector<Cell> mCells;
 };

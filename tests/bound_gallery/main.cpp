@@ -4,6 +4,7 @@
 
 #include "platform/client/EventLog.h"
 #include "shell/DocRoot.h"
+#include "shell/MirlPath.h"
 
 #include <Wt/WServer>
 
@@ -25,7 +26,7 @@ int main(int argc, char* argv[]) {
     try {
         Wt::WServer server(argv[0], "");
         server.setServerConfiguration(argc, argv, "");
-        server.addEntryPoint(Wt::Application, createGallery);
+        server.addEntryPoint(Wt::Application, createGallery, "", MirlPath_themeBase() + "favicon.ico");
         if (!server.start()) return 1;
         Wt::WServer::waitForShutdown();
         server.stop();
