@@ -1,40 +1,67 @@
 // Where a device is plugged in. The database has no index from device to port, so the port tables are walked.
 
 #include "db/Db.h"
+#include "db/PortTables.h"
 #include "db/ZeqExchange.h"
 #include "platform/client/ZeqReq.h"
 #include "platform/client/ZeqRsp.h"
+
+#include <tuple>
 
 namespace {
 
 constexpr unsigned kPortStatusRecords = 50; // at most, numbered from 1
 
+thread_local PortTables* tHeld = nullptr;
+
+/// Adds what is plugged into the ports of a table. An EID that stands twice keeps its first place.
+bool readTable(unsigned record, std::map<std::string, PortTables::Place>& places) {
+    ZeqClient_s* client = nullptr;
+    if (Db::db.getZeqClient(client) != 0) return false;
+    const ZeqPtr rsp = zeqRetrieve(ZeqReq_portStatusRetrieveByIndex, client, record);
+    if (!rsp) return false;
+    const auto swx = static_cast<unsigned>(ZeqRspUtil_getIntegerParam(rsp.get(), "swxIndex"));
+    const ZeqPtr ports(ZeqObj_collapse(rsp.get(), "swxIndex", "ports"));
+    if (!ports) return false;
+    const int rows = ZeqRspUtil_numEntries(ports.get());
+    for (int row = 0; row < rows; ++row) {
+        if (const char* plugged = ZeqRspUtil_getIndexedStringParam(ports.get(), row, "eid"))
+            places.try_emplace(
+                plugged, swx,
+                static_cast<unsigned>(ZeqRspUtil_getIndexedIntegerParam(ports.get(), row, "portIndex")));
+    }
+    return true;
+}
+
 unsigned findPort(const char* resource, unsigned device, unsigned& swxIndex, unsigned& portIndex,
                   Db::Errors& errors) {
     std::string eid;
     if (Db::db.readString(resource, device, "eid", eid, errors) != 0) return 1;
-    ZeqClient_s* client = nullptr;
-    if (Db::db.getZeqClient(client) != 0) return 1;
-    for (unsigned record = 1; record <= kPortStatusRecords; ++record) {
-        const ZeqPtr rsp = zeqRetrieve(ZeqReq_portStatusRetrieveByIndex, client, record);
-        if (!rsp) return 1;
-        const auto swx = static_cast<unsigned>(ZeqRspUtil_getIntegerParam(rsp.get(), "swxIndex"));
-        const ZeqPtr ports(ZeqObj_collapse(rsp.get(), "swxIndex", "ports"));
-        if (!ports) return 1;
-        const int rows = ZeqRspUtil_numEntries(ports.get());
-        for (int row = 0; row < rows; ++row) {
-            const char* plugged = ZeqRspUtil_getIndexedStringParam(ports.get(), row, "eid");
-            if (!plugged || eid != plugged) continue;
-            portIndex =
-                static_cast<unsigned>(ZeqRspUtil_getIndexedIntegerParam(ports.get(), row, "portIndex"));
-            swxIndex = swx;
-            return 0;
-        }
+    PortTables own; // of the ones held, if there are any
+    PortTables& known = *PortTables::held();
+    auto place = known.places.find(eid);
+    while (place == known.places.end() && known.tables < kPortStatusRecords) {
+        if (!readTable(known.tables + 1, known.places)) return 1;
+        ++known.tables;
+        place = known.places.find(eid);
     }
+    if (place != known.places.end()) std::tie(swxIndex, portIndex) = place->second;
     return 0;
 }
 
 } // namespace
+
+PortTables::PortTables() : mOuter(tHeld) {
+    if (!mOuter) tHeld = this;
+}
+
+PortTables::~PortTables() {
+    if (!mOuter) tHeld = nullptr;
+}
+
+PortTables* PortTables::held() {
+    return tHeld;
+}
 
 unsigned Db::getSwxIndexAndPortIndexFromRxIndex(unsigned rxIndex, unsigned& swxIndex, unsigned& portIndex,
                                                 Errors& errors) {

@@ -1,5 +1,6 @@
 #include "widgets/WSettingsTable.h"
 
+#include "db/PortTables.h"
 #include "db/ZeqExchange.h"
 #include "platform/client/ZeqReq.h"
 #include "widgets/ReadTogether.h"
@@ -104,6 +105,7 @@ void WSettingsTable::limit(const SettingsRow& row, SettingsField& made) {
 void WSettingsTable::readFromDatabase(const Indexes& indexes, bool force) {
     if (mSpec.path[0]) return readNested(indexes, force);
     const bool together = readTogether(mFields, mSpec.resource, indexes, force);
+    const PortTables once; // for the rows that tell where the devices are plugged in
     Errors dropped;
     for (const SettingsField& made : mFields) {
         if (together && isReadTogether(made, mSpec.resource)) continue;

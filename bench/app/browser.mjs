@@ -3,22 +3,11 @@ import { clickUntil, firstLoad, freshPage, withBrowser } from '../client/chromiu
 import { median, percentile, print, runFigures } from '../client/figures.mjs';
 import { openMany } from '../client/load.mjs';
 import { MirlSystem } from './MirlSystem.mjs';
+import { logIn, mainTab } from './pages.mjs';
 
 const LOADS = 5;
 const OTHER_SESSIONS = 199;
 const CLICKS = 60;
-
-async function logIn(page, system) {
-    await page.goto(`https://127.0.0.1:${system.port}/`);
-    const fields = page.locator('.mirl-login-line-edit');
-    const [name, password] = system.login;
-    await fields.nth(0).fill(name);
-    await fields.nth(1).fill(password);
-    await page.getByRole('button', { name: 'Log In' }).click();
-    await mainTab(page, 'Devices').waitFor();
-}
-
-const mainTab = (page, name) => page.locator('.mirl-main-tab').first().getByRole('tab', { name });
 
 runFigures({
     async load() {

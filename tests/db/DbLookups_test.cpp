@@ -1,6 +1,7 @@
 #include "tests/db/DbTest.h"
 
 #include "db/MirlUtil.h"
+#include "db/PortTables.h"
 
 #include <Wt/WString>
 
@@ -127,6 +128,21 @@ TEST_F(DbLookups, PortOfADevice) {
     EXPECT_EQ(port, 17U);
     EXPECT_EQ(store.requests().size(), 51U);
     EXPECT_EQ(Db::db.getSwxIndexAndPortIndexFromRxIndex(99, swx, port, errors), 1U);
+
+    const PortTables once;
+    store.forget();
+    const struct {
+        unsigned rx, tx, requests; // one device, and the requests made until it was found, or not
+    } rows[] = {{3, 0, 3}, {3, 0, 4}, {0, 4, 53}, {0, 4, 54}, {3, 0, 55}};
+    for (const auto& row : rows) {
+        swx = port = 0;
+        EXPECT_EQ(row.rx ? Db::db.getSwxIndexAndPortIndexFromRxIndex(row.rx, swx, port, errors)
+                         : Db::db.getSwxIndexAndPortIndexFromTxIndex(row.tx, swx, port, errors),
+                  0U);
+        EXPECT_EQ(swx, row.rx ? 12U : 0U);
+        EXPECT_EQ(port, row.rx ? 17U : 0U);
+        EXPECT_EQ(store.requests().size(), row.requests);
+    }
 }
 
 TEST_F(DbLookups, ValuesOfAMonitor) {
