@@ -15,7 +15,7 @@ namespace zeq {
 namespace {
 
 constexpr json_int_t kProtocolVersion = 1;
-constexpr std::size_t kKeptRequestBytes = 64 * 1024;
+constexpr std::size_t kKeptRequestBytes = 64U << 10;
 
 std::string systemError(const char* doing) {
     return std::string(doing) + ": " + std::strerror(errno);

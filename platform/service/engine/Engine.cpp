@@ -61,10 +61,10 @@ void Engine::request(ClientId client, std::string_view text, Reply reply) {
     interpret(text, *request, errors);
     if (!errors.empty()) return reply(errorText(request->id, errors));
     if (request->method == Method::Get) return reply(answerRead(mStore, *request, mParts.clock.now()));
-    if (isLogin(*request)) return verifyLogin(std::move(request), client, std::move(reply));
-    if (isSettingsFile(*request)) return prepareSettings(std::move(request), client, std::move(reply));
+    if (isLogin(*request)) return verifyLogin(request, client, std::move(reply));
+    if (isSettingsFile(*request)) return prepareSettings(request, client, std::move(reply));
     const std::set<std::string> secrets = secretsOf(*request);
-    if (secrets.empty()) return submitRequest(std::move(request), client, {}, std::move(reply));
+    if (secrets.empty()) return submitRequest(request, client, {}, std::move(reply));
     if (mHashing >= kMaxHashing) return reply(errorText(request->id, {{Errno::Capacity, {}}}));
     ++mHashing;
     auto prepared = std::make_shared<Prepared>();
@@ -79,7 +79,7 @@ void Engine::request(ClientId client, std::string_view text, Reply reply) {
         });
 }
 
-void Engine::verifyLogin(std::shared_ptr<Request> request, ClientId client, Reply reply) {
+void Engine::verifyLogin(const std::shared_ptr<Request>& request, ClientId client, Reply reply) {
     if (mHashing >= kMaxHashing) return reply(errorText(request->id, {{Errno::Capacity, {}}}));
     ++mHashing;
     mLoggingIn.insert(client);
@@ -104,7 +104,7 @@ void Engine::verifyLogin(std::shared_ptr<Request> request, ClientId client, Repl
         });
 }
 
-void Engine::prepareSettings(std::shared_ptr<Request> request, ClientId client, Reply reply) {
+void Engine::prepareSettings(const std::shared_ptr<Request>& request, ClientId client, Reply reply) {
     auto prepared = std::make_shared<Prepared>();
     const std::string action = textParam(*request, "settingsAction");
     std::function<void()> work;
@@ -133,7 +133,7 @@ void Engine::prepareSettings(std::shared_ptr<Request> request, ClientId client, 
                         });
 }
 
-void Engine::submitRequest(std::shared_ptr<Request> request, ClientId client, Prepared prepared,
+void Engine::submitRequest(const std::shared_ptr<Request>& request, ClientId client, Prepared prepared,
                            Reply reply) {
     auto answer = std::make_shared<std::string>();
     Write write;

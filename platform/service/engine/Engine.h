@@ -67,9 +67,10 @@ private:
         std::function<void(bool kept)> done;
     };
     void submit(Write write);
-    void submitRequest(std::shared_ptr<Request> request, ClientId client, Prepared prepared, Reply reply);
-    void verifyLogin(std::shared_ptr<Request> request, ClientId client, Reply reply);
-    void prepareSettings(std::shared_ptr<Request> request, ClientId client, Reply reply);
+    void submitRequest(const std::shared_ptr<Request>& request, ClientId client, Prepared prepared,
+                       Reply reply);
+    void verifyLogin(const std::shared_ptr<Request>& request, ClientId client, Reply reply);
+    void prepareSettings(const std::shared_ptr<Request>& request, ClientId client, Reply reply);
     void startBatch();
     void finishBatch(const std::string& failure);
     void restart() { mRestart = true; }

@@ -71,7 +71,7 @@ int Server::timeout() const {
     std::optional<std::int64_t> next = mEngine.nextDue();
     if (mEarliest && (!next || mEarliest < *next)) next = mEarliest;
     if (!next) return -1;
-    constexpr std::int64_t kHour = 3600 * 1000;
+    constexpr std::int64_t kHour = 3'600'000;
     return static_cast<int>(std::clamp<std::int64_t>(*next - mClock.monotonicMs(), 0, kHour));
 }
 

@@ -185,7 +185,7 @@ std::string SqliteDisk::write(const std::vector<DiskChange>& changes) {
             if (!put(change)) fail(mDatabase, "writing a record");
         run("COMMIT");
     } catch (const std::exception& error) {
-        const std::string what = error.what();
+        std::string what = error.what();
         sqlite3_exec(mDatabase, "ROLLBACK", nullptr, nullptr, nullptr);
         return what;
     }
@@ -193,7 +193,7 @@ std::string SqliteDisk::write(const std::vector<DiskChange>& changes) {
 }
 
 std::string setAside(const std::string& path, std::int64_t now) {
-    const std::string aside = path + ".damaged-" + std::to_string(now);
+    std::string aside = path + ".damaged-" + std::to_string(now);
     for (const char* side : {"", "-wal", "-shm"})
         if (std::filesystem::exists(path + side)) std::filesystem::rename(path + side, aside + side);
     return aside;
