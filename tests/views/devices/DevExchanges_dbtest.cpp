@@ -32,6 +32,7 @@ constexpr unsigned kNews = 5;
 constexpr unsigned kFindLogin = 1;
 constexpr unsigned kFindConnection = 1;
 constexpr unsigned kStatus = 3;     // status, upgradeStatus, usage
+constexpr unsigned kKnownPorts = 1; // EID
 constexpr unsigned kFirstPorts = 2; // EID, then the ports of Switch 1, where all devices below are
 
 TEST_F(DevExchanges, ARefreshOfEachDetailsTab) {
@@ -44,15 +45,15 @@ TEST_F(DevExchanges, ARefreshOfEachDetailsTab) {
         {"Desk 4", "Attributes", 1, 4},
         // Users and targets are read with their lists of choices.
         {"Desk 4", "Settings", 4, 8 + 2 + 8},
-        {"Desk 4", "Status", 4 + kStatus + kFindLogin + 4 + 1 + (kFirstPorts + 1) + kFirstPorts,
-         4 + kStatus + kFindLogin + 4 + 1 + (kFirstPorts + 1) + kFirstPorts},
+        {"Desk 4", "Status", 4 + kStatus + kFindLogin + 4 + 1 + (kFirstPorts + 1) + kKnownPorts,
+         4 + kStatus + kFindLogin + 4 + 1 + (kFirstPorts + 1) + kKnownPorts},
         {"Desk 4", "Video", kStatus + kFindLogin + 1, kStatus + kFindLogin + 1},
         {"Desk 4", "USB", kFindConnection + kStatus + kFindLogin + 1,
          kFindConnection + kStatus + kFindLogin + 1},
         {"Weather", "Attributes", 1, 4},
         {"Weather", "Settings", 1, 9},
-        {"Weather", "Status", 3 + kStatus + kFindConnection + 1 + 1 + (kFirstPorts + 1) + kFirstPorts,
-         3 + kStatus + kFindConnection + 1 + 1 + (kFirstPorts + 1) + kFirstPorts},
+        {"Weather", "Status", 3 + kStatus + kFindConnection + 1 + 1 + (kFirstPorts + 1) + kKnownPorts,
+         3 + kStatus + kFindConnection + 1 + 1 + (kFirstPorts + 1) + kKnownPorts},
         {"Weather", "Sessions", 2, 2},
         {"Weather", "USB", kStatus + kFindConnection + 1, kStatus + kFindConnection + 1},
         {"Annex Switch", "Mode", 1, 2},
