@@ -3,6 +3,12 @@
 
 namespace Wt {
 
+namespace Impl {
+class ServerCore {};
+} // namespace Impl
+
+WServer::~WServer() = default;
+
 WServer* WServer::instance() {
     return nullptr;
 }
