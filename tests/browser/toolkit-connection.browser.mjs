@@ -35,7 +35,6 @@ for (const [how, lose] of /** @type {[string, (gallery: any) => void][]} */ ([
     await page.locator('#start').click();
     await page.waitForTimeout(1500);
     assert.equal(await said(page, 'ticks'), 'tick 0');
-    if (gallery.road.silent) for (const socket of gallery.road.sockets) socket.destroy();
     gallery.road.mend();
     await saying(page, 'log', 'clicked typed|in the dark');
     await saying(page, 'ticks', 'tick 3');
@@ -44,6 +43,22 @@ for (const [how, lose] of /** @type {[string, (gallery: any) => void][]} */ ([
     assert.equal(await page.locator('#name').inputValue(), 'typed');
   });
 }
+
+test('a server that goes away between the start of a session and its first answer is told of', async (t) => {
+  const { gallery, page } = await openGallery(t, 'ends', { expectErrors: true });
+  await page.route('**/wt-session/start', async (route) => {
+    const response = await route.fetch();
+    gallery.road.cut();
+    await route.fulfill({ response });
+  });
+  await page.goto(`http://127.0.0.1:${gallery.road.port}/?show=forms`, { waitUntil: 'commit' });
+  await banner(page).waitFor();
+  assert.match((await banner(page).textContent()) ?? '', /no connection/i);
+  gallery.road.mend();
+  await page.locator('#button').click();
+  await saying(page, 'log', /^clicked/);
+  await banner(page).waitFor({ state: 'hidden' });
+});
 
 test('nothing is lost or done twice while the connection breaks again and again', async (t) => {
   const { gallery, page } = await openGallery(t, 'counter', { expectErrors: true });

@@ -7,8 +7,11 @@ export class Divider {
     constructor(element, config, send, page) {
         this.element = element;
         this.horizontal = config.horizontal;
-        this.tell = size => page.sendLatest(`resized:${element.id}`,
-            () => ({ t: page.dom.meta(element)?.id, k: 'resized', px: Math.round(size) }));
+        this.tell = size => {
+            const px = Math.round(size);
+            page.sizes.expect(this.item(), this.horizontal, px);
+            page.sendLatest(`resized:${element.id}`, () => ({ t: page.dom.meta(element)?.id, k: 'resized', px }));
+        };
         element.addEventListener('pointerdown', event => this.start(event));
         element.addEventListener('keydown', event => this.key(event));
         this.watched = null;

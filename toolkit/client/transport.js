@@ -12,6 +12,7 @@ import { Notice } from './notice.js';
 const HEARTBEAT_MS = 1000; // a visible page shows within 3 s that the server does not answer
 const HIDDEN_HEARTBEAT_MS = 10000;
 const ANSWER_MS = 1900;
+const CONNECT_MS = 6000; // a WebSocket that is not open by then is given up; the browser itself would wait for minutes
 const FIRST_RETRY_MS = 300;
 const LONGEST_RETRY_MS = 15000;
 const POLL_LIMIT_MS = 30000;
@@ -31,7 +32,8 @@ const GONE_TEXT = new Map([
 
 export class Transport {
     constructor() {
-        this.online = false;
+        /** @type {boolean | undefined} undefined: there has been no connection yet */
+        this.online = undefined;
         this.base = new URL('../../', import.meta.url).pathname; // ends in "/"
         this.notice = new Notice();
         /** @type {PageLike} */
@@ -58,6 +60,7 @@ export class Transport {
         this.socketTimer = 0; // tries WebSocket again while polling
         this.heartbeatTimer = 0;
         this.answerTimer = 0;
+        this.connectTimer = 0;
     }
 
     /** @param {PageLike} page */
@@ -65,10 +68,10 @@ export class Transport {
         this.page = page;
         addEventListener('pagehide', () => this.sayBye());
         addEventListener('pageshow', event => { if (event.persisted) location.reload(); });
-        addEventListener('online', () => this.retryNow());
+        addEventListener('online', () => this.lookAgain());
         addEventListener('offline', () => this.connectionLost());
         document.addEventListener('visibilitychange', () => {
-            if (document.visibilityState === 'visible') this.retryNow();
+            if (document.visibilityState === 'visible') this.lookAgain();
         });
         await this.openSession();
     }
@@ -158,7 +161,9 @@ export class Transport {
         const scheme = location.protocol === 'https:' ? 'wss://' : 'ws://';
         const socket = new WebSocket(scheme + location.host + this.base + 'wt-session/ws');
         this.socket = socket;
+        this.connectTimer = setTimeout(() => this.slowToConnect(), ANSWER_MS);
         socket.onopen = () => {
+            clearTimeout(this.connectTimer);
             socket.send(JSON.stringify({ hello: this.token, ack: this.applied }));
             for (const message of this.unacknowledged) socket.send(JSON.stringify({ ...message, ack: this.applied }));
             this.awaitAnswer();
@@ -174,6 +179,24 @@ export class Transport {
         };
     }
 
+    slowToConnect() {
+        if (!this.polling) this.connectionLost();
+        this.connectTimer = setTimeout(() => this.socketLost(), CONNECT_MS - ANSWER_MS);
+    }
+
+    /** The network may be another one, or somebody looks: what has hung so far is not worth waiting for. */
+    lookAgain() {
+        const hanging = this.socket;
+        if (!hanging || hanging.readyState !== WebSocket.CONNECTING) {
+            this.retryNow();
+            return;
+        }
+        this.socket = null;
+        clearTimeout(this.connectTimer);
+        hanging.close();
+        this.openSocket();
+    }
+
     /** @param {any} message */
     sendToSocket(message) {
         this.socket.send(JSON.stringify(message));
@@ -184,6 +207,7 @@ export class Transport {
         const socket = this.socket;
         this.socket = null;
         clearTimeout(this.heartbeatTimer);
+        clearTimeout(this.connectTimer);
         clearTimeout(this.answerTimer);
         this.answerTimer = 0;
         if (socket && socket.readyState < WebSocket.CLOSING) socket.close(4000);
@@ -192,7 +216,8 @@ export class Transport {
             this.trySocketLater();
             return;
         }
-        this.connectionLost();
+        // Where WebSocket is blocked the very first ones fail as well; a poll will tell.
+        if (this.online !== undefined) this.connectionLost();
         if (++this.socketFailures >= SOCKET_FAILURES_BEFORE_POLL) this.startPolling();
         else this.retryLater(() => this.openSocket());
     }
@@ -205,6 +230,7 @@ export class Transport {
 
     silent() {
         this.answerTimer = 0;
+        if (!this.polling) this.connectionLost();
         this.socketLost();
     }
 
@@ -227,7 +253,8 @@ export class Transport {
 
     trySocketLater() {
         clearTimeout(this.socketTimer);
-        this.socketTimer = setTimeout(() => this.openSocket(), SOCKET_RETRY_MS);
+        // A poll that hangs is as good as none: until one has brought an answer WebSocket is tried as before.
+        this.socketTimer = setTimeout(() => this.openSocket(), this.online ? SOCKET_RETRY_MS : this.nextPause());
     }
 
     stopPolling() {
@@ -326,9 +353,10 @@ export class Transport {
     }
 
     connectionLost() {
-        if (this.ended || !this.online) return;
+        if (this.ended || this.online === false) return;
+        this.notice.showBanner(this.online ? 'Offline. Your entries are kept until the connection is back.'
+            : 'No connection to the server. Trying again.');
         this.online = false;
-        this.notice.showBanner('Offline. Your entries are kept until the connection is back.');
         if (this.page.connectionChanged) this.page.connectionChanged(false);
     }
 
@@ -336,8 +364,13 @@ export class Transport {
     retryLater(retry) {
         clearTimeout(this.retryTimer);
         this.retry = retry;
-        this.retryTimer = setTimeout(() => this.retryNow(), this.retryMs * (0.5 + Math.random()));
+        this.retryTimer = setTimeout(() => this.retryNow(), this.nextPause());
+    }
+
+    nextPause() {
+        const pause = this.retryMs * (0.5 + Math.random());
         this.retryMs = Math.min(this.retryMs * 2, LONGEST_RETRY_MS);
+        return pause;
     }
 
     retryNow() {
