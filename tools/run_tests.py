@@ -90,7 +90,7 @@ def group_checks():
 
 def group_browser():
     folder = os.path.join(TOP, 'tests', 'browser')
-    if not build('release', ['mirl', 'zeqd', 'zeqctl', 'docroot', 'gallery']):
+    if not build('release', ['mirl', 'zeqd', 'zeqctl', 'docroot', 'gallery', 'bound_gallery']):
         return 0, 1
     installed = os.path.join(folder, 'node_modules', '.package-lock.json')
     if not os.path.isfile(installed) or os.path.getmtime(installed) < os.path.getmtime(os.path.join(folder, 'package-lock.json')):
