@@ -68,7 +68,7 @@ TEST_F(TlsTest, OnePortSpeaksBothAndTlsHasItsOwnHeaders) {
               "000");
     EXPECT_EQ(run("curl -sk --tls-max 1.2 -o /dev/null -w '%{http_code}' " + url + "/"), "200");
 
-    Deadline::hurry(100);
+    Deadline::hurry(20);
     for (const std::string& begun : {std::string(), std::string("\x16\x03\x01\x02", 4)}) {
         TestClient slow(server.port()); // never ends its handshake
         slow.send(begun);

@@ -53,6 +53,7 @@ private:
 
 TEST(UpdateLock, ThreadsTakeTurnsWithTheSessionAndWithEachOther) {
     constexpr int kThreads = 4, kTurns = 200;
+    std::promise<void> done; // outlives the session, whose thread fulfils it
     RunningSession session;
     int turns = 0; // without an atomic: the lock is what protects it
     std::vector<std::thread> threads;
@@ -81,8 +82,7 @@ TEST(UpdateLock, ThreadsTakeTurnsWithTheSessionAndWithEachOther) {
         Wt::WApplication::UpdateLock lock(session.application);
         EXPECT_EQ(session.application->root()->count(), kThreads * kTurns / 50);
     }
-    std::promise<void> done; // behind all calls
-    session.call([&] { done.set_value(); });
+    session.call([&] { done.set_value(); }); // behind all calls
     done.get_future().wait();
     session.end();
     EXPECT_EQ(turns, (kThreads + 1) * kTurns);
@@ -91,9 +91,9 @@ TEST(UpdateLock, ThreadsTakeTurnsWithTheSessionAndWithEachOther) {
 }
 
 TEST(UpdateLock, EndsADialogThatTheSessionWaitsFor) {
-    RunningSession session;
     std::promise<Wt::WDialog*> opened;
     std::promise<int> closed;
+    RunningSession session;
     session.call([&] {
         Wt::WDialog dialog("d");
         opened.set_value(&dialog);
@@ -109,9 +109,9 @@ TEST(UpdateLock, EndsADialogThatTheSessionWaitsFor) {
 }
 
 TEST(UpdateLock, IsNotGrantedForWhatHasEnded) {
+    std::promise<void> begun, release;
     RunningSession session;
     EXPECT_FALSE(Wt::WApplication::UpdateLock(nullptr));
-    std::promise<void> begun, release;
     session.call([&] {
         begun.set_value();
         release.get_future().wait();
