@@ -34,6 +34,7 @@ export class MirlSystem {
         return system;
     }
 
+    /** `startTook`: from the start to the first answer, in ms. */
     async startMirl() {
         const [key, certificate] = ['key.pem', 'cert.pem'].map(name => path.join(this.folder, name));
         execFileSync('openssl', ['req', '-x509', '-newkey', 'ec', '-pkeyopt', 'ec_paramgen_curve:P-256', '-nodes', '-subj',
@@ -41,10 +42,12 @@ export class MirlSystem {
         { stdio: 'ignore' });
         this.port = await freePort();
         this.tls = true;
+        const begin = performance.now();
         this.mirl = await Program.start(path.join(build, 'shell/mirl'), ['--docroot=docroot', '--https-address=127.0.0.1',
             `--https-port=${this.port}`, `--ssl-certificate=${certificate}`, `--ssl-private-key=${key}`, '--accesslog=-',
             ...OPEN_LIMITS], { env: this.env, cwd: build, said: null });
         await until('the interface answers', () => request(this, 'GET', '/'));
+        this.startTook = performance.now() - begin;
     }
 
     ctl(...words) {
@@ -88,11 +91,11 @@ export async function eventually(page, look) {
 }
 
 async function until(what, probe) {
-    for (let left = 300; left > 0; --left) {
+    for (let left = 3000; left > 0; --left) {
         try {
             return await probe();
         } catch {
-            await sleep(20);
+            await sleep(2);
         }
     }
     throw new Error('waited in vain: ' + what);
