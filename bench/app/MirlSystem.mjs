@@ -8,6 +8,7 @@ import { openPage } from '../client/load.mjs';
 import { OPEN_LIMITS, Program, build, sleep, tempFolder } from '../client/program.mjs';
 
 const PASSWORD = 'measured';
+const PATIENCE_MS = 30_000;
 
 function freePort() {
     return new Promise(resolve => {
@@ -29,7 +30,7 @@ export class MirlSystem {
         system.zeqd = await Program.start(path.join(build, 'platform/zeqd'), ['--socket', system.env.ZEQ_SOCKET,
             '--data', path.join(system.folder, 'db'), '--settings-dir', path.join(system.folder, 'settings'), '--demo',
             ...(devices ? ['--devices', String(devices)] : [])], { env: system.env, said: null });
-        await until('the service answers', () => system.ctl('get', 'swx', '1', 'index'));
+        await until('the service answers', system.zeqd, () => system.ctl('get', 'swx', '1', 'index'));
         await system.startMirl();
         return system;
     }
@@ -46,7 +47,7 @@ export class MirlSystem {
         this.mirl = await Program.start(path.join(build, 'shell/mirl'), ['--docroot=docroot', '--https-address=127.0.0.1',
             `--https-port=${this.port}`, `--ssl-certificate=${certificate}`, `--ssl-private-key=${key}`, '--accesslog=-',
             ...OPEN_LIMITS], { env: this.env, cwd: build, said: null });
-        await until('the interface answers', () => request(this, 'GET', '/'));
+        await until('the interface answers', this.mirl, () => request(this, 'GET', '/'));
         this.startTook = performance.now() - begin;
     }
 
@@ -90,13 +91,12 @@ export async function eventually(page, look) {
     }
 }
 
-async function until(what, probe) {
-    for (let left = 3000; left > 0; --left) {
+/** @param {Program} program that has to go on running @param {() => any} probe */
+async function until(what, program, probe) {
+    for (const end = Date.now() + PATIENCE_MS; program.child.exitCode === null && Date.now() < end; await sleep(2)) {
         try {
             return await probe();
-        } catch {
-            await sleep(2);
-        }
+        } catch { /* not yet */ }
     }
-    throw new Error('waited in vain: ' + what);
+    throw new Error(`waited in vain until ${what}: ${program.complaint}`);
 }

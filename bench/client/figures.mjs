@@ -22,11 +22,12 @@ export async function timed(action) {
 /** Runs the figures named behind the build folder on the command line; without names all of them. */
 export async function runFigures(figures) {
     const wanted = process.argv.slice(3);
-    process.on('uncaughtException', async error => {
-        console.error(error);
+    const giveUp = async why => {
+        console.error(why);
         await cleanUp();
         process.exit(1);
-    });
+    };
+    for (const event of ['uncaughtException', 'SIGINT', 'SIGTERM']) process.on(event, giveUp);
     let failed = false;
     for (const [name, figure] of Object.entries(figures)) {
         if (wanted.length > 0 && !wanted.includes(name)) continue;

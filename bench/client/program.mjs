@@ -34,11 +34,13 @@ export class Program {
     static start(file, words, { env = {}, cwd, said = /port (\d+)/ } = {}) {
         return new Promise((resolve, reject) => {
             const program = new Program();
-            program.child = spawn(file, words, { stdio: ['ignore', 'pipe', said ? 'inherit' : 'ignore'], env: { ...process.env, ...env }, cwd });
+            program.child = spawn(file, words, { stdio: ['ignore', 'pipe', 'pipe'], env: { ...process.env, ...env }, cwd });
             program.ended = new Promise(done => program.child.on('exit', done));
             running.add(program);
+            program.complaint = '';
+            program.child.stderr.on('data', piece => { program.complaint = (program.complaint + piece).slice(-500); });
             program.child.on('error', reject);
-            program.ended.then(code => reject(new Error(`${file} ended with ${code}`)));
+            program.ended.then(code => reject(new Error(`${file} ended with ${code}: ${program.complaint}`)));
             if (!said) resolve(program);
             let text = '';
             program.child.stdout.on('data', piece => {
