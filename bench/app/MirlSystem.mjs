@@ -98,5 +98,6 @@ async function until(what, program, probe) {
             return await probe();
         } catch { /* not yet */ }
     }
+    await Promise.race([program.ended, sleep(500)]); // for its last words
     throw new Error(`waited in vain until ${what}: ${program.complaint}`);
 }

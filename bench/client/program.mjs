@@ -35,7 +35,7 @@ export class Program {
         return new Promise((resolve, reject) => {
             const program = new Program();
             program.child = spawn(file, words, { stdio: ['ignore', 'pipe', 'pipe'], env: { ...process.env, ...env }, cwd });
-            program.ended = new Promise(done => program.child.on('exit', done));
+            program.ended = new Promise(done => program.child.on('close', done));
             running.add(program);
             program.complaint = '';
             program.child.stderr.on('data', piece => { program.complaint = (program.complaint + piece).slice(-500); });
