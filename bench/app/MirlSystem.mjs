@@ -41,6 +41,7 @@ export class MirlSystem {
         execFileSync('openssl', ['req', '-x509', '-newkey', 'ec', '-pkeyopt', 'ec_paramgen_curve:P-256', '-nodes', '-subj',
             '/CN=mirl', '-addext', 'subjectAltName=DNS:localhost,IP:127.0.0.1', '-keyout', key, '-out', certificate],
         { stdio: 'ignore' });
+        this.certificate = certificate;
         this.port = await freePort();
         this.tls = true;
         const begin = performance.now();

@@ -1,4 +1,6 @@
 // A real browser before a server on this machine, through a proxy that counts the bytes of the wire.
+import { X509Certificate, createHash } from 'node:crypto';
+import { readFileSync } from 'node:fs';
 import net from 'node:net';
 import { chromium } from '../../tests/browser/node_modules/playwright-core/index.mjs';
 
@@ -20,12 +22,18 @@ export async function countingProxy(target) {
     return proxy;
 }
 
-/** @param {(browser: import('playwright-core').Browser) => Promise<void>} use */
-export async function withBrowser(use) {
+/**
+ * @param {(browser: import('playwright-core').Browser) => Promise<void>} use
+ * @param {string[]} trusted certificates (PEM files) that the browser takes for good, so that it opens no connection twice
+ */
+export async function withBrowser(use, trusted = []) {
+    const keys = trusted.map(file => createHash('sha256')
+        .update(new X509Certificate(readFileSync(file)).publicKey.export({ type: 'spki', format: 'der' })).digest('base64'));
     const browser = await chromium.launch({
         executablePath: '/usr/bin/chromium',
         args: ['--no-sandbox', '--disable-gpu', '--disable-quic', '--no-first-run', '--disable-background-networking',
-            '--disable-component-update', '--disable-sync'],
+            '--disable-component-update', '--disable-sync',
+            ...(keys.length > 0 ? ['--ignore-certificate-errors-spki-list=' + keys.join(',')] : [])],
     });
     try {
         await use(browser);
@@ -36,7 +44,7 @@ export async function withBrowser(use) {
 
 /** A page of a fresh profile. @param {import('playwright-core').Browser} browser */
 export async function freshPage(browser) {
-    const context = await browser.newContext({ ignoreHTTPSErrors: true, viewport: { width: 1280, height: 800 } });
+    const context = await browser.newContext({ viewport: { width: 1280, height: 800 } });
     return context.newPage();
 }
 
