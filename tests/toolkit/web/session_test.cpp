@@ -11,6 +11,8 @@
 #include <Wt/WTextArea>
 #include <Wt/WTimer>
 
+#include <boost/json/array.hpp>
+#include <boost/json/object.hpp>
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -285,6 +287,32 @@ TEST(Session, runs_from_start_to_quit_and_tells_the_browser_last) {
     EXPECT_EQ(log, "0 gone");
     EXPECT_NE(sink.last.find("hello"), std::string::npos);
     EXPECT_EQ(sink.finished, R"([["go","/again"]])");
+}
+
+TEST(Session, timeouts_that_came_while_one_was_handled_count_as_one) {
+    TestSession s;
+    Wt::WTimer timer, other;
+    int fired = 0, others = 0;
+    timer.timeout().connect([&] { ++fired; });
+    other.timeout().connect([&] { ++others; });
+    timer.setInterval(10);
+    timer.start();
+    other.start();
+    s.flush();
+    const auto tick = [&](int run) {
+        Wt::Impl::SessionEvent event;
+        event.kind = Wt::Impl::SessionEvent::Kind::Page;
+        event.page = boost::json::array{boost::json::object{{"k", "timer"}, {"t", run}}};
+        s.mailbox.post(std::move(event));
+    };
+    for (int i = 0; i < 5; ++i) tick(1); // a handler was slow, say
+    tick(2);
+    s.application->processEvents();
+    EXPECT_EQ(fired, 1);
+    EXPECT_EQ(others, 1);
+    tick(1);
+    s.application->processEvents();
+    EXPECT_EQ(fired, 2);
 }
 
 } // namespace

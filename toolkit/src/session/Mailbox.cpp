@@ -8,6 +8,7 @@ void Mailbox::post(SessionEvent event) {
     std::deque<SessionEvent> dropped; // destroyed outside of the lock: an exchange answers when it goes
     {
         const std::lock_guard lock(mMutex);
+        event.ordinal = ++mPosted;
         if (mEnding) {
             dropped.push_back(std::move(event));
         } else if (event.kind == SessionEvent::Kind::End || mWaiting.size() >= kMaxWaiting) {
@@ -38,6 +39,11 @@ bool Mailbox::tryTake(SessionEvent& event) {
 bool Mailbox::ending() const {
     const std::lock_guard lock(mMutex);
     return mEnding;
+}
+
+std::uint64_t Mailbox::posted() const {
+    const std::lock_guard lock(mMutex);
+    return mPosted;
 }
 
 EndReason Mailbox::endReason() const {

@@ -3,6 +3,7 @@
 #include <boost/json/value.hpp>
 
 #include <condition_variable>
+#include <cstdint>
 #include <deque>
 #include <functional>
 #include <memory>
@@ -28,6 +29,7 @@ struct SessionEvent {
     std::shared_ptr<ResourceExchange> exchange;
     std::function<void()> call;
     EndReason reason = EndReason::Expired;
+    std::uint64_t ordinal = 0; ///< set by Mailbox::post(): how many were posted with it
 };
 
 /// What waits for a session. post() from any thread; take() and tryTake() from the session's thread alone,
@@ -44,7 +46,8 @@ public:
     SessionEvent take();
     bool tryTake(SessionEvent& event);
     bool ending() const;
-    EndReason endReason() const; ///< meaningful while ending()
+    std::uint64_t posted() const; ///< events so far
+    EndReason endReason() const;  ///< meaningful while ending()
 
 private:
     SessionEvent next(); // with the lock held, something being there
@@ -52,6 +55,7 @@ private:
     mutable std::mutex mMutex;
     std::condition_variable mArrived;
     std::deque<SessionEvent> mWaiting;
+    std::uint64_t mPosted = 0;
     bool mEnding = false;
     EndReason mReason = EndReason::Expired;
 };

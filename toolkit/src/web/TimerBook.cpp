@@ -17,6 +17,16 @@ std::uint32_t TimerBook::begin(WTimer& timer) {
 
 void TimerBook::end(std::uint32_t run) {
     if (mRunning.erase(run)) mChanged.insert(run);
+    mHandled.erase(run);
+}
+
+void TimerBook::handled(std::uint32_t run, std::uint64_t posted) {
+    if (mRunning.contains(run)) mHandled[run] = posted;
+}
+
+bool TimerBook::isOld(std::uint32_t run, std::uint64_t ordinal) const {
+    const auto found = mHandled.find(run);
+    return found != mHandled.end() && ordinal <= found->second;
 }
 
 WTimer* TimerBook::find(std::uint32_t run) const {

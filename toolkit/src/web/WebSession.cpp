@@ -11,6 +11,7 @@
 #include <boost/json/array.hpp>
 
 #include <cstdio>
+#include <utility>
 
 namespace Wt::Impl {
 
@@ -170,9 +171,12 @@ void WebSession::processEvents() {
 
 void WebSession::handle(SessionEvent& event) {
     switch (event.kind) {
-    case SessionEvent::Kind::Page:
+    case SessionEvent::Kind::Page: {
+        const std::uint64_t outer = std::exchange(mOrdinal, event.ordinal);
         handlePage(event.page);
+        mOrdinal = outer;
         break;
+    }
     case SessionEvent::Kind::Resource:
         serveResource(event.exchange);
         break;
@@ -211,8 +215,11 @@ void WebSession::deliver(const boost::json::object& event) {
     takeValues(event);
     const std::string_view kind = foreignText(event, "k");
     if (kind == "timer") {
-        const int run = foreignInt(event, "t");
-        if (WTimer* timer = run > 0 ? mTimers.find(static_cast<std::uint32_t>(run)) : nullptr) timer->fired();
+        const auto run = static_cast<std::uint32_t>(std::max(0, foreignInt(event, "t")));
+        WTimer* timer = mTimers.find(run);
+        if (!timer || (mOrdinal && mTimers.isOld(run, mOrdinal))) return;
+        timer->fired();
+        mTimers.handled(run, mMailbox.posted());
         return;
     }
     const int id = foreignInt(event, "t");

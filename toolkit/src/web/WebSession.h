@@ -112,6 +112,7 @@ private:
     std::unordered_map<std::string, WResource*> mResources; // by key
     std::vector<std::shared_ptr<ResourceAnswer>> mAnswers;  // under way
     std::shared_ptr<SessionLink> mLink; // to the mailbox, for I/O threads; made at the first resource request
+    std::uint64_t mOrdinal = 0;         // of the mailbox's event being handled; 0: it came another way
     std::uint32_t mFocused = 0;
     bool mQuitted = false;
 };
