@@ -23,6 +23,7 @@ WMsgBoxDbErr::WMsgBoxDbErr(AccessType type, const std::vector<std::string>& erro
     rejectWhenEscapePressed();
     contents()->setPadding(kMsgBoxPaddingPx);
     auto* frame = new Wt::WTable(contents());
+    frame->setWidth(Wt::WLength(100, Wt::WLength::Percentage)); // the button stands at the box's right edge
     frame->elementAt(0, 0)->addWidget(
         new WDialogHeading(*this, "event-severity-error.png", tr("[RSnnn]Error")));
 
