@@ -102,7 +102,9 @@ void WCollapsingContextPanel::unfold(int height) {
 void WCollapsingContextPanel::layoutSizeChanged(int /*width*/, int height) {
     if (mHeightType != ResizableHeight) return;
     if (mCollapsed) {
-        if (height >= kFoldHeight) unfold(height);
+        if (height < kFoldHeight) return;
+        unfold(height);
+        mCurrentHeight = height; // the same size is not reported again
         return;
     }
     if (height < kFoldHeight) {

@@ -10,13 +10,24 @@ const FROM = new Map([
 /** @type {WeakMap<Element, Animation>} */
 const running = new WeakMap();
 
+/** The end of an animation that another one follows says nothing: its events come later than what follows.
+ * @param {HTMLElement} element */
+function stop(element) {
+    const former = running.get(element);
+    if (!former) return;
+    running.delete(element);
+    former.onfinish = null;
+    former.oncancel = null;
+    former.cancel();
+}
+
 /**
  * @param {HTMLElement} element
  * @param {[boolean, number?, number?, number?]} state hidden, effects, timing, milliseconds; null: shown
  */
 export function setHidden(element, state) {
     const [hidden, effects = 0, timing = 1, duration = 0] = state ?? [false];
-    running.get(element)?.cancel();
+    stop(element);
     const changes = element.hidden !== hidden;
     const still = matchMedia('(prefers-reduced-motion: reduce)').matches;
     if (!changes || !effects || !duration || still || !element.isConnected) {
