@@ -1,7 +1,8 @@
 #pragma once
 
 // The enumerated values of the database as numbers. Every enumeration starts at 1; the numbers are those that
-// the typed getters of the client library return. The strings and the user's words are in InfoTables.h.
+// the typed getters of the client library return. The strings and the user's words are in InfoTables.h. The
+// kinds of devices stand at the end: they are the lists' own.
 
 /// "status" of "rx" and "tx".
 enum class Info_DeviceStatus : unsigned { Offline = 1, Configuring, Ready, ResetPending, InRecovery };
@@ -64,3 +65,15 @@ enum class Info_OsdCommonAction : unsigned {
 
 /// What a Receiver sends to wake the computer when it connects.
 enum class Info_WakeOnConnectAction : unsigned { None = 1, Keypress, MouseMove };
+
+/// What a list row or a selection is. None also stands for a mix of kinds.
+enum class Info_DeviceType : unsigned { None = 1, Receiver, Transmitter, Switch };
+
+enum class Info_DetailedDeviceType : unsigned {
+    None = 1,
+    ReceiverG1,
+    TransmitterDvi,
+    TransmitterVga,
+    Switch,
+    ReceiverG2
+};

@@ -11,7 +11,7 @@
 #include "views/cascade/WManagedView.h"
 #include "views/cascade/WSlaveSettingsView.h"
 #include "views/dash/WDashView.h"
-#include "views/devices/WDevView.h"
+#include "views/devices/page/WDevView.h"
 #include "views/events/WEventView.h"
 #include "views/peripherals/WPeriphView.h"
 #include "views/sessions/WSesView.h"

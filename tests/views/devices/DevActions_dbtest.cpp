@@ -4,7 +4,7 @@
 #include "frame/WAutoSizeTableView.h"
 #include "frame/WNumericSortFilterProxyModel.h"
 #include "tests/views/devices/DevicesPage.h"
-#include "views/devices/WDevViewList.h"
+#include "views/devices/list/WDevViewList.h"
 
 #include <Wt/WCheckBox>
 

@@ -3,10 +3,10 @@
 #include "db/Db.h"
 #include "tests/platform/support/LogCapture.h"
 #include "tests/views/devices/DevicesPage.h"
-#include "views/devices/WDevViewChooseFwUpdateSrcDialog.h"
-#include "views/devices/WDevViewChooseFwUpdateSrcTable.h"
-#include "views/devices/WDevViewFwUpdateSrcLoginDialog.h"
-#include "views/devices/WDevViewNewFwUpdateSrcDialog.h"
+#include "views/devices/firmware/WDevViewChooseFwUpdateSrcDialog.h"
+#include "views/devices/firmware/WDevViewChooseFwUpdateSrcTable.h"
+#include "views/devices/firmware/WDevViewFwUpdateSrcLoginDialog.h"
+#include "views/devices/firmware/WDevViewNewFwUpdateSrcDialog.h"
 
 #include "widgets/WFwUpdateFileSrc.h"
 

@@ -1,4 +1,4 @@
-#include "views/devices/DevStatusMark.h"
+#include "views/devices/list/DevStatusMark.h"
 
 #include <gtest/gtest.h>
 

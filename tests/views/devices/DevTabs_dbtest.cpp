@@ -2,10 +2,10 @@
 
 #include "db/ZeqExchange.h"
 #include "tests/views/devices/DevicesPage.h"
-#include "views/devices/UsbDiagTable.h"
-#include "views/devices/WDevViewRxVideo.h"
-#include "views/devices/WDevViewSwxPorts.h"
-#include "views/devices/WDevViewTxSesStatus.h"
+#include "views/devices/tabs/UsbDiagTable.h"
+#include "views/devices/tabs/WDevViewRxVideo.h"
+#include "views/devices/tabs/WDevViewSwxPorts.h"
+#include "views/devices/tabs/WDevViewTxSesStatus.h"
 
 #include <Wt/WComboBox>
 #include <Wt/WLineEdit>

@@ -1,9 +1,9 @@
-#include "views/devices/DeviceSelection.h"
+#include "views/devices/page/DeviceSelection.h"
 
 #include "frame/WAutoSizeTableView.h"
 #include "frame/WNumericSortFilterProxyModel.h"
 #include "tests/frame/PlainApp.h"
-#include "views/devices/WDevViewList.h"
+#include "views/devices/list/WDevViewList.h"
 
 #include <Wt/WStandardItemModel>
 

@@ -7,7 +7,7 @@
 #include "platform/client/ZeqClient.h"
 #include "platform/client/ZeqReq.h"
 #include "platform/client/ZeqRsp.h"
-#include "views/devices/WDevViewList.h"
+#include "views/devices/list/WDevViewList.h"
 
 #include <Wt/WComboBox>
 #include <Wt/WLineEdit>

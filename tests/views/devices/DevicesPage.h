@@ -2,7 +2,7 @@
 
 #include "tests/frame/WidgetSearch.h"
 #include "tests/shell/ShellTest.h"
-#include "views/devices/WDevView.h"
+#include "views/devices/page/WDevView.h"
 #include "widgets/WSettingsTab.h"
 #include "widgets/WWidgetZeq.h"
 

@@ -1,4 +1,4 @@
-#include "views/devices/FwUpdateSource.h"
+#include "views/devices/firmware/FwUpdateSource.h"
 
 #include "tests/platform/support/TempFolder.h"
 

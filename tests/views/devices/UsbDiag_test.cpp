@@ -1,4 +1,4 @@
-#include "views/devices/UsbDiagTable.h"
+#include "views/devices/tabs/UsbDiagTable.h"
 
 #include <gtest/gtest.h>
 

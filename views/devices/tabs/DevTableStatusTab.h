@@ -1,0 +1,22 @@
+#pragma once
+
+#include "views/devices/tabs/DevStatusTab.h"
+
+#include <Wt/WContainerWidget>
+
+/// A status tab that is one table with readFromDatabase(indexes, force).
+template <class Table>
+class DevTableStatusTab : public Wt::WContainerWidget, public DevStatusTab {
+public:
+    explicit DevTableStatusTab(Wt::WContainerWidget* parent = nullptr)
+        : Wt::WContainerWidget(parent), mTable(new Table(this)) {}
+
+    void readFromDatabase(const std::vector<unsigned>& indexes) override {
+        mTable->readFromDatabase(indexes, true);
+    }
+
+    Table* table() const { return mTable; }
+
+private:
+    Table* mTable;
+};

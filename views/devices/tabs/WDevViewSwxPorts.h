@@ -1,0 +1,26 @@
+#pragma once
+
+#include "views/devices/tabs/DevShownRows.h"
+#include "views/devices/tabs/DevStatusTab.h"
+
+/// What is plugged into the ports of a Switch. Meant for one Switch: with several, the rows of each later one
+/// take the place of those before, and the rows that are left over stay empty.
+class WDevViewSwxPortsTable : public DevShownRows {
+public:
+    explicit WDevViewSwxPortsTable(Wt::WContainerWidget* parent = nullptr);
+
+    void readFromDatabase(const std::vector<unsigned>& indexes);
+
+private:
+    bool readSwitch(struct ZeqClient_s* client, unsigned swxIndex);
+};
+
+class WDevViewSwxPorts : public Wt::WContainerWidget, public DevStatusTab {
+public:
+    explicit WDevViewSwxPorts(Wt::WContainerWidget* parent = nullptr);
+
+    void readFromDatabase(const std::vector<unsigned>& indexes) override;
+
+private:
+    WDevViewSwxPortsTable* mTable;
+};

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "views/devices/tabs/DevShownRows.h"
+#include "views/devices/tabs/DevTableStatusTab.h"
+
+/// Who is connected to a Transmitter: a row for each session. Empty for several Transmitters.
+class WDevViewTxSesStatusTable : public DevShownRows {
+public:
+    explicit WDevViewTxSesStatusTable(Wt::WContainerWidget* parent = nullptr);
+
+    void readFromDatabase(const std::vector<unsigned>& indexes, bool force);
+};
+
+class WDevViewTxSesStatus : public DevTableStatusTab<WDevViewTxSesStatusTable> {
+public:
+    using DevTableStatusTab::DevTableStatusTab;
+};

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "views/devices/tabs/DevStatusTab.h"
+#include "views/devices/tabs/UsbDiagTable.h"
+
+#include <Wt/WContainerWidget>
+
+/// Receiver's side of its USB transport. Empty while the Receiver is not ready.
+class WDevViewRxUsbRxTable : public UsbDiagTable {
+public:
+    explicit WDevViewRxUsbRxTable(Wt::WContainerWidget* parent = nullptr);
+
+protected:
+    bool findRecord(unsigned rxIndex, unsigned& recordIndex) override;
+};
+
+/// Transmitter's side: of the Transmitter that the selected Receiver is connected to.
+class WDevViewRxUsbTxTable : public UsbDiagTable {
+public:
+    explicit WDevViewRxUsbTxTable(Wt::WContainerWidget* parent = nullptr);
+
+protected:
+    bool findRecord(unsigned rxIndex, unsigned& recordIndex) override;
+};
+
+/// Transmitter's side, of the selected Transmitter. Empty while it is not ready.
+class WDevViewTxUsbTable : public UsbDiagTable {
+public:
+    explicit WDevViewTxUsbTable(Wt::WContainerWidget* parent = nullptr);
+
+protected:
+    bool findRecord(unsigned txIndex, unsigned& recordIndex) override;
+};
+
+class WDevViewRxUsb : public Wt::WContainerWidget, public DevStatusTab {
+public:
+    explicit WDevViewRxUsb(Wt::WContainerWidget* parent = nullptr);
+
+    void readFromDatabase(const std::vector<unsigned>& indexes) override;
+
+private:
+    WDevViewRxUsbTxTable* mTxTable;
+    WDevViewRxUsbRxTable* mRxTable;
+};
+
+class WDevViewTxUsb : public Wt::WContainerWidget, public DevStatusTab {
+public:
+    explicit WDevViewTxUsb(Wt::WContainerWidget* parent = nullptr);
+
+    void readFromDatabase(const std::vector<unsigned>& indexes) override;
+
+private:
+    WDevViewTxUsbTable* mTable;
+};
