@@ -3,6 +3,7 @@
 #include "frame/TabLabel.h"
 #include "shell/MirlApplication.h"
 
+#include <Wt/WFormWidget>
 #include <Wt/WMenuItem>
 #include <Wt/WTableView>
 
@@ -21,14 +22,17 @@ void WSettingsTabBase::indicateChangedContent(bool changed) {
     if (!application) return;
     application->subsectionChanged(mSubsectionId, changed);
     MirlUtil_indicateChange(mDetailsMenuItem, changed);
+    if (changed)
+        lockList(true);
+    else if (!application->parentSectionChanged(mSubsectionId))
+        lockList(false);
+}
+
+void WSettingsTabBase::lockList(bool locked) {
+    if (mFilterField) mFilterField->setDisabled(locked);
     if (!mTableView) return;
-    if (changed) {
-        mTableView->disable();
-        mTableView->addStyleClass(kLockedListStyle);
-    } else if (!application->parentSectionChanged(mSubsectionId)) {
-        mTableView->enable();
-        mTableView->removeStyleClass(kLockedListStyle);
-    }
+    mTableView->setDisabled(locked);
+    mTableView->toggleStyleClass(kLockedListStyle, locked);
 }
 
 void WSettingsTabBase::changed(Wt::WMenuItem* item, bool changed) {

@@ -8,19 +8,23 @@
 #include <vector>
 
 namespace Wt {
+class WFormWidget;
 class WMenuItem;
 class WTableView;
 } // namespace Wt
 
 /// Base of every tab of settings: carries the mark of unsaved edits to the tab's label, the main tab and the
-/// list beside the tab, which stays locked while its section has edits.
+/// list beside the tab, which stays locked while its section has edits: another selection, or a filter that hides the
+/// selected row, would leave them without their records.
 class WSettingsTabBase : public Wt::WContainerWidget {
 public:
     WSettingsTabBase(Wt::WContainerWidget* parent, ChangeTracker::SubsectionId id);
 
-    /// The menu entry that stands for this tab, and the list beside it. Not owned.
+    /// The menu entry that stands for this tab, the list beside it, and the list's filter. Not owned; any may be
+    /// null.
     void registerDetailsMenuItem(Wt::WMenuItem* item) { mDetailsMenuItem = item; }
     void registerTableView(Wt::WTableView* tableView) { mTableView = tableView; }
+    void registerFilterField(Wt::WFormWidget* field) { mFilterField = field; }
 
     /// Outside a session only the flag is kept.
     void indicateChangedContent(bool changed);
@@ -34,8 +38,11 @@ public:
                                      std::vector<std::string>& errors) = 0;
 
 private:
+    void lockList(bool locked);
+
     Wt::WMenuItem* mDetailsMenuItem = nullptr;
     ChangeTracker::SubsectionId mSubsectionId;
     Wt::WTableView* mTableView = nullptr;
+    Wt::WFormWidget* mFilterField = nullptr;
     bool mChangedContent = false;
 };

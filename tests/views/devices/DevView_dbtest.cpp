@@ -5,6 +5,7 @@
 #include "frame/WNumericSortFilterProxyModel.h"
 #include "tests/views/devices/DevicesPage.h"
 #include "views/devices/list/WDevViewList.h"
+#include "widgets/WLineEditPlus.h"
 
 #include <boost/any.hpp>
 
@@ -160,6 +161,46 @@ TEST_F(DevicesPage, FilterAndSortSurviveARebuild) {
         order.push_back(
             boost::any_cast<std::string>(view->list()->proxy()->data(row, WDevViewList::Name, Wt::EditRole)));
     EXPECT_EQ(order, (Names{"Office PC 1", "Office PC 2", "Office PC 3", "Office PC 4", "Office PC 10"}));
+}
+
+TEST_F(DevicesPage, TheFilterIsLockedWithTheListUntilTheLastEditEnds) {
+    select({"Desk 4"});
+    Wt::WFormWidget* filter = view->list()->filterField();
+    type("name", "Desk 4 East");
+    EXPECT_TRUE(filter->isDisabled()) << "it could hide the row whose edits wait";
+    showTab("Settings");
+    type("sessionInactivityTimeout", "17");
+    cancel();
+    EXPECT_TRUE(filter->isDisabled()) << "the name still waits";
+    showTab("Attributes*");
+    save();
+    EXPECT_FALSE(filter->isDisabled());
+    EXPECT_EQ(stored("rx", 7, "name"), "Desk 4 East");
+}
+
+TEST_F(DevicesPage, ASettingThatIsRefusedIsTold) {
+    const struct {
+        const char *device, *tab;
+        std::function<void()> edit;
+        const char* resource;
+        unsigned index;
+    } rows[] = {
+        {"Desk 4", "Settings", [this] { type("sessionInactivityTimeout", "17"); }, "rx", 7},
+        {"Weather", "Settings", [this] { choose("usbMode", 1); }, "tx", 7},
+        {"Annex Switch", "NTP", [this] { type("secondaryNtpIpAddress", "10.20.1.6"); }, "swx", 2},
+    };
+    for (const auto& row : rows) {
+        select({row.device});
+        showTab(row.tab);
+        row.edit();
+        remove(row.resource, row.index); // by another administrator
+        shown.clear();
+        answerWith("Close");
+        save();
+        ASSERT_EQ(shown.size(), 1u) << row.device;
+        EXPECT_NE(shown[0].find("Error writing value(s)."), std::string::npos)
+            << row.device << ": " << shown[0];
+    }
 }
 
 TEST_F(DevicesPage, AServiceThatGoesAwayEmptiesTheListAndItsReturnFillsIt) {

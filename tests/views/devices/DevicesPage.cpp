@@ -82,12 +82,12 @@ void DevicesPage::select(const std::vector<std::string>& names) {
 }
 
 Wt::WWidget* DevicesPage::shownTab() const {
-    Wt::WTabWidget* page = view->details()->tabWidget(view->details()->currentTab());
+    Wt::WTabWidget* page = view->details()->tabWidget(view->details()->shownPage());
     return page->count() > 0 ? page->currentWidget() : nullptr;
 }
 
 void DevicesPage::showTab(const std::string& title) {
-    Wt::WTabWidget* page = view->details()->tabWidget(view->details()->currentTab());
+    Wt::WTabWidget* page = view->details()->tabWidget(view->details()->shownPage());
     for (int i = 0; i < page->count(); ++i) {
         if (page->tabText(i).toUTF8() != title) continue;
         page->setCurrentIndex(i);

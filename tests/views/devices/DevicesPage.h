@@ -3,6 +3,7 @@
 #include "tests/frame/WidgetSearch.h"
 #include "tests/shell/ShellTest.h"
 #include "views/devices/page/WDevView.h"
+#include "views/devices/page/WDevViewDetails.h"
 #include "widgets/WSettingsTab.h"
 #include "widgets/WWidgetZeq.h"
 

@@ -1,150 +1,102 @@
 #include "views/devices/page/WDevView.h"
 
-#include "db/InfoMgr.h"
-#include "frame/FoldedPane.h"
-#include "frame/WAutoSizeTableView.h"
-#include "frame/WNavAccordion.h"
-#include "frame/WNavAccordionStdCell.h"
+#include "frame/ActionColumn.h"
+#include "frame/RowsInOrder.h"
 #include "views/devices/list/WDevViewList.h"
-#include "widgets/WSettingsTab.h"
-
-#include <Wt/WHBoxLayout>
-#include <Wt/WPushButton>
-#include <Wt/WTabWidget>
-#include <Wt/WTimer>
-#include <Wt/WVBoxLayout>
+#include "views/devices/page/WDevViewDetails.h"
 
 namespace {
 
-constexpr int kRefreshInterval = 5000; // milliseconds
-
 // Pixels.
-constexpr int kAccordionWidth = 160;
-constexpr int kAccordionMinWidth = 148;
-constexpr int kAccordionMaxWidth = 380;
 constexpr int kListHeight = 180;
 constexpr int kListMinHeight = 115;
 constexpr int kDetailsHeight = 555;
 
-} // namespace
-
-struct WDevView::Action {
-    const char* title;
-    const char* button;
-    const char* hint;
-    void (WDevView::*handler)();
-    bool enabledAtFirst = false;
-};
-
-const WDevView::Action WDevView::kActions[] = {
-    {"[RSnnn]Restore Full Defaults", "[RSnnn]Restore Full",
+// clang-format off
+constexpr ActionRow<WDevView, DeviceAction> kActions[] = {
+    {DeviceAction::RestoreFull, "[RSnnn]Restore Full Defaults", "[RSnnn]Restore Full",
      "[RSnnn]Restore device settings to default for one or more selected devices.",
      &WDevView::restoreSettingsActionButtonClicked},
-    {"[RSnnn]Restore Partial Defaults", "[RSnnn]Restore Partial",
+    {DeviceAction::RestorePartial, "[RSnnn]Restore Partial Defaults", "[RSnnn]Restore Partial",
      "[RSnnn]Restore Switches to factory default settings, excluding the network settings.",
      &WDevView::partialRestoreSettingsActionButtonClicked},
-    {"[RSnnn]Update Firmware", "[RSnnn]Update",
+    {DeviceAction::Update, "[RSnnn]Update Firmware", "[RSnnn]Update",
      "[RSnnn]Update firmware on one or more selected devices of the same type.",
      &WDevView::updateFirmwareActionButtonClicked},
-    {"[RSnnn]Reboot Device", "[RSnnn]Reboot", "[RSnnn]Reboot one or more selected devices.",
+    {DeviceAction::Reboot, "[RSnnn]Reboot Device", "[RSnnn]Reboot", "[RSnnn]Reboot one or more selected devices.",
      &WDevView::rebootDevActionButtonClicked},
-    {"[RSnnn]Remove Devices", "[RSnnn]Remove", "[RSnnn]Remove the selected device(s) from the system.",
-     &WDevView::removeDevicesActionButtonClicked},
-    {"[RSnnn]Remove Offline Devices", "[RSnnn]Remove Offline",
-     "[RSnnn]Automatically remove all devices from the system that have an offline status.",
-     &WDevView::removeOfflineDevicesActionButtonClicked, true},
-    {"[RSnnn]Flash Display", "[RSnnn]Flash",
-     "[RSnnn]Flash the display backlight of the device to help locate it.",
-     &WDevView::flashDisplayActionButtonClicked, true},
+    {DeviceAction::Remove, "[RSnnn]Remove Devices", "[RSnnn]Remove",
+     "[RSnnn]Remove the selected device(s) from the system.", &WDevView::removeDevicesActionButtonClicked},
+    {.value = DeviceAction::RemoveOffline, .title = "[RSnnn]Remove Offline Devices",
+     .button = "[RSnnn]Remove Offline",
+     .hint = "[RSnnn]Automatically remove all devices from the system that have an offline status.",
+     .handler = &WDevView::removeOfflineDevicesActionButtonClicked, .enabledAtFirst = true},
+    // Flash disturbs no edit: it stays as it is, on purpose.
+    {.value = DeviceAction::Flash, .title = "[RSnnn]Flash Display", .button = "[RSnnn]Flash",
+     .hint = "[RSnnn]Flash the display backlight of the device to help locate it.",
+     .handler = &WDevView::flashDisplayActionButtonClicked, .whileEditing = WhileEditing::LeftAlone,
+     .enabledAtFirst = true},
 };
+// clang-format on
+static_assert(rowsInOrder(kActions) && std::size(kActions) == kDeviceActionCount);
 
-struct WDevView::Editing {
-    DevEditableTab tab;
-    void (WDevView::*save)();
-    void (WDevView::*cancel)();
-    void (WDevView::*changed)() = &WDevView::contentChangedHandler;
-};
-
-const WDevView::Editing WDevView::kEditing[] = {
-    {DevEditableTab::RxAttribs, &WDevView::rxAttribsSaveButtonClickedHandler,
-     &WDevView::rxAttribsCancelButtonClickedHandler},
-    {DevEditableTab::RxSettings, &WDevView::rxSettingsSaveButtonClickedHandler,
-     &WDevView::rxSettingsCancelButtonClickedHandler},
-    {DevEditableTab::TxAttribs, &WDevView::txAttribsSaveButtonClickedHandler,
-     &WDevView::txAttribsCancelButtonClickedHandler},
-    {DevEditableTab::TxSettings, &WDevView::txSettingsSaveButtonClickedHandler,
-     &WDevView::txSettingsCancelButtonClickedHandler},
-    {DevEditableTab::SwxMode, &WDevView::swxModeSaveButtonClickedHandler,
-     &WDevView::swxModeCancelButtonClickedHandler, &WDevView::swxModeChangedHandler},
-    {DevEditableTab::SwxAttribs, &WDevView::swxAttribsSaveButtonClickedHandler,
-     &WDevView::swxAttribsCancelButtonClickedHandler},
-    {DevEditableTab::SwxIpV4Settings, &WDevView::swxIpV4SettingsSaveButtonClickedHandler,
-     &WDevView::swxIpV4SettingsCancelButtonClickedHandler},
-    {DevEditableTab::SwxIpV6Settings, &WDevView::swxIpV6SettingsSaveButtonClickedHandler,
-     &WDevView::swxIpV6SettingsCancelButtonClickedHandler},
-    {DevEditableTab::SwxNtpSettings, &WDevView::swxNtpSettingsSaveButtonClickedHandler,
-     &WDevView::swxNtpSettingsCancelButtonClickedHandler},
-};
+} // namespace
 
 WDevView::WDevView(Wt::WContainerWidget* parent)
-    : Wt::WContainerWidget(parent), mHBox(new Wt::WHBoxLayout), mVBox(new Wt::WVBoxLayout),
-      mAccordion(new WNavAccordion), mWatched{{{unsigned(InfoMgr_InfoID::Transmitters)},
-                                               {unsigned(InfoMgr_InfoID::Receivers)},
-                                               {unsigned(InfoMgr_InfoID::Switches)},
-                                               {unsigned(InfoMgr_InfoID::Connections)},
-                                               {unsigned(InfoMgr_InfoID::UserSessions)}}},
-      mRefreshTimer(new Wt::WTimer(this)) {
-    for (std::size_t i = 0; i < mCells.size(); ++i) {
-        const Action& action = kActions[i];
-        mCells[i] = new WNavAccordionStdCell(tr(action.button), tr(action.hint));
-        mCells[i]->connectAction(this, action.handler);
-        if (!action.enabledAtFirst) mCells[i]->disableActionButton();
-        mAccordion->sectionAdd(tr(action.title), mCells[i]);
+    : ListPage(parent, {InfoMgr_InfoID::Transmitters, InfoMgr_InfoID::Receivers, InfoMgr_InfoID::Switches,
+                        InfoMgr_InfoID::Connections, InfoMgr_InfoID::UserSessions}),
+      mList(new WDevViewList(tr("[RSnnn]Devices"))) {
+    auto* actions = new ActionColumn;
+    actions->addActions(this, kActions);
+    mDetails = new WDevViewDetails(tr("[RSnnn]Device Details"), kDetailsHeight, this, mList);
+    place(actions, {{mList, kListHeight, kListMinHeight}, {.widget = mDetails, .stretch = 1}});
+    giveRoomWhenFolded(*mDetails, *mList);
+    setDetails(mDetails);
+    setList(
+        *mList, [this] { mList->readFromDatabase(); }, [this] { devListSelectionChangedHandler(); });
+    selection().setRemember([this] { return rememberSelectionByKind(); });
+}
+
+WNavAccordionStdCell* WDevView::actionCell(DeviceAction action) const {
+    return actions()->cell(static_cast<std::size_t>(action));
+}
+
+void WDevView::devListSelectionChangedHandler() {
+    readFromDatabase(true, false);
+}
+
+void WDevView::detailsTabChangedHandler() {
+    mDetails->readFromDatabase(true, chosenRecords(), false);
+}
+
+bool WDevView::listIsDue() const {
+    return !mList->isComplete();
+}
+
+KeptSelection::Job WDevView::rememberSelectionByKind() {
+    std::vector<std::vector<unsigned>> selected;
+    for (const DeviceKind& kind : kDeviceKinds) mList->getZeqIndexVectByDev(kind, selected.emplace_back());
+    return [this, selected] {
+        for (std::size_t i = 0; i < selected.size(); ++i)
+            mList->table()->setSelectedFilteredZeqIndexes(selected[i], mList,
+                                                          deviceFilterOf(kDeviceKinds[i].type));
+    };
+}
+
+void WDevView::showSelection(bool forceDetails) {
+    DeviceSelection selected;
+    selected.any = mList->numSelected() > 0;
+    selected.conflict = mList->selectionContainsConflictedSwx();
+    mList->devTypeSelected(selected.type, selected.detail);
+    const DeviceSelectionRule& rule = ruleOf(selected);
+    for (int i = 0; i < kDeviceActionCount; ++i)
+        actions()->enable(static_cast<std::size_t>(i), enables(rule, DeviceAction(i)));
+
+    mDetails->selectTab(rule.page);
+    if (rule.page == DevDetailsPage::Empty) return;
+    std::vector<unsigned> indexes; // kind by kind
+    for (const DeviceKind& kind : kDeviceKinds) {
+        if (kind.type == selected.type) mList->getZeqIndexVectByDev(kind, indexes);
     }
-    mAccordion->resize(kAccordionWidth, Wt::WLength::Auto);
-    mAccordion->setMinimumSize(kAccordionMinWidth, Wt::WLength::Auto);
-    mAccordion->setMaximumSize(kAccordionMaxWidth, Wt::WLength::Auto);
-
-    mList = new WDevViewList(tr("[RSnnn]Devices"));
-    mList->setHeight(kListHeight);
-    mList->setMinimumSize(Wt::WLength::Auto, kListMinHeight);
-    mDetails = new WDevViewDetails(tr("[RSnnn]Device Details"), kDetailsHeight, mList->table());
-
-    mVBox->addWidget(mList);
-    mVBox->addWidget(mDetails, 1);
-    mVBox->setResizable(0);
-    giveRoomWhenFolded(*mDetails, *mVBox, *mList);
-    mHBox->addWidget(mAccordion);
-    mHBox->addLayout(mVBox, 1);
-    mHBox->setResizable(0);
-    setLayout(mHBox);
-
-    mRefreshTimer->setInterval(kRefreshInterval);
-    wire();
-}
-
-void WDevView::wire() {
-    for (const Editing& editing : kEditing) {
-        WSettingsTab& tab = mDetails->editableTab(editing.tab);
-        tab.saveButton()->clicked().connect(this, editing.save);
-        tab.cancelButton()->clicked().connect(this, editing.cancel);
-        tab.contentChanged().connect(this, editing.changed);
-    }
-    connectListSelection();
-    for (const DevDetailsPage page :
-         {DevDetailsPage::Receiver, DevDetailsPage::Transmitter, DevDetailsPage::Switch})
-        mDetails->tabWidget(page)->currentChanged().connect(this, &WDevView::detailsTabChangedHandler);
-    mRefreshTimer->timeout().connect(this, &WDevView::refreshTimerTimeout);
-}
-
-void WDevView::connectListSelection() {
-    mSelectionConnection =
-        mList->table()->selectionChanged().connect(this, &WDevView::devListSelectionChangedHandler);
-}
-
-void WDevView::enableAction(DeviceAction action, bool enable) {
-    if (enable)
-        actionCell(action)->enableActionButton();
-    else
-        actionCell(action)->disableActionButton();
+    mDetails->readFromDatabase(forceDetails, indexes, false);
 }

@@ -1,39 +1,25 @@
 #pragma once
 
+#include "frame/ListPage.h"
+#include "views/devices/page/DevTab.h"
 #include "views/devices/page/DeviceSelection.h"
-#include "views/devices/page/WDevViewDetails.h"
 
-#include <Wt/WContainerWidget>
-#include <Wt/WSignal>
-
-#include <array>
 #include <ctime>
-#include <string>
 #include <vector>
 
 namespace Wt {
-class WBoxLayout;
 class WTimer;
-} // namespace Wt
+}
 
+class WDevViewDetails;
 class WDevViewList;
-class WNavAccordion;
 class WNavAccordionStdCell;
 
-/// The Devices tab: every device of the system in one list, actions on the selected ones, and their settings
-/// in the pane below.
-class WDevView : public Wt::WContainerWidget {
+/// The Devices tab: every device of the system in one list, actions on the selected ones, and their settings in the
+/// pane below.
+class WDevView : public ListPage {
 public:
     explicit WDevView(Wt::WContainerWidget* parent = nullptr);
-
-    /// Refreshes what is new; nothing while there are unsaved edits. `forceDetails`: read the details in any
-    /// case. `forceList`: rebuild the list in any case, also over unsaved edits.
-    virtual void readFromDatabase(bool forceDetails, bool forceList);
-    virtual void enableAutoRefresh();
-    virtual void disableAutoRefresh();
-
-    /// A field of the tab on show was edited.
-    virtual void contentChangedHandler();
 
     virtual void restoreSettingsActionButtonClicked();
     virtual void partialRestoreSettingsActionButtonClicked();
@@ -45,28 +31,29 @@ public:
 
     virtual void devListSelectionChangedHandler();
     virtual void detailsTabChangedHandler();
+    /// Beside the edit, warns of what a change of mode means: at most once a minute.
     virtual void swxModeChangedHandler();
 
-    virtual void rxAttribsSaveButtonClickedHandler();
-    virtual void rxAttribsCancelButtonClickedHandler();
-    virtual void rxSettingsSaveButtonClickedHandler();
-    virtual void rxSettingsCancelButtonClickedHandler();
-    virtual void txAttribsSaveButtonClickedHandler();
-    virtual void txAttribsCancelButtonClickedHandler();
-    virtual void txSettingsSaveButtonClickedHandler();
-    virtual void txSettingsCancelButtonClickedHandler();
-    virtual void swxModeSaveButtonClickedHandler();
-    virtual void swxModeCancelButtonClickedHandler();
-    virtual void swxAttribsSaveButtonClickedHandler();
-    virtual void swxAttribsCancelButtonClickedHandler();
-    virtual void swxIpV4SettingsSaveButtonClickedHandler();
-    virtual void swxIpV4SettingsCancelButtonClickedHandler();
-    virtual void swxIpV6SettingsSaveButtonClickedHandler();
-    virtual void swxIpV6SettingsCancelButtonClickedHandler();
+    virtual void rxAttribsSaveButtonClickedHandler() { saveTab(DevTab::RxAttribs); }
+    virtual void rxAttribsCancelButtonClickedHandler() { cancelTab(DevTab::RxAttribs); }
+    virtual void rxSettingsSaveButtonClickedHandler() { saveTab(DevTab::RxSettings); }
+    virtual void rxSettingsCancelButtonClickedHandler() { cancelTab(DevTab::RxSettings); }
+    virtual void txAttribsSaveButtonClickedHandler() { saveTab(DevTab::TxAttribs); }
+    virtual void txAttribsCancelButtonClickedHandler() { cancelTab(DevTab::TxAttribs); }
+    virtual void txSettingsSaveButtonClickedHandler() { saveTab(DevTab::TxSettings); }
+    virtual void txSettingsCancelButtonClickedHandler() { cancelTab(DevTab::TxSettings); }
+    virtual void swxModeSaveButtonClickedHandler() { saveTab(DevTab::SwxMode); }
+    virtual void swxModeCancelButtonClickedHandler() { cancelTab(DevTab::SwxMode); }
+    virtual void swxAttribsSaveButtonClickedHandler() { saveTab(DevTab::SwxAttribs); }
+    virtual void swxAttribsCancelButtonClickedHandler() { cancelTab(DevTab::SwxAttribs); }
+    virtual void swxIpV4SettingsSaveButtonClickedHandler() { saveTab(DevTab::SwxIpV4Settings); }
+    virtual void swxIpV4SettingsCancelButtonClickedHandler() { cancelTab(DevTab::SwxIpV4Settings); }
+    virtual void swxIpV6SettingsSaveButtonClickedHandler() { saveTab(DevTab::SwxIpV6Settings); }
+    virtual void swxIpV6SettingsCancelButtonClickedHandler() { cancelTab(DevTab::SwxIpV6Settings); }
+    /// Empties the status too: after new settings the old one says nothing.
     virtual void swxNtpSettingsSaveButtonClickedHandler();
-    virtual void swxNtpSettingsCancelButtonClickedHandler();
+    virtual void swxNtpSettingsCancelButtonClickedHandler() { cancelTab(DevTab::SwxNtp); }
 
-    virtual void refreshTimerTimeout();
     virtual void fwUpdateTimerTimeout();
 
     /// Watches the firmware update of the Switch that one is logged in to, from now on.
@@ -75,45 +62,26 @@ public:
 
     WDevViewList* list() const { return mList; }
     WDevViewDetails* details() const { return mDetails; }
-    WNavAccordionStdCell* actionCell(DeviceAction action) const {
-        return mCells[static_cast<std::size_t>(action)];
-    }
+    WNavAccordionStdCell* actionCell(DeviceAction action) const;
+
+protected:
+    void showSelection(bool forceDetails) override;
+    bool listIsDue() const override;
 
 private:
-    struct Action;
-    static const Action kActions[];
-    struct Editing;
-    static const Editing kEditing[];
-
-    /// One watched kind of data.
-    struct Watch {
-        unsigned id; // InfoMgr_InfoID
-        unsigned lastChange = 0;
-    };
-
-    void wire();
-    bool newDataIsAvailable();
-    void rebuildList();
-    void connectListSelection();
-    void enableAction(DeviceAction action, bool enable);
-    void save(DevEditableTab which);
-    void cancel(DevEditableTab which);
+    void saveTab(DevTab tab);
+    void cancelTab(DevTab tab);
+    /// What puts the selection back after a rebuild: indexes of Receivers, Transmitters and Switches overlap.
+    KeptSelection::Job rememberSelectionByKind();
 
     void createNewFirmwareUpdateRecordThenProceed();
     void proceedWithSelection(unsigned upgradeIndex);
     void proceedWithFirmwareUpdate(unsigned upgradeIndex, Info_DeviceType deviceType,
                                    const std::vector<unsigned>& indexes);
 
-    Wt::WBoxLayout* mHBox;
-    Wt::WBoxLayout* mVBox;
-    std::array<WNavAccordionStdCell*, kDeviceActionCount> mCells{}; // by DeviceAction
-    WNavAccordion* mAccordion;
     WDevViewList* mList;
     WDevViewDetails* mDetails;
-    std::array<Watch, 5> mWatched;
-    Wt::WTimer* mRefreshTimer;
     std::time_t mLastModeWarning = 0; // seconds since the epoch
-    Wt::Signals::connection mSelectionConnection;
 
     Wt::WTimer* mFwUpdateTimer = nullptr; // made at its first use
     std::time_t mFwUpdateStart = 0;       // of this Switch's own update, seconds since the epoch

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "db/InfoMgr.h"
+
+#include <initializer_list>
+#include <vector>
+
+/// Kinds of data that a reader shows, each with the number of its last change that this reader has seen.
+class WatchedKinds {
+public:
+    WatchedKinds(std::initializer_list<InfoMgr_InfoID> kinds);
+
+    /// Whether any kind changed since it was last asked for. All are asked, in their order, so that each number
+    /// stays current. A failed read counts as a change. Without kinds there is always news: the reader does not
+    /// know better.
+    bool haveNews();
+
+    /// The same, but asks no further behind the first that changed.
+    bool anyHasNews();
+
+private:
+    struct Kind {
+        InfoMgr_InfoID id;
+        unsigned lastChange = 0;
+    };
+
+    std::vector<Kind> mKinds;
+};

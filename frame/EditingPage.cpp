@@ -1,0 +1,40 @@
+#include "frame/EditingPage.h"
+
+#include "frame/ActionColumn.h"
+#include "frame/DetailsTabs.h"
+#include "frame/WMsgBoxDbErr.h"
+
+void EditingPage::contentChangedHandler() {
+    actions()->disableForEdits();
+    const std::size_t records = chosenRecords().size();
+    WSettingsTab* tab = mDetails->shownSettingsTab();
+    if (!tab || (records == 0 && !editsSingletons())) return;
+    tab->indicateChangedContent(true);
+    tab->enableButtons(records > 1 ? tab->isAnyValid() : tab->isAllValid(), true);
+}
+
+bool EditingPage::save(WSettingsTab& tab, OnFailure onFailure) {
+    std::vector<std::string> errors;
+    const unsigned result = tab.writeToDatabase(chosenRecords(), errors);
+    const bool failed = result != 0 || !errors.empty();
+    if (failed) {
+        WMsgBoxDbErr(WMsgBoxDbErr::Write, errors).exec();
+        if (onFailure == OnFailure::KeepsEdits) return false;
+    }
+    endEdits(tab);
+    // What was refused is no news for the change status: the tab is read all the same, and shows what is stored.
+    readAgain(failed);
+    afterSave();
+    return !failed;
+}
+
+void EditingPage::cancel(WSettingsTab& tab) {
+    endEdits(tab);
+    tab.readFromDatabase(false, chosenRecords(), true);
+    readAgain(false);
+}
+
+void EditingPage::endEdits(WSettingsTab& tab) {
+    tab.enableButtons(false, false);
+    tab.indicateChangedContent(false);
+}

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "frame/PageFrame.h"
+
+#include <vector>
+
+class DetailsTabs;
+class WSettingsTab;
+
+/// A page with a details pane whose tabs are edited, saved and thrown away alike.
+class EditingPage : public PageFrame {
+public:
+    /// What a failed save leaves on the page: what is stored, or what the user entered.
+    enum class OnFailure { ShowsStored, KeepsEdits };
+
+    /// A field of the tab on show was edited: the actions wait for Save or Cancel, and Save is enabled when what was
+    /// entered is valid: all of it for one record, any of it for several.
+    virtual void contentChangedHandler();
+
+    /// Writes the tab to the chosen records and shows what the service refused. True: nothing failed.
+    bool save(WSettingsTab& tab, OnFailure onFailure = OnFailure::ShowsStored);
+    /// Throws the tab's edits away.
+    void cancel(WSettingsTab& tab);
+
+protected:
+    using PageFrame::PageFrame;
+
+    /// Not owned; before any edit.
+    void setDetails(DetailsTabs* details) { mDetails = details; }
+    DetailsTabs* detailsTabs() const { return mDetails; }
+
+    /// Records that a save writes. A page of singletons chooses none and edits all the same.
+    virtual std::vector<unsigned> chosenRecords() const = 0;
+    virtual bool editsSingletons() const { return false; }
+    /// Reads the page when edits have ended. `force`: also the details, whatever the service says of news.
+    virtual void readAgain(bool force) = 0;
+    /// Behind the reading that follows a save.
+    virtual void afterSave() {}
+
+private:
+    static void endEdits(WSettingsTab& tab);
+
+    DetailsTabs* mDetails = nullptr;
+};

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <Wt/WSignal>
+
+#include <cstddef>
+#include <functional>
+#include <vector>
+
+class ObjListParts;
+
+/// The selection of a list: kept by record while the list is rebuilt, and told of only when the user changes it.
+class KeptSelection {
+public:
+    using Job = std::function<void()>;
+
+    /// `rebuild` fills the list anew, `changed` is called when the user has selected something else. The list lives
+    /// as long as this.
+    KeptSelection(ObjListParts& list, Job rebuild, Job changed);
+    ~KeptSelection() { mConnection.disconnect(); }
+    KeptSelection(const KeptSelection&) = delete;
+    KeptSelection& operator=(const KeptSelection&) = delete;
+
+    /// For a list whose record indexes are not unique: called before a rebuild, gives what puts the selection back
+    /// behind it.
+    void setRemember(std::function<Job()> remember) { mRemember = std::move(remember); }
+
+    /// Records that are gone are no longer selected.
+    void rebuild();
+    void clear();
+    /// Scrolls to the selected row if it is the only one and out of view.
+    void bringIntoView();
+
+    /// Record indexes in the selection's order.
+    std::vector<unsigned> indexes() const;
+    std::size_t count() const;
+
+private:
+    /// Does the job without telling of the selection.
+    void quietly(const Job& job);
+    void listen();
+
+    ObjListParts& mList;
+    Job mRebuild;
+    Job mChanged;
+    std::function<Job()> mRemember;
+    Wt::Signals::connection mConnection;
+};

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "db/WatchedKinds.h"
+#include "frame/EditingPage.h"
+#include "frame/KeptSelection.h"
+
+#include <initializer_list>
+#include <optional>
+
+/// A page with a list of records, actions on the selected ones, and their details below.
+class ListPage : public EditingPage {
+public:
+    /// Refreshes what is new; nothing while there are unsaved edits. `forceDetails`: read the details in any case.
+    /// `forceList`: rebuild the list in any case, also over unsaved edits.
+    virtual void readFromDatabase(bool forceDetails, bool forceList);
+
+protected:
+    /// `watched`: kinds of data that the list shows; none: the list is rebuilt at every refresh.
+    ListPage(Wt::WContainerWidget* parent, std::initializer_list<InfoMgr_InfoID> watched);
+
+    /// Before the first refresh. `rebuild` fills the list anew, `selectionChanged` follows the user's selections.
+    void setList(ObjListParts& list, KeptSelection::Job rebuild, KeptSelection::Job selectionChanged);
+    KeptSelection& selection() { return *mSelection; }
+    const KeptSelection& selection() const { return *mSelection; }
+
+    /// Enables actions and shows the details of what is selected.
+    virtual void showSelection(bool forceDetails) = 0;
+    /// The list is rebuilt though nothing is new: for a list that the last rebuild left incomplete.
+    virtual bool listIsDue() const { return false; }
+
+    std::vector<unsigned> chosenRecords() const override { return mSelection->indexes(); }
+    void readAgain(bool force) override { readFromDatabase(force, false); }
+    /// The selected row stays in view, also when its new name moves it.
+    void afterSave() override { mSelection->bringIntoView(); }
+    void refresh() override;
+
+private:
+    WatchedKinds mWatched;
+    std::optional<KeptSelection> mSelection;
+};
