@@ -1,0 +1,260 @@
+// A page as a newcomer would write it: a list, two actions, a tab that edits and one that shows. On records that the
+// test makes up.
+
+#include "frame/ActionColumn.h"
+#include "frame/DetailsTabs.h"
+#include "frame/ListPage.h"
+#include "frame/RowsInOrder.h"
+#include "frame/StatusTab.h"
+#include "frame/WAutoSizeTableView.h"
+#include "frame/WNumericSortFilterProxyModel.h"
+#include "frame/WObjListContextPanel.h"
+#include "tests/frame/WidgetSearch.h"
+#include "tests/widgets/WidgetTest.h"
+#include "widgets/WLineEditZeq.h"
+#include "widgets/WSettingsTable.h"
+
+#include <Wt/WDialog>
+
+namespace {
+
+constexpr SettingsTableSpec kSpec{.resource = "r"};
+constexpr SettingsRow kRows[] = {
+    {.label = "[RSnnn]Name", .make = makeSettingsField<WLineEditZeq>, .key = "t", .pattern = "^[A-Z]*$"},
+    {.label = "[RSnnn]Notes", .make = makeSettingsField<WLineEditZeq>, .key = "c", .pattern = "^[a-z]*$"}};
+
+class NameTab : public WSettingsTab {
+public:
+    NameTab()
+        : WSettingsTab(nullptr, ChangeTracker::SUBSECTION_RX_ATTRIBS, {}),
+          table(new WSettingsTable(kSpec, kRows)) {
+        setTables({table});
+    }
+    WSettingsTable* table;
+};
+
+class ShownTab : public Wt::WContainerWidget, public StatusTab {
+public:
+    void readFromDatabase(const std::vector<unsigned>& indexes) override { shown = indexes; }
+    std::vector<unsigned> shown;
+};
+
+class Things : public WObjListContextPanel {
+public:
+    Things() : WObjListContextPanel("things", 2, true) { mTable->setSelectionMode(Wt::ExtendedSelection); }
+    void readFromDatabase() override {
+        removeAllRows();
+        for (const unsigned index : records) {
+            mModel->insertRows(0, 1);
+            setCell(0, 0, index);
+            setCell(0, 1, "thing " + std::to_string(index));
+        }
+    }
+    std::vector<unsigned> records{1, 2, 3, 5};
+};
+
+enum class Doing { Make, Drop, Open, Ring };
+enum class Tab { Name, Shown };
+
+class Page : public ListPage {
+public:
+    explicit Page(Wt::WContainerWidget* parent);
+
+    void done() { ++doings; }
+    void showSelection(bool forceDetails) override {
+        ++selectionsShown;
+        actions()->enableFor(selection().count());
+        details->readFromDatabase(forceDetails, chosenRecords(), false);
+    }
+    bool editsSingletons() const override { return singletons; }
+    bool listIsDue() const override { return false; }
+    void userSelected() { ++userSelections; }
+    using EditingPage::save;
+    using ListPage::selection;
+
+    Things* list = new Things;
+    DetailsTabs* details = new DetailsTabs("details", WCollapsingContextPanel::FixedHeight, 200, 1);
+    int doings = 0, selectionsShown = 0, userSelections = 0;
+    bool singletons = false;
+};
+
+constexpr ActionRow<Page, Doing> kActions[] = {
+    {Doing::Make, "make", "Make", "makes one", &Page::done, Needs::Nothing},
+    {Doing::Drop, "drop", "Drop", "drops some", &Page::done, Needs::Records},
+    {Doing::Open, "open", "Open", "opens one", &Page::done, Needs::OneRecord},
+    {Doing::Ring, "ring", "Ring", "rings", &Page::done, Needs::Nothing, WhileEditing::LeftAlone},
+};
+static_assert(rowsInOrder(kActions));
+constexpr DetailsTabRow<Page, Tab> kTabs[] = {{Tab::Name, 0, "Name", makeTab<NameTab>},
+                                              {Tab::Shown, 0, "Shown", makeTab<ShownTab>}};
+static_assert(rowsInOrder(kTabs));
+constexpr ActionRow<Page, Doing> kTwisted[] = {kActions[1], kActions[0]};
+static_assert(!rowsInOrder(kTwisted));
+
+Page::Page(Wt::WContainerWidget* parent)
+    : ListPage(parent, {InfoMgr_InfoID::Users, InfoMgr_InfoID::Receivers}) {
+    auto* column = new ActionColumn;
+    column->addActions(this, kActions);
+    details->addTabs(this, kTabs, list);
+    setDetails(details);
+    setList(
+        *list, [this] { list->readFromDatabase(); }, [this] { userSelected(); });
+    place(column, {{list, 100}, {details}});
+}
+
+class Pages : public WidgetTest {
+protected:
+    Pages() {
+        for (const unsigned kind : {6u, 7u}) store.put("changeStatus", kind, R"("lastChange":1)");
+        session.environment().dialogExecuted().connect(
+            boost::function<void(Wt::WDialog*)>([this](Wt::WDialog* dialog) {
+                told.push_back(textIn(dialog));
+                dialog->accept();
+            }));
+        view.readFromDatabase(false, false);
+    }
+
+    void select(const std::vector<unsigned>& records) {
+        view.list->table()->clearSelection();
+        view.list->table()->setSelectedZeqIndexes(records);
+        view.list->table()->selectionChanged().emit();
+        view.readFromDatabase(true, false);
+    }
+    std::string enabled() {
+        std::string letters;
+        for (std::size_t i = 0; i < std::size(kActions); ++i)
+            letters += view.actions()->cell(i)->actionButton()->isDisabled() ? '.' : 'X';
+        return letters;
+    }
+    WLineEditZeq& field(std::size_t row) { return *tab.table->widget<WLineEditZeq>(row); }
+    std::string stored(unsigned index) { return store.field("r", index, "t"); }
+
+    Page& view = *new Page(page());
+    NameTab& tab = static_cast<NameTab&>(*view.details->settingsTab(0));
+    std::vector<std::string> told;
+};
+
+TEST_F(Pages, ActionsFollowTheirNeedsAndWaitForEdits) {
+    const struct {
+        std::vector<unsigned> records;
+        const char *idle, *editing;
+    } rows[] = {{{}, "X..X", "...X"}, {{1}, "XXXX", "...X"}, {{1, 2}, "XX.X", "...X"}};
+    for (const auto& row : rows) {
+        select(row.records);
+        EXPECT_EQ(enabled(), row.idle) << row.records.size();
+        view.contentChangedHandler();
+        EXPECT_EQ(enabled(), row.editing) << row.records.size();
+        EXPECT_EQ(view.details->hasChanged(), !row.records.empty()) << row.records.size();
+        if (!row.records.empty()) click(tab.cancelButton());
+    }
+    click(view.actions()->cell(1)->actionButton());
+    EXPECT_EQ(view.doings, 1);
+}
+
+TEST_F(Pages, ARebuildKeepsRecordsAndTellsNobody) {
+    select({1, 3});
+    const int before = view.userSelections;
+    view.list->records = {9, 3, 2};
+    view.readFromDatabase(false, true);
+    EXPECT_EQ(view.selection().indexes(), std::vector<unsigned>{3}) << "1 is gone, 3 stands elsewhere";
+    view.selection().clear();
+    EXPECT_EQ(view.selection().count(), 0u);
+    EXPECT_EQ(view.userSelections, before);
+    select({2});
+    EXPECT_EQ(view.userSelections, before + 1) << "and listens again";
+}
+
+TEST_F(Pages, SaveIsForAllThatIsValidOfOneAndAnyThatIsValidOfSeveral) {
+    select({1});
+    type(field(0), "b");
+    EXPECT_TRUE(tab.saveButton()->isDisabled());
+    EXPECT_FALSE(tab.cancelButton()->isDisabled());
+    click(tab.cancelButton());
+    EXPECT_EQ(field(0).text(), "A");
+    EXPECT_FALSE(tab.hasChanged());
+
+    select({1, 2});
+    type(field(0), "b");
+    EXPECT_FALSE(tab.saveButton()->isDisabled()) << "the notes are valid";
+    click(tab.cancelButton());
+
+    view.singletons = true; // such a page chooses no records
+    select({});
+    type(field(0), "B");
+    EXPECT_FALSE(tab.saveButton()->isDisabled());
+    type(field(0), "b");
+    EXPECT_TRUE(tab.saveButton()->isDisabled()) << "judged as one record";
+}
+
+TEST_F(Pages, AFailedSaveIsToldAndKeepsTheEditsWhereThePageWantsIt) {
+    select({1, 5}); // 5 is refused
+    type(field(0), "C");
+    EXPECT_FALSE(view.save(tab, EditingPage::OnFailure::KeepsEdits));
+    EXPECT_EQ(told.size(), 1u);
+    EXPECT_TRUE(tab.hasChanged());
+    EXPECT_FALSE(tab.saveButton()->isDisabled());
+    click(tab.cancelButton());
+
+    type(field(0), "D");
+    click(tab.saveButton()); // a row without a handler of its own
+    EXPECT_EQ(told.size(), 2u);
+    EXPECT_FALSE(tab.hasChanged());
+    EXPECT_TRUE(tab.saveButton()->isDisabled());
+    EXPECT_EQ(stored(1), "\"D\"") << "the other record is stored";
+
+    select({2});
+    type(field(0), "E");
+    EXPECT_TRUE(view.save(tab));
+    EXPECT_EQ(told.size(), 2u);
+    EXPECT_EQ(stored(2), "\"E\"");
+}
+
+TEST_F(Pages, OnlyTheTabOnShowIsRead) {
+    auto* shown = widgetsIn<ShownTab>(view.details).at(0);
+    select({2});
+    EXPECT_EQ(shown->shown, std::vector<unsigned>{});
+    view.details->tabWidget(0)->setCurrentIndex(1);
+    EXPECT_EQ(view.details->shownSettingsTab(), nullptr);
+    view.readFromDatabase(true, false);
+    EXPECT_EQ(shown->shown, std::vector<unsigned>{2});
+}
+
+TEST_F(Pages, ATickAsksForEveryKindAndRefreshesUnlessEdited) {
+    const auto tick = [this] {
+        const int before = view.selectionsShown;
+        store.forget();
+        view.refreshTimerTimeout();
+        return std::pair(store.requests().size(), view.selectionsShown - before);
+    };
+    view.details->tabWidget(0)->setCurrentIndex(1); // a tab that asks for nothing
+    EXPECT_EQ(tick(), (std::pair<std::size_t, int>(2, 1)));
+    store.put("changeStatus", 6, R"("lastChange":2)");
+    store.put("changeStatus", 7, R"("lastChange":2)");
+    view.list->records = {1};
+    EXPECT_EQ(tick().first, 2u) << "the second kind is asked behind the first one's news";
+    EXPECT_EQ(view.list->rowCount(), 1);
+    view.list->records = {1, 2};
+    tick();
+    EXPECT_EQ(view.list->rowCount(), 1) << "no kind is new twice";
+    tab.indicateChangedContent(true);
+    store.put("changeStatus", 6, R"("lastChange":3)");
+    EXPECT_EQ(tick(), (std::pair<std::size_t, int>(0, 0)));
+    view.readFromDatabase(false, true);
+    EXPECT_EQ(view.list->rowCount(), 2) << "forced, over unsaved edits";
+}
+
+TEST_F(Pages, WatchedKinds) {
+    WatchedKinds all{InfoMgr_InfoID::Users, InfoMgr_InfoID::Receivers};
+    WatchedKinds first = all;
+    WatchedKinds none{};
+    store.forget();
+    EXPECT_TRUE(first.anyHasNews());
+    EXPECT_EQ(store.requests().size(), 1u);
+    EXPECT_TRUE(first.anyHasNews()) << "the second kind was not asked yet";
+    EXPECT_FALSE(first.anyHasNews());
+    EXPECT_TRUE(all.haveNews());
+    EXPECT_FALSE(all.haveNews());
+    EXPECT_TRUE(none.haveNews() && none.anyHasNews()) << "nobody tells such a reader what is new";
+}
+
+} // namespace
