@@ -45,6 +45,11 @@ Info_AccessMode Convert_accessModeDbStringToEnum(const std::string& text) {
     return row ? row->value : Info_AccessMode::ShareOrPrivate;
 }
 
+Info_ConnectionMode Convert_connectionModeDbStringToEnum(const std::string& text) {
+    const EnumRow<Info_ConnectionMode>* row = rowOfString(kConnectionModeTable, text);
+    return row ? row->value : Info_ConnectionMode::None;
+}
+
 const char* Convert_functionKeyEnumToZeqString(Info_FunctionKey key) {
     const EnumRow<Info_FunctionKey>* row = rowOfValue(kFunctionKeyTable, key);
     return row ? row->dbValue.data() : "none";

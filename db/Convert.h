@@ -5,8 +5,8 @@
 #include <string>
 
 // Conversions between the three forms of an enumerated value: database string, number, user's text. None
-// fails: an unknown string gives the first number (unless told otherwise), an unknown number the word
-// "unknown".
+// fails: an unknown string gives the first number (unless told otherwise),
+// an unknown number the word "unknown".
 
 Info_DeviceStatus Convert_deviceStatusStringToEnum(const char* text);
 Info_SwxStatus Convert_swxStatusStringToEnum(const char* text);
@@ -19,6 +19,9 @@ Info_WakeOnConnectAction Convert_wakeOnConnectActionStringToEnum(const char* tex
 
 /// An unknown text gives ShareOrPrivate, the widest mode.
 Info_AccessMode Convert_accessModeDbStringToEnum(const std::string& text);
+
+/// None for a text that is neither mode of a connection.
+Info_ConnectionMode Convert_connectionModeDbStringToEnum(const std::string& text);
 
 /// "none" for a number outside F1 to F12.
 const char* Convert_functionKeyEnumToZeqString(Info_FunctionKey key);
@@ -44,8 +47,8 @@ std::string Convert_userRoleEnumToString(Info_UserRole role);
 /// whole text was a number or empty, else 1.
 unsigned Convert_stringToUInt32(const std::string& text, unsigned& value);
 
-/// Seconds since the epoch as local time, "2024-3-7 09:05:00": no leading zero in month and day. Cut to size
-/// bytes.
+/// Seconds since the epoch as local time, "2024-3-7 09:05:00": no leading zero in month and day.
+/// Cut to size bytes.
 void Convert_dateTimeStampToString(long seconds, char* buffer, int size);
 
 /// Horizontal frequency, rounded to a tenth of a kHz and then cut to a whole kHz; 0 when there is no timing.
@@ -54,8 +57,8 @@ void Convert_dateTimeStampToString(long seconds, char* buffer, int size);
 unsigned Convert_videoTimingToHorFreq(unsigned pixelClock, unsigned resolution, unsigned frontPorch,
                                       unsigned syncWidth, unsigned backPorch);
 
-/// Frame rate in whole Hz, with the same mixed arithmetic. Clock in kHz, horizontal in pixels, vertical in
-/// lines.
+/// Frame rate in whole Hz, with the same mixed arithmetic. Clock in kHz, horizontal in pixels,
+/// vertical in lines.
 unsigned Convert_videoTimingToFrameRate(unsigned pixelClock, unsigned hRes, unsigned hFront, unsigned hSync,
                                         unsigned hBack, unsigned vRes, unsigned vFront, unsigned vSync,
                                         unsigned vBack);

@@ -8,17 +8,18 @@
 #include <string>
 #include <vector>
 
-/// The one door to the internal database service: small blocking operations in the session that the calling
-/// thread serves.
+/// The one door to the internal database service: small blocking operations in the session that the
+/// calling thread serves.
 ///
 /// 1. An operation that can fail returns 0 for success and 1 for failure; out-arguments mean something only
-/// after 0.
+///    after a 0.
 /// 2. `errors` is appended to and never cleared. It receives what the service refused, translated, one text
-/// for each
-///    refusal. Local failures (no client, no request, no answer) are at most log lines: `errors` may stay
-///    empty.
-/// 3. Record index 0 = the resource is a singleton and the request names no record. "swx" 1 is this Switch.
-/// 4. Texts are UTF-8. Nothing throws.
+///    for each refusal. Local failures (no client, no request, no answer) are at most log lines: `errors`
+///    may stay empty.
+/// 3. Record index 0 = none. Reads and writes of single values take it for a singleton, whose request names
+///    no record; lookups from a record fail with it, without an exchange.
+/// 4. "swx" 1 is this Switch.
+/// 5. Texts are UTF-8. Nothing throws.
 class Db {
 public:
     using Errors = std::vector<std::string>;
@@ -96,8 +97,8 @@ public:
 
     // Refusals of the service (DbErrors.cpp)
 
-    /// Appends one translated text for each error object; with `ignoreNoEntries`, none for "no entries"
-    /// (1009).
+    /// Appends one translated text for each error object; with `ignoreNoEntries`,
+    /// none for "no entries" (1009).
     void interpZeqErrors(const json_t* errorsArray, Errors& errors, bool ignoreNoEntries);
     void logZeqErrors(const Errors& errors);
 
@@ -110,8 +111,8 @@ public:
     /// deviceType "rx" or "tx".
     unsigned pullEdidFromDevice(const std::string& deviceType, unsigned index, const std::string& name,
                                 const std::string& description, Errors& errors);
-    /// Sends duration 1 for mode 0, 2 for mode 1, else the mode itself; resource "swxControl", "rxControl" or
-    /// "txControl".
+    /// Sends duration 1 for mode 0, 2 for mode 1, else the mode itself; resource "swxControl",
+    /// "rxControl" or "txControl".
     unsigned triggerLcdBacklightFlash(const char* eid, const char* resource, unsigned mode, Errors& errors);
     unsigned createUpgradeRecord(const std::string& protocol, const std::string& location,
                                  const std::string& filename, const std::string& username,
@@ -119,8 +120,8 @@ public:
     /// Logs the user in at the Receiver first; a refused connection does not undo that.
     unsigned createKvmSession(unsigned userIndex, unsigned rxIndex, unsigned txIndex,
                               Info_ConnectionMode mode, Errors& errors);
-    /// Also logs the user out of the Receiver, whatever became of the connection. A refused delete shows only
-    /// in `errors`.
+    /// Also logs the user out of the Receiver, whatever became of the connection.
+    /// A refused delete shows only in `errors`.
     unsigned destroyKvmSession(unsigned connectionIndex, Errors& errors);
 
     // Monitor descriptions (DbEdid.cpp)
@@ -130,7 +131,7 @@ public:
                          std::string& videoType, Errors& errors);
     unsigned getEdidByName(const std::string& name, char* buffer, unsigned size, Errors& errors);
 
-    // Status of a device (DbStatus.cpp)
+    // Status of a device (DbStatus.cpp). DeviceState.h asks with less ado.
 
     unsigned getSwxStatus(unsigned index, Info_SwxStatus& status, Info_DeviceUpgradeStatus& upgrade,
                           Info_SwxUsage& usage, Errors& errors);
@@ -153,8 +154,8 @@ public:
     unsigned getFastSwxOverallStatus(Info_SwxStatus status, Info_DeviceUpgradeStatus upgrade,
                                      Info_SwxUsage usage, std::string& text);
 
-    // KVM sessions and logins of a device (DbDurations.cpp). Texts are translated; durations as
-    // MirlUtil_secsToFormattedTimeString.
+    // KVM sessions and logins of a device (DbDurations.cpp). Texts are translated;
+    // durations as MirlUtil_secsToFormattedTimeString.
 
     unsigned getSessionModeFromRxIndex(unsigned rxIndex, std::string& text, Errors& errors);
     unsigned getSessionModeFromTxIndex(unsigned txIndex, std::string& text, Errors& errors);
@@ -193,8 +194,8 @@ public:
     unsigned getLoggedInUsernameFromRxIndex(unsigned rxIndex, std::string& value, Errors& errors);
     unsigned getConnectedUsernameFromTxIndex(unsigned txIndex, std::string& value, Errors& errors);
 
-    // Where a device is plugged in (DbPorts.cpp). Up to 50 exchanges a call. A device on no port gives 0 and
-    // leaves the outputs as they were.
+    // Where a device is plugged in (DbPorts.cpp). Up to 50 exchanges a call. A device on no port gives 0:
+    // Switch and port stay as they were, and the Switch's name is empty.
 
     unsigned getSwxIndexAndPortIndexFromRxIndex(unsigned rxIndex, unsigned& swxIndex, unsigned& portIndex,
                                                 Errors& errors);

@@ -1,7 +1,9 @@
 // KVM sessions and logins of a device: their mode and how long they last.
 
 #include "db/Db.h"
+#include "db/InfoTables.h"
 #include "db/MirlUtil.h"
+#include "db/OfRecord.h"
 
 #include <Wt/WString>
 
@@ -11,13 +13,11 @@ namespace {
 
 unsigned sessionMode(const char* deviceKey, unsigned device, std::string& text, Db::Errors& errors) {
     unsigned connection = 0;
-    if (Db::db.findIndexOfUInt32Key("connection", deviceKey, device, connection, errors) != 0) return 1;
+    if (findReferrer("connection", deviceKey, device, connection, errors) != 0) return 1;
     std::string mode;
     if (Db::db.readString("connection", connection, "mode", mode, errors) != 0) return 1;
-    if (mode == "share_mode")
-        text = Wt::WString::tr("[RSnnn]Shared only").toUTF8();
-    else if (mode == "private_mode")
-        text = Wt::WString::tr("[RSnnn]Private only").toUTF8();
+    if (const auto* row = rowOfString(kConnectionModeTable, mode))
+        text = Wt::WString::tr(row->textKey).toUTF8();
     return 0;
 }
 
@@ -25,7 +25,7 @@ unsigned sessionMode(const char* deviceKey, unsigned device, std::string& text, 
 unsigned duration(const char* resource, const char* deviceKey, unsigned device, std::string& text,
                   Db::Errors& errors) {
     unsigned record = 0;
-    if (Db::db.findIndexOfUInt32Key(resource, deviceKey, device, record, errors) != 0) return 1;
+    if (findReferrer(resource, deviceKey, device, record, errors) != 0) return 1;
     unsigned start = 0;
     if (Db::db.readUInt32(resource, record, "sessionStartTime", start, errors) != 0) return 1;
     // A clock that was set back in between must not show a century.

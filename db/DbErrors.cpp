@@ -87,8 +87,8 @@ std::string errorText(int number, const char* function) {
     return "[RSnnn]Unknown error";
 }
 
-// The detail is a message key or a text. The toolkit marks a key that it does not know; the marks stay in the
-// message.
+// The detail is a message key or a text. The toolkit marks a key that it does not know;
+// the marks stay in the message.
 std::string detailText(const std::string& detail, const char* function) {
     const std::string text = Wt::WString::tr(detail).toUTF8();
     if (text == "??" + detail + "??")
@@ -111,7 +111,7 @@ void Db::interpZeqErrors(const json_t* errorsArray, Errors& errors, bool ignoreN
 }
 
 void Db::logZeqErrors(const Errors& errors) {
-    // The text is the format itself, as the log's other readers expect it; the log is safe against a "%" in
-    // it.
+    // The text is the format itself, as the log's other readers expect it;
+    // the log is safe against a "%" in it.
     for (const std::string& text : errors) EventLog_write(1, 7, __func__, text);
 }

@@ -1,6 +1,7 @@
 // Where a device is plugged in. The database has no index from device to port, so the port tables are walked.
 
 #include "db/Db.h"
+#include "db/OfRecord.h"
 #include "db/PortTables.h"
 #include "db/ZeqExchange.h"
 #include "platform/client/ZeqReq.h"
@@ -36,7 +37,7 @@ bool readTable(unsigned record, std::map<std::string, PortTables::Place>& places
 unsigned findPort(const char* resource, unsigned device, unsigned& swxIndex, unsigned& portIndex,
                   Db::Errors& errors) {
     std::string eid;
-    if (Db::db.readString(resource, device, "eid", eid, errors) != 0) return 1;
+    if (readTextOf(resource, device, "eid", eid, errors) != 0) return 1;
     PortTables own; // of the ones held, if there are any
     PortTables& known = *PortTables::held();
     auto place = known.places.find(eid);
@@ -47,6 +48,25 @@ unsigned findPort(const char* resource, unsigned device, unsigned& swxIndex, uns
     }
     if (place != known.places.end()) std::tie(swxIndex, portIndex) = place->second;
     return 0;
+}
+
+/// A text of the Switch that a device is plugged into; empty for a device on no port.
+unsigned textOfSwxOf(const char* resource, unsigned device, std::string& value, Db::Errors& errors,
+                     unsigned (*textOfSwx)(unsigned, std::string&, Db::Errors&)) {
+    unsigned swx = 0;
+    unsigned port = 0;
+    if (findPort(resource, device, swx, port, errors) != 0) return 1;
+    if (swx != 0) return textOfSwx(swx, value, errors);
+    value.clear();
+    return 0;
+}
+
+unsigned nameOfSwx(unsigned swx, std::string& value, Db::Errors& errors) {
+    return readTextOf("swx", swx, "name", value, errors);
+}
+
+unsigned nameOrEidOfSwx(unsigned swx, std::string& value, Db::Errors& errors) {
+    return Db::db.getSwxNameOrEidFromSwxIndex(swx, value, errors);
 }
 
 } // namespace
@@ -74,29 +94,17 @@ unsigned Db::getSwxIndexAndPortIndexFromTxIndex(unsigned txIndex, unsigned& swxI
 }
 
 unsigned Db::getSwxNameOrEidFromRxIndex(unsigned index, std::string& value, Errors& errors) {
-    unsigned swx = 0;
-    unsigned port = 0;
-    if (findPort("rx", index, swx, port, errors) != 0) return 1;
-    return getSwxNameOrEidFromSwxIndex(swx, value, errors);
+    return textOfSwxOf("rx", index, value, errors, nameOrEidOfSwx);
 }
 
 unsigned Db::getSwxNameOrEidFromTxIndex(unsigned index, std::string& value, Errors& errors) {
-    unsigned swx = 0;
-    unsigned port = 0;
-    if (findPort("tx", index, swx, port, errors) != 0) return 1;
-    return getSwxNameOrEidFromSwxIndex(swx, value, errors);
+    return textOfSwxOf("tx", index, value, errors, nameOrEidOfSwx);
 }
 
 unsigned Db::getSwxNameFromRxIndex(unsigned index, std::string& value, Errors& errors) {
-    unsigned swx = 0;
-    unsigned port = 0;
-    if (findPort("rx", index, swx, port, errors) != 0) return 1;
-    return readString("swx", swx, "name", value, errors);
+    return textOfSwxOf("rx", index, value, errors, nameOfSwx);
 }
 
 unsigned Db::getSwxNameFromTxIndex(unsigned index, std::string& value, Errors& errors) {
-    unsigned swx = 0;
-    unsigned port = 0;
-    if (findPort("tx", index, swx, port, errors) != 0) return 1;
-    return readString("swx", swx, "name", value, errors);
+    return textOfSwxOf("tx", index, value, errors, nameOfSwx);
 }

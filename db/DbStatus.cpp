@@ -2,6 +2,8 @@
 
 #include "db/Convert.h"
 #include "db/Db.h"
+#include "db/DeviceState.h"
+#include "db/OfRecord.h"
 #include "db/OverallStatus.h"
 
 #include <Wt/WString>
@@ -16,9 +18,9 @@ struct StatusFields {
 };
 
 unsigned readFields(const char* resource, unsigned index, StatusFields& fields, Db::Errors& errors) {
-    if (Db::db.readString(resource, index, "status", fields.status, errors) != 0) return 1;
-    if (Db::db.readString(resource, index, "upgradeStatus", fields.upgrade, errors) != 0) return 1;
-    return Db::db.readString(resource, index, "usage", fields.usage, errors);
+    if (readTextOf(resource, index, "status", fields.status, errors) != 0) return 1;
+    if (readTextOf(resource, index, "upgradeStatus", fields.upgrade, errors) != 0) return 1;
+    return readTextOf(resource, index, "usage", fields.usage, errors);
 }
 
 unsigned readDevice(const char* resource, unsigned index, Info_DeviceStatus& status,
@@ -34,11 +36,6 @@ unsigned readDevice(const char* resource, unsigned index, Info_DeviceStatus& sta
 unsigned unknownStatus(std::string& text) {
     text = Wt::WString::tr("[RSnnn]Unknown").toUTF8();
     return 1;
-}
-
-Info_ConnectionMode connectionMode(const std::string& text) {
-    if (text == "private_mode") return Info_ConnectionMode::Private;
-    return text == "share_mode" ? Info_ConnectionMode::Share : Info_ConnectionMode::None;
 }
 
 OverallStatusFacts::Busy busyOf(bool connected, Info_ConnectionMode mode) {
@@ -84,35 +81,26 @@ unsigned Db::getTxStatus(unsigned index, Info_DeviceStatus& status, Info_DeviceU
     if (!connected) return 0;
     std::string text;
     if (readString("connection", connection, "mode", text, errors) != 0) return 1;
-    mode = connectionMode(text);
+    mode = Convert_connectionModeDbStringToEnum(text);
     return 0;
 }
 
 unsigned Db::getRxOverallStatus(unsigned index, std::string& text, Errors& errors) {
-    Info_DeviceStatus status{};
-    Info_DeviceUpgradeStatus upgrade{};
-    Info_DeviceUsage usage{};
-    bool loggedIn = false;
-    if (getRxStatus(index, status, upgrade, usage, loggedIn, errors) != 0) return unknownStatus(text);
-    return getFastRxOverallStatus(status, usage, upgrade, 0, loggedIn, text);
+    const auto rx = readRxState(index, errors);
+    if (!rx) return unknownStatus(text);
+    return getFastRxOverallStatus(rx->status, rx->usage, rx->upgrade, 0, rx->loggedIn, text);
 }
 
 unsigned Db::getTxOverallStatus(unsigned index, std::string& text, Errors& errors) {
-    Info_DeviceStatus status{};
-    Info_DeviceUpgradeStatus upgrade{};
-    Info_DeviceUsage usage{};
-    bool connected = false;
-    Info_ConnectionMode mode{};
-    if (getTxStatus(index, status, upgrade, usage, connected, mode, errors) != 0) return unknownStatus(text);
-    return getFastTxOverallStatus(status, usage, upgrade, 0, connected, mode, text);
+    const auto tx = readTxState(index, errors);
+    if (!tx) return unknownStatus(text);
+    return getFastTxOverallStatus(tx->status, tx->usage, tx->upgrade, 0, tx->connected, tx->mode, text);
 }
 
 unsigned Db::getSwxOverallStatus(unsigned index, std::string& text, Errors& errors) {
-    Info_SwxStatus status{};
-    Info_DeviceUpgradeStatus upgrade{};
-    Info_SwxUsage usage{};
-    if (getSwxStatus(index, status, upgrade, usage, errors) != 0) return unknownStatus(text);
-    return getFastSwxOverallStatus(status, upgrade, usage, text);
+    const auto swx = readSwxState(index, errors);
+    if (!swx) return unknownStatus(text);
+    return getFastSwxOverallStatus(swx->status, swx->upgrade, swx->usage, text);
 }
 
 unsigned Db::getFastRxOverallStatus(Info_DeviceStatus status, Info_DeviceUsage usage,

@@ -2,6 +2,7 @@
 
 #include "db/Convert.h"
 #include "db/Db.h"
+#include "db/OfRecord.h"
 #include "db/ZeqExchange.h"
 #include "platform/client/EventLog.h"
 #include "platform/client/ZeqReq.h"
@@ -29,7 +30,7 @@ unsigned Db::getUserRoleFromUserIndex(unsigned index, std::string& role, Errors&
 }
 
 unsigned Db::getAllowedAccessModeFromUserIndex(unsigned index, std::string& mode, Errors& errors) {
-    return readString("user", index, "modeAllowed", mode, errors);
+    return readTextOf("user", index, "modeAllowed", mode, errors);
 }
 
 unsigned Db::getEnableAllTargetAccessFromUserIndex(unsigned index, bool& enabled, Errors& errors) {
@@ -67,34 +68,34 @@ unsigned Db::getUserTxAccessRight(unsigned userIndex, unsigned txIndex, bool& al
 
 bool Db::userIsLoggedInToRx(unsigned userIndex, Errors& errors) {
     unsigned session = 0;
-    return findIndexOfUInt32Key("userSession", "userIndex", userIndex, session, errors) == 0;
+    return findReferrer("userSession", "userIndex", userIndex, session, errors) == 0;
 }
 
 bool Db::userIsLoggedInToMirl(unsigned userIndex, Errors& errors) {
     unsigned session = 0;
-    return findIndexOfUInt32Key("adminSession", "userIndex", userIndex, session, errors) == 0;
+    return findReferrer("adminSession", "userIndex", userIndex, session, errors) == 0;
 }
 
 unsigned Db::getLoggedInUserIndexFromRxIndex(unsigned rxIndex, unsigned& userIndex, Errors& errors) {
     unsigned session = 0;
-    if (findIndexOfUInt32Key("userSession", "rxIndex", rxIndex, session, errors) != 0) return 1;
-    return readUInt32("userSession", session, "userIndex", userIndex, errors);
+    if (findReferrer("userSession", "rxIndex", rxIndex, session, errors) != 0) return 1;
+    return readNumberOf("userSession", session, "userIndex", userIndex, errors);
 }
 
 unsigned Db::getLoggedInUsernameFromRxIndex(unsigned rxIndex, std::string& value, Errors& errors) {
     unsigned userIndex = 0;
     if (getLoggedInUserIndexFromRxIndex(rxIndex, userIndex, errors) != 0) return 1;
     std::string name;
-    if (readString("user", userIndex, "name", name, errors) != 0) return 1;
-    if (name.empty() && readString("user", userIndex, "mgrName", name, errors) != 0) return 1;
+    if (readTextOf("user", userIndex, "name", name, errors) != 0) return 1;
+    if (name.empty() && readTextOf("user", userIndex, "mgrName", name, errors) != 0) return 1;
     value = name;
     return 0;
 }
 
 unsigned Db::getConnectedUsernameFromTxIndex(unsigned txIndex, std::string& value, Errors& errors) {
     unsigned connection = 0;
-    if (findIndexOfUInt32Key("connection", "txIndex", txIndex, connection, errors) != 0) return 1;
+    if (findReferrer("connection", "txIndex", txIndex, connection, errors) != 0) return 1;
     unsigned rxIndex = 0;
-    if (readUInt32("connection", connection, "rxIndex", rxIndex, errors) != 0) return 1;
+    if (readNumberOf("connection", connection, "rxIndex", rxIndex, errors) != 0) return 1;
     return getLoggedInUsernameFromRxIndex(rxIndex, value, errors);
 }

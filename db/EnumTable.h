@@ -3,8 +3,8 @@
 #include <cstddef>
 #include <string_view>
 
-/// One value of an enumeration: its number, its database string, and the message key of the user's word (or
-/// none).
+/// One value of an enumeration: its number, its database string,
+/// and the message key of the user's word (or none).
 template <class E>
 struct EnumRow {
     E value;

@@ -3,8 +3,8 @@
 #include "db/EnumTable.h"
 #include "db/Info.h"
 
-// One table for each enumeration, used in every direction. A text key stands only where pages show the value
-// by itself.
+// One table for each enumeration, used in every direction.
+// A text key stands only where pages show the value by itself.
 
 inline constexpr EnumRow<Info_DeviceStatus> kDeviceStatusTable[] = {
     {Info_DeviceStatus::Offline, "offline", "[RSnnn]Offline"},
@@ -59,6 +59,13 @@ inline constexpr EnumRow<Info_AccessMode> kAccessModeTable[] = {
     {Info_AccessMode::ShareOrPrivate, "share_or_private_mode", "[RSnnn]Shared or Private"},
 };
 static_assert(coversInOrder(kAccessModeTable));
+
+// The first two again, in the words for a running session.
+inline constexpr EnumRow<Info_ConnectionMode> kConnectionModeTable[] = {
+    {Info_ConnectionMode::Share, kAccessModeTable[0].dbValue, "[RSnnn]Shared only"},
+    {Info_ConnectionMode::Private, kAccessModeTable[1].dbValue, "[RSnnn]Private only"},
+};
+static_assert(coversInOrder(kConnectionModeTable));
 
 inline constexpr EnumRow<Info_UserRole> kUserRoleTable[] = {
     {Info_UserRole::User, "user", "[RSnnn]User"},

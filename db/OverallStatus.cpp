@@ -8,8 +8,8 @@
 
 namespace {
 
-// A set of numbers of one enumeration. Numbers outside every enumeration share the top bit, which only kAny
-// holds.
+// A set of numbers of one enumeration. Numbers outside every enumeration share the top bit,
+// which only kAny holds.
 using Set = unsigned;
 
 constexpr unsigned kHighest = 31;

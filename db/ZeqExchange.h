@@ -7,8 +7,8 @@
 #include <utility>
 #include <vector>
 
-/// One request to the database service and its answer, freed together. The same request may be sent several
-/// times.
+/// One request to the database service and its answer, freed together.
+/// The same request may be sent several times.
 ///
 ///     ZeqExchange exchange(ZeqReqUtil_newGetResource, "rx", __func__);
 ///     if (!exchange.ready()) return 1;
@@ -30,8 +30,8 @@ public:
     static ZeqExchange setRecord(const char* resource, unsigned index, const char* caller);
 
     /// Drops the previous answer, sends, and waits. 0 = answered without "errors". 1 = not ready, no answer
-    /// (then `noAnswer`, if given, is logged at level 1), or refused (then translated into `errors` and
-    /// logged).
+    /// (then `noAnswer`, if given, is logged at level 1),
+    /// or refused (then translated into `errors` and logged).
     unsigned send(std::vector<std::string>& errors, const char* noAnswer = nullptr);
 
     /// The same without a word: a refusal is neither translated nor logged.
@@ -65,8 +65,8 @@ unsigned zeqRefused(const json_t* response, std::vector<std::string>& errors);
 unsigned long zeqExchangeCount();
 void zeqCountExchange();
 
-/// A typed retrieve, which sends at once: zeqRetrieve(ZeqReq_rxRetrieve, client, "[\"index\"]"). Empty = no
-/// answer.
+/// A typed retrieve, which sends at once: zeqRetrieve(ZeqReq_rxRetrieve, client, "[\"index\"]").
+/// Empty = no answer.
 template <class Retrieve, class... Args>
 ZeqPtr zeqRetrieve(Retrieve retrieve, ZeqClient_s* client, Args&&... args) {
     zeqCountExchange();

@@ -5,23 +5,29 @@
 namespace {
 
 struct Range {
+    int section; // ChangeTracker::SectionId
     int first;
     int last; // inclusive
 };
 
-/// Pages of each section, in order of ChangeTracker::SectionId.
+/// Pages of each section; the table is indexed by it.
 constexpr std::array<Range, ChangeTracker::kSectionCount> mSectionRanges = {{
-    {ChangeTracker::SUBSECTION_USR_ATTRIBS, ChangeTracker::SUBSECTION_USR_TARGETS},
-    {ChangeTracker::SUBSECTION_SWX_MODE, ChangeTracker::SUBSECTION_TX_SETTINGS},
-    {ChangeTracker::SUBSECTION_MON_ATTRIBS, ChangeTracker::SUBSECTION_MON_ATTRIBS},
-    {ChangeTracker::SUBSECTION_SYS_SETTINGS, ChangeTracker::SUBSECTION_SYS_SETTINGS},
-    {ChangeTracker::SUBSECTION_EVENTS, ChangeTracker::SUBSECTION_EVENTS},
+    {ChangeTracker::SECTION_USERS, ChangeTracker::SUBSECTION_USR_ATTRIBS,
+     ChangeTracker::SUBSECTION_USR_TARGETS},
+    {ChangeTracker::SECTION_DEVICES, ChangeTracker::SUBSECTION_SWX_MODE,
+     ChangeTracker::SUBSECTION_TX_SETTINGS},
+    {ChangeTracker::SECTION_PERIPHERALS, ChangeTracker::SUBSECTION_MON_ATTRIBS,
+     ChangeTracker::SUBSECTION_MON_ATTRIBS},
+    {ChangeTracker::SECTION_SYSTEM_SETTINGS, ChangeTracker::SUBSECTION_SYS_SETTINGS,
+     ChangeTracker::SUBSECTION_SYS_SETTINGS},
+    {ChangeTracker::SECTION_EVENTS, ChangeTracker::SUBSECTION_EVENTS, ChangeTracker::SUBSECTION_EVENTS},
 }};
 
 constexpr bool rangesCoverAll() {
+    int section = 0;
     int next = 0;
     for (const Range& range : mSectionRanges) {
-        if (range.first != next || range.last < range.first) return false;
+        if (range.section != section++ || range.first != next || range.last < range.first) return false;
         next = range.last + 1;
     }
     return next == ChangeTracker::kSubsectionCount;
@@ -33,7 +39,7 @@ bool isSubsection(int id) {
 }
 
 Range rangeOf(int section) {
-    if (section < 0 || section >= ChangeTracker::kSectionCount) return {0, -1};
+    if (section < 0 || section >= ChangeTracker::kSectionCount) return {section, 0, -1};
     return mSectionRanges[static_cast<std::size_t>(section)];
 }
 

@@ -3,8 +3,8 @@
 #include "db/Db.h"
 #include "widgets/WLookupText.h"
 
-// What a device is and does at present, each by one lookup of Db. The classes are their lookup and nothing
-// else.
+// What a device is and does at present, each by one lookup of Db.
+// The classes are their lookup and nothing else.
 
 /// A lookup of Db that gives a text.
 template <unsigned (Db::*kLookup)(unsigned, std::string&, Db::Errors&)>
@@ -12,13 +12,13 @@ unsigned lookupText(unsigned index, std::string& text, Db::Errors& errors) {
     return (Db::db.*kLookup)(index, text, errors);
 }
 
-/// A lookup of Db that gives Switch and port: the port number alone.
+/// A lookup of Db that gives Switch and port: the port number alone, nothing for a device on no port.
 template <unsigned (Db::*kLookup)(unsigned, unsigned&, unsigned&, Db::Errors&)>
 unsigned lookupPort(unsigned index, std::string& text, Db::Errors& errors) {
     unsigned swx = 0;
     unsigned port = 0;
     const unsigned result = (Db::db.*kLookup)(index, swx, port, errors);
-    text = std::to_string(port);
+    if (port != 0) text = std::to_string(port);
     return result;
 }
 

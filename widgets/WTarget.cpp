@@ -13,8 +13,7 @@ void WTarget::populateChoices(const std::vector<TargetItem>& targets) {
     mBlankChoiceAdded = false;
     for (const TargetItem& target : targets) {
         if (target.conflict) continue;
-        const std::string name = target.name.empty() ? "" : " (" + target.name + ")";
-        addItem(Wt::WString::fromUTF8(target.eid + name));
+        addItem(targetText(target.eid, target.name));
     }
 }
 

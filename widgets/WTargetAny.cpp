@@ -1,6 +1,7 @@
 #include "widgets/WTargetAny.h"
 
 #include "widgets/RecordChoices.h"
+#include "widgets/TargetItem.h"
 
 WTargetAny::WTargetAny(bool indexed, Wt::WContainerWidget* parent)
     : ZeqTextRecordBox("rx", "autoConnectTxEid", indexed, parent) {}
@@ -11,7 +12,7 @@ unsigned WTargetAny::updateListOfChoices() {
         visitRecords("tx", {"eid", "name"}, __func__, [this](const json_t* table, int row) {
             const char* eid = ZeqRspUtil_getIndexedStringParam(table, row, "eid");
             const char* name = ZeqRspUtil_getIndexedStringParam(table, row, "name");
-            if (eid && name) addItem(Wt::WString::fromUTF8(std::string(eid) + " (" + name + ")"));
+            if (eid && name) addItem(targetText(eid, name));
         });
     if (result == 0) addBlank();
     return result;

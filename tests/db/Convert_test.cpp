@@ -47,6 +47,13 @@ TEST(Convert, UnknownStringsTakeTheStatedNumber) {
     }
 }
 
+TEST(Convert, AConnectionHasOneOfTwoModesOrNone) {
+    EXPECT_EQ(Convert_connectionModeDbStringToEnum("share_mode"), Info_ConnectionMode::Share);
+    EXPECT_EQ(Convert_connectionModeDbStringToEnum("private_mode"), Info_ConnectionMode::Private);
+    for (const char* text : {"", "share_or_private_mode", "Share_mode", "odd"})
+        EXPECT_EQ(Convert_connectionModeDbStringToEnum(text), Info_ConnectionMode::None) << text;
+}
+
 TEST(Convert, FunctionKeysAndActionsThereAndBack) {
     for (unsigned i = 2; i <= 13; ++i) {
         const auto key = static_cast<Info_FunctionKey>(i);

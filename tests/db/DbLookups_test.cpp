@@ -1,5 +1,6 @@
 #include "tests/db/DbTest.h"
 
+#include "db/DeviceState.h"
 #include "db/MirlUtil.h"
 #include "db/PortTables.h"
 
@@ -129,6 +130,15 @@ TEST_F(DbLookups, PortOfADevice) {
     EXPECT_EQ(store.requests().size(), 51U);
     EXPECT_EQ(Db::db.getSwxIndexAndPortIndexFromRxIndex(99, swx, port, errors), 1U);
 
+    store.put("swx", 12, R"("name":"","eid":"SWXEID-000012")");
+    EXPECT_EQ(Db::db.getSwxNameOrEidFromRxIndex(3, text, errors), 0U);
+    EXPECT_EQ(text, "EID - SWXEID-000012");
+    EXPECT_EQ(Db::db.getSwxNameOrEidFromTxIndex(4, text, errors), 0U);
+    EXPECT_EQ(text, "") << "on no port, and so at no Switch";
+    text = "preset";
+    EXPECT_EQ(Db::db.getSwxNameFromTxIndex(4, text, errors), 0U);
+    EXPECT_EQ(text, "");
+
     const PortTables once;
     store.forget();
     const struct {
@@ -143,6 +153,84 @@ TEST_F(DbLookups, PortOfADevice) {
         EXPECT_EQ(port, row.rx ? 17U : 0U);
         EXPECT_EQ(store.requests().size(), row.requests);
     }
+}
+
+TEST_F(DbLookups, AnIndexOfZeroNamesNoRecord) {
+    // Each would be answered with the first record of its table, or with a record that refers to none.
+    store.put("userSession", 1, R"("userIndex":0)");
+    store.put("connection", 1, R"("mode":"share_mode")");
+    using TextOf = unsigned (Db::*)(unsigned, std::string&, Db::Errors&);
+    const TextOf texts[] = {&Db::getUsernameFromUserIndex,
+                            &Db::getUserFullNameFromUserIndex,
+                            &Db::getAllowedAccessModeFromUserIndex,
+                            &Db::getTxEidFromTxIndex,
+                            &Db::getTxNameFromTxIndex,
+                            &Db::getRxNameFromRxIndex,
+                            &Db::getSwxEidFromSwxIndex,
+                            &Db::getRxNameOrEidFromRxIndex,
+                            &Db::getTxNameOrEidFromTxIndex,
+                            &Db::getSwxNameOrEidFromSwxIndex,
+                            &Db::getTxNameOrEidFromUsrSesIndex,
+                            &Db::getLoggedInUsernameFromRxIndex,
+                            &Db::getConnectedUsernameFromTxIndex,
+                            &Db::getSwxNameOrEidFromRxIndex,
+                            &Db::getSwxNameFromTxIndex,
+                            &Db::getSessionModeFromRxIndex,
+                            &Db::getSessionDurationFromTxIndex,
+                            &Db::getLoginDurationFromRxIndex};
+    for (const TextOf& textOf : texts) {
+        text = "preset";
+        EXPECT_EQ((Db::db.*textOf)(0, text, errors), 1U) << &textOf - texts;
+        EXPECT_EQ(text, "preset") << &textOf - texts;
+    }
+    unsigned swx = 7;
+    unsigned port = 7;
+    EXPECT_EQ(Db::db.getSwxIndexAndPortIndexFromRxIndex(0, swx, port, errors), 1U);
+    EXPECT_EQ(Db::db.getKeyboardLayoutFromRxIndex(0, text, errors), 0U);
+    EXPECT_EQ(text, "unknown");
+    EXPECT_FALSE(Db::db.userIsLoggedInToRx(0, errors));
+    EXPECT_FALSE(readRxState(0) || readTxState(0) || readSwxState(0));
+    EXPECT_EQ(store.requests(), std::vector<std::string>()) << "nothing is asked";
+    EXPECT_EQ(swx + port, 14U);
+    EXPECT_TRUE(errors.empty());
+    store.put("userSession", 2, R"("rxIndex":3,"userIndex":0)");
+    EXPECT_EQ(Db::db.getLoggedInUsernameFromRxIndex(3, text, errors), 1U) << "nobody, not the first user";
+}
+
+TEST_F(DbLookups, StateOfADevice) {
+    const auto rx = readRxState(3);
+    ASSERT_TRUE(rx);
+    EXPECT_TRUE(rx->ready() && !rx->offline() && rx->loggedIn);
+    EXPECT_EQ(rx->usage, Info_DeviceUsage::Usable);
+    store.put("rx", 8, R"("status":"offline","upgradeStatus":"failed","usage":"not_usable_swx_capacity")");
+    const auto other = readRxState(8);
+    ASSERT_TRUE(other);
+    EXPECT_TRUE(!other->ready() && other->offline() && !other->loggedIn);
+    EXPECT_EQ(other->upgrade, Info_DeviceUpgradeStatus::Failed);
+    EXPECT_EQ(other->usage, Info_DeviceUsage::NotUsableSwxCapacity);
+    const auto tx = readTxState(4);
+    ASSERT_TRUE(tx);
+    EXPECT_TRUE(tx->ready() && tx->connected);
+    EXPECT_EQ(tx->mode, Info_ConnectionMode::Private);
+    const struct {
+        const char* status;
+        bool ready, offline, conflict;
+    } rows[] = {{"ready", true, false, false},
+                {"offline", false, true, false},
+                {"conflict_is_master", false, false, true},
+                {"conflict_other_master", false, false, true},
+                {"isc_failure", false, false, false}};
+    for (const auto& row : rows) {
+        store.put("swx", 2,
+                  R"("upgradeStatus":"idle","usage":"usable","status":")" + std::string(row.status) + "\"");
+        const auto swx = readSwxState(2);
+        ASSERT_TRUE(swx) << row.status;
+        EXPECT_EQ(swx->ready(), row.ready) << row.status;
+        EXPECT_EQ(swx->offline(), row.offline) << row.status;
+        EXPECT_EQ(swx->inConflict(), row.conflict) << row.status;
+    }
+    EXPECT_FALSE(readSwxState(99, errors));
+    EXPECT_EQ(errors.size(), 1U);
 }
 
 TEST_F(DbLookups, ValuesOfAMonitor) {

@@ -14,8 +14,8 @@ class FakeStore {
 public:
     FakeStore();
 
-    /// `members` is the inside of a JSON object: "name": "Desk 1". Index 0 = a singleton. Replaces the
-    /// record.
+    /// `members` is the inside of a JSON object: "name": "Desk 1". Index 0 = a singleton.
+    /// Replaces the record.
     void put(const std::string& resource, unsigned index, const std::string& members);
     /// Requests of that method and resource that name the record are refused with `error`, an error object of
     /// JSON text. Index 0 = requests that name none.

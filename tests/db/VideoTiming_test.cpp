@@ -122,8 +122,8 @@ TEST(VideoTiming, KnownModes) {
 }
 
 TEST(VideoTiming, RoundsAtTheEdges) {
-    // The line rate is clock / 1000 kHz here. A tenth is rounded with ties going down, then the rest is cut
-    // off.
+    // The line rate is clock / 1000 kHz here. A tenth is rounded with ties going down,
+    // then the rest is cut off.
     const struct {
         unsigned clock, horFreq;
     } rows[] = {

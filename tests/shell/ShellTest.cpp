@@ -35,6 +35,16 @@ void ShellTest::store(const char* resource, unsigned index, const char* key, uns
     send(std::move(request), index);
 }
 
+void ShellTest::poke(const char* resource, unsigned index, const char* key, const char* value) {
+    ZeqPtr request(ZeqReqUtil_newSetResource("simControl"));
+    ZeqReqUtil_setStringParam(request.get(), "action", "poke");
+    ZeqReqUtil_setStringParam(request.get(), "resource", resource);
+    ZeqReqUtil_setIntegerParam(request.get(), "record", index);
+    ZeqReqUtil_setStringParam(request.get(), "key", key);
+    ZeqReqUtil_setStringParam(request.get(), "value", value);
+    send(std::move(request), 0);
+}
+
 int ShellTest::count(const char* resource) {
     Client own;
     const ZeqPtr request(ZeqReqUtil_newGetResource(resource));

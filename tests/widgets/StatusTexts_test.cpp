@@ -89,6 +89,7 @@ TEST_F(StatusTexts, LookedUpTextsOfSeveralDevices) {
     store.put(
         "rx", 3,
         R"("eid":"C","keyboardLayout":"de","status":"offline","upgradeStatus":"idle","usage":"usable")");
+    store.put("rx", 4, R"("eid":"D")");
     store.put("tx", 1, R"("status":"offline","upgradeStatus":"idle","usage":"usable")");
     store.put("tx", 2, R"("status":"ready","upgradeStatus":"idle","usage":"usable")");
     for (unsigned i = 1; i <= 50; ++i) store.put("portStatus", i, R"("swxIndex":0,"ports":[])");
@@ -98,6 +99,7 @@ TEST_F(StatusTexts, LookedUpTextsOfSeveralDevices) {
 
     WTextRxKeyboardLayout layout(page());
     WTextRxSwxPort port(page());
+    WTextRxSwxName name(page());
     WTextRxStatus rxStatus(page());
     WTextTxStatus txStatus(page());
     const struct {
@@ -113,6 +115,10 @@ TEST_F(StatusTexts, LookedUpTextsOfSeveralDevices) {
         {&port, {1, 2}, 0, "17"}, // the Switch is not compared
         {&port, {1, 3}, 0, ""},
         {&port, {99}, 1, ""},
+        {&port, {4}, 0, ""}, // on no port
+        {&port, {1, 4}, 0, ""},
+        {&name, {1}, 0, "Main room"},
+        {&name, {4}, 0, ""},
         {&rxStatus, {1, 2}, 0, tr("[RSnnn]Offline")}, // of the first record
         {&rxStatus, {99, 1}, 1, ""},
         {&rxStatus, {}, 0, ""},

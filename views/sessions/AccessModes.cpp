@@ -1,8 +1,8 @@
 #include "views/sessions/AccessModes.h"
 
+#include "db/InfoTables.h"
+
 std::optional<Info_AccessMode> accessModeNamed(const std::string& databaseValue) {
-    if (databaseValue == "share_mode") return Info_AccessMode::Share;
-    if (databaseValue == "private_mode") return Info_AccessMode::Private;
-    if (databaseValue == "share_or_private_mode") return Info_AccessMode::ShareOrPrivate;
-    return std::nullopt;
+    const EnumRow<Info_AccessMode>* row = rowOfString(kAccessModeTable, databaseValue);
+    return row ? std::optional(row->value) : std::nullopt;
 }

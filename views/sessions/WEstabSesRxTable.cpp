@@ -1,6 +1,8 @@
 #include "views/sessions/WEstabSesRxTable.h"
 
 #include "db/Db.h"
+#include "db/DeviceState.h"
+#include "db/InfoTables.h"
 #include "db/ZeqExchange.h"
 #include "platform/client/ZeqReq.h"
 #include "platform/client/ZeqRsp.h"
@@ -13,20 +15,10 @@ std::string textAt(const json_t* table, int row, const char* key) {
     return text ? text : "";
 }
 
-bool isMode(Info_AccessMode mode) {
-    return mode == Info_AccessMode::Share || mode == Info_AccessMode::Private ||
-           mode == Info_AccessMode::ShareOrPrivate;
-}
-
 bool isFree(unsigned rxIndex) {
-    Info_DeviceStatus status{};
-    Info_DeviceUpgradeStatus upgrade{};
-    Info_DeviceUsage usage{};
-    bool loggedIn = false;
-    std::vector<std::string> errors;
-    return Db::db.getRxStatus(rxIndex, status, upgrade, usage, loggedIn, errors) == 0 &&
-           status == Info_DeviceStatus::Ready && upgrade == Info_DeviceUpgradeStatus::Idle &&
-           usage != Info_DeviceUsage::NotUsableSwxCapacity && !loggedIn;
+    const auto rx = readRxState(rxIndex);
+    return rx && rx->ready() && rx->upgrade == Info_DeviceUpgradeStatus::Idle &&
+           rx->usage != Info_DeviceUsage::NotUsableSwxCapacity && !rx->loggedIn;
 }
 
 } // namespace
@@ -44,7 +36,7 @@ void WEstabSesRxTable::readFromDatabase(Info_AccessMode mode, unsigned int usrIn
     ZeqExchange exchange(ZeqReqUtil_newGetResource, "rx", __func__);
     if (!exchange.ready()) return;
     for (const char* key : {"index", "eid", "name", "modeAllowed"}) ZeqObj_setSelect(exchange.request(), key);
-    if (exchange.send(errors) != 0 || !isMode(mode) || !userMode) return;
+    if (exchange.send(errors) != 0 || !rowOfValue(kAccessModeTable, mode) || !userMode) return;
 
     const json_t* table = exchange.response();
     const int rows = ZeqRspUtil_numEntries(table);

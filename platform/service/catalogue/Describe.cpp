@@ -14,16 +14,40 @@ struct MethodText {
 };
 constexpr MethodText kMethods[] = {
     {Method::Get, "get"}, {Method::Set, "set"}, {Method::Create, "create"}, {Method::Delete, "delete"}};
-constexpr std::string_view kShapes[] = {"table", "singleton", "action", "computed"};
-constexpr std::string_view kTypes[] = {"text", "number", "choice", "binary", "object", "list"};
-constexpr std::string_view kAccess[] = {"read and write", "given at creation", "read only", "action",
-                                        "internal"};
+
+template <class E>
+struct Word {
+    E value;
+    std::string_view is;
+};
+constexpr Word<Shape> kShapes[] = {{Shape::Table, "table"},
+                                   {Shape::Singleton, "singleton"},
+                                   {Shape::Action, "action"},
+                                   {Shape::Computed, "computed"}};
+constexpr Word<Type> kTypes[] = {{Type::Text, "text"},     {Type::Number, "number"}, {Type::Choice, "choice"},
+                                 {Type::Binary, "binary"}, {Type::Object, "object"}, {Type::List, "list"}};
+constexpr Word<Access> kAccess[] = {{Access::Write, "read and write"},
+                                    {Access::Create, "given at creation"},
+                                    {Access::Read, "read only"},
+                                    {Access::Act, "action"},
+                                    {Access::Internal, "internal"}};
+
+/// Of a table that is indexed by its values: row i is that of the value i, up to the last one.
+template <class E, std::size_t N>
+constexpr bool coversInOrder(const Word<E> (&words)[N], E last) {
+    for (std::size_t i = 0; i < N; ++i)
+        if (static_cast<std::size_t>(words[i].value) != i) return false;
+    return N == static_cast<std::size_t>(last) + 1;
+}
+static_assert(coversInOrder(kShapes, Shape::Computed));
+static_assert(coversInOrder(kTypes, Type::List));
+static_assert(coversInOrder(kAccess, Access::Internal));
 
 std::string_view typeName(const KeyRow& row) {
-    return kTypes[static_cast<std::size_t>(row.type)];
+    return kTypes[static_cast<std::size_t>(row.type)].is;
 }
 std::string_view accessName(const KeyRow& row) {
-    return kAccess[static_cast<std::size_t>(row.access)];
+    return kAccess[static_cast<std::size_t>(row.access)].is;
 }
 
 std::string valuesText(const ValueList& list, std::string_view separator) {
@@ -132,7 +156,7 @@ bool appendDescription(std::string& out, const ResourceRow& row, bool first) {
         appendJsonString(out, method.name);
     }
     out += ']';
-    appendPair(out, "shape", kShapes[static_cast<std::size_t>(row.shape)]);
+    appendPair(out, "shape", kShapes[static_cast<std::size_t>(row.shape)].is);
     appendPair(out, "note", row.help);
     out += '}';
     return appendKeyRows(out, row.name, row.keys, {}, false);

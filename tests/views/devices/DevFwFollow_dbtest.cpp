@@ -3,11 +3,6 @@
 #include "tests/platform/support/LogCapture.h"
 #include "tests/views/devices/DevicesPage.h"
 
-#include "db/ZeqPtr.h"
-#include "platform/client/ZeqClient.h"
-#include "platform/client/ZeqReq.h"
-#include "platform/client/ZeqRsp.h"
-
 namespace {
 
 bool contains(const std::string& text, const std::string& part) {
@@ -17,18 +12,7 @@ bool contains(const std::string& text, const std::string& part) {
 class DevFwFollow : public DevicesPage {
 protected:
     /// Sets what only the Switch itself writes.
-    static void poke(const char* key, const char* value) {
-        ZeqPtr request(ZeqReqUtil_newSetResource("simControl"));
-        ZeqReqUtil_setStringParam(request.get(), "action", "poke");
-        ZeqReqUtil_setStringParam(request.get(), "resource", "swx");
-        ZeqReqUtil_setIntegerParam(request.get(), "record", 1);
-        ZeqReqUtil_setStringParam(request.get(), "key", key);
-        ZeqReqUtil_setStringParam(request.get(), "value", value);
-        ZeqClient_s* client = ZeqClient_new();
-        const ZeqPtr response(ZeqReqUtil_submit(request.get(), client));
-        EXPECT_EQ(ZeqRspUtil_getObjectParam(response.get(), "errors"), nullptr);
-        ZeqClient_close(client);
-    }
+    static void poke(const char* key, const char* value) { ShellTest::poke("swx", 1, key, value); }
 };
 
 TEST_F(DevFwFollow, EachFailureIsToldAndLoggedOnceAndEndsTheFollowing) {

@@ -4,7 +4,6 @@
 #include "tests/views/devices/DevicesPage.h"
 #include "views/devices/tabs/UsbDiagTable.h"
 #include "views/devices/tabs/WDevViewRxVideo.h"
-#include "views/devices/tabs/WDevViewSwxPorts.h"
 #include "views/devices/tabs/WDevViewTxSesStatus.h"
 
 #include <Wt/WComboBox>
@@ -221,16 +220,6 @@ TEST_F(DevTabs, NtpOffShowsInactiveAndSavingOnEmptiesTheStatus) {
     select({"Annex Switch"});
     EXPECT_EQ(text("ntpStatus"), "Inactive");
     EXPECT_FALSE(enabled("secondaryNtpIpAddress"));
-}
-
-TEST_F(DevTabs, PortsOfASwitchInTheirOrder) {
-    show({"Main Hall Switch"}, "Ports");
-    auto* ports = table<WDevViewSwxPortsTable>();
-    ASSERT_NE(ports, nullptr);
-    EXPECT_EQ(ports->model()->rowCount(), 36);
-    EXPECT_EQ(boost::any_cast<std::string>(ports->model()->data(0, 0, Wt::EditRole)), "1");
-    const auto eid = boost::any_cast<std::string>(ports->model()->data(0, 3, Wt::EditRole));
-    EXPECT_EQ(eid.size(), 13u) << eid;
 }
 
 TEST_F(DevTabs, OnlyTheTabOnShowIsRead) {

@@ -1,6 +1,8 @@
 // Colours, fonts, borders and the decoration style made of them.
 #include <Wt/WCssDecorationStyle.h>
 
+#include "core/OrderedRows.h"
+
 #include <cstdio>
 
 namespace Wt {
@@ -10,14 +12,49 @@ constexpr unsigned char kStandard[][3] = {
     {255, 255, 255}, {0, 0, 0},     {255, 0, 0},     {128, 0, 0},     {0, 255, 0},     {0, 128, 0},
     {0, 0, 255},     {0, 0, 128},   {0, 255, 255},   {0, 128, 128},   {255, 0, 255},   {128, 0, 128},
     {255, 255, 0},   {128, 128, 0}, {160, 160, 164}, {128, 128, 128}, {192, 192, 192}, {0, 0, 0}};
-constexpr const char* kBorderStyles[] = {"none",   "hidden", "dotted", "dashed", "solid",
-                                         "double", "groove", "ridge",  "inset",  "outset"};
-constexpr const char* kCursors[] = {"default", "", "crosshair", "pointer", "move", "wait", "text", "help"};
-constexpr const char* kFamilies[] = {"", "serif", "sans-serif", "cursive", "fantasy", "monospace"};
-constexpr const char* kFontStyles[] = {"", "italic", "oblique"};
-constexpr const char* kWeights[] = {"", "bold", "bolder", "lighter"};
-constexpr const char* kSizes[] = {"xx-small", "x-small",  "small",   "",      "large",
-                                  "x-large",  "xx-large", "smaller", "larger"};
+template <class E>
+using Word = Impl::RowOf<E, const char*>;
+
+constexpr Word<WBorder::Style> kBorderStyles[] = {
+    {WBorder::None, "none"},     {WBorder::Hidden, "hidden"}, {WBorder::Dotted, "dotted"},
+    {WBorder::Dashed, "dashed"}, {WBorder::Solid, "solid"},   {WBorder::Double, "double"},
+    {WBorder::Groove, "groove"}, {WBorder::Ridge, "ridge"},   {WBorder::Inset, "inset"},
+    {WBorder::Outset, "outset"},
+};
+static_assert(coversInOrder(kBorderStyles, WBorder::Outset));
+
+constexpr Word<WBorder::Width> kBorderWidths[] = {
+    {WBorder::Thin, "thin"}, {WBorder::Medium, "medium"}, {WBorder::Thick, "thick"}};
+static_assert(coversInOrder(kBorderWidths, WBorder::Thick)); // Explicit is a length
+
+constexpr Word<Cursor> kCursors[] = {
+    {ArrowCursor, "default"},        {AutoCursor, ""},          {CrossCursor, "crosshair"},
+    {PointingHandCursor, "pointer"}, {OpenHandCursor, "move"},  {WaitCursor, "wait"},
+    {IBeamCursor, "text"},           {WhatsThisCursor, "help"},
+};
+static_assert(coversInOrder(kCursors, WhatsThisCursor));
+
+constexpr Word<WFont::GenericFamily> kFamilies[] = {
+    {WFont::Default, ""},        {WFont::Serif, "serif"},     {WFont::SansSerif, "sans-serif"},
+    {WFont::Cursive, "cursive"}, {WFont::Fantasy, "fantasy"}, {WFont::Monospace, "monospace"},
+};
+static_assert(coversInOrder(kFamilies, WFont::Monospace));
+
+constexpr Word<WFont::Style> kFontStyles[] = {
+    {WFont::NormalStyle, ""}, {WFont::Italic, "italic"}, {WFont::Oblique, "oblique"}};
+static_assert(coversInOrder(kFontStyles, WFont::Oblique));
+
+constexpr Word<WFont::Weight> kWeights[] = {
+    {WFont::NormalWeight, ""}, {WFont::Bold, "bold"}, {WFont::Bolder, "bolder"}, {WFont::Lighter, "lighter"}};
+static_assert(coversInOrder(kWeights, WFont::Lighter)); // Value is a number
+
+constexpr Word<WFont::Size> kSizes[] = {
+    {WFont::XXSmall, "xx-small"}, {WFont::XSmall, "x-small"},  {WFont::Small, "small"},
+    {WFont::Medium, ""},          {WFont::Large, "large"},     {WFont::XLarge, "x-large"},
+    {WFont::XXLarge, "xx-large"}, {WFont::Smaller, "smaller"}, {WFont::Larger, "larger"},
+};
+static_assert(coversInOrder(kSizes, WFont::Larger)); // FixedSize is a length
+
 constexpr Side kSides[] = {Top, Right, Bottom, Left};
 constexpr const char* kBorderNames[] = {"border-top", "border-right", "border-bottom", "border-left"};
 } // namespace
@@ -68,18 +105,18 @@ void WFont::setSize(const WLength& size) {
 
 std::string WFont::cssFamily() const {
     const std::string specific = mSpecific.toUTF8();
-    const std::string generic = kFamilies[mFamily];
+    const std::string generic = kFamilies[mFamily].is;
     return specific.empty() || generic.empty() ? specific + generic : specific + "," + generic;
 }
 
 std::string WFont::cssStyle() const {
-    return kFontStyles[mStyle];
+    return kFontStyles[mStyle].is;
 }
 std::string WFont::cssWeight() const {
-    return mWeight == Value ? std::to_string(mWeightValue) : kWeights[mWeight];
+    return mWeight == Value ? std::to_string(mWeightValue) : kWeights[mWeight].is;
 }
 std::string WFont::cssSize() const {
-    return mSize == FixedSize ? mFixedSize.cssText() : kSizes[mSize];
+    return mSize == FixedSize ? mFixedSize.cssText() : kSizes[mSize].is;
 }
 
 bool WFont::operator==(const WFont& o) const {
@@ -97,9 +134,8 @@ void WBorder::setWidth(Width width, const WLength& explicitWidth) {
 }
 
 const std::string WBorder::cssText() const {
-    static constexpr const char* kWidths[] = {"thin", "medium", "thick"};
-    std::string text = mWidth == Explicit ? mExplicitWidth.cssText() : kWidths[mWidth];
-    text += std::string(" ") + kBorderStyles[mStyle];
+    std::string text = mWidth == Explicit ? mExplicitWidth.cssText() : kBorderWidths[mWidth].is;
+    text += std::string(" ") + kBorderStyles[mStyle].is;
     if (!mColor.isDefault()) text += " " + mColor.cssText();
     return text;
 }
@@ -151,7 +187,7 @@ void WCssDecorationStyle::forEachProperty(
     const auto tell = [&](const char* name, const std::string& value) {
         if (!value.empty()) use(name, value);
     };
-    tell("cursor", kCursors[mCursor]);
+    tell("cursor", kCursors[mCursor].is);
     tell("background-color", mBackground.cssText(true));
     tell("color", mForeground.cssText(true));
     for (int i = 0; i < 4; ++i)

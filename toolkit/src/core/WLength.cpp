@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <iterator>
 #include <string>
 
 namespace Wt {
@@ -24,6 +25,13 @@ constexpr UnitRow kUnits[] = {
     {WLength::Pica, "pc", 16},
     {WLength::Percentage, "%", 0.01},
 };
+
+constexpr bool unitsAreInOrder() {
+    for (std::size_t i = 0; i < std::size(kUnits); ++i)
+        if (static_cast<std::size_t>(kUnits[i].unit) != i) return false;
+    return std::size(kUnits) == static_cast<std::size_t>(WLength::Percentage) + 1;
+}
+static_assert(unitsAreInOrder());
 } // namespace
 
 const WLength WLength::Auto;

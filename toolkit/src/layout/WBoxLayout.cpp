@@ -1,5 +1,6 @@
 #include <Wt/WBoxLayout.h>
 
+#include "core/OrderedRows.h"
 #include "layout/Divider.h"
 #include "layout/ItemStyle.h"
 #include "layout/LayoutBox.h"
@@ -202,10 +203,14 @@ void WBoxLayout::appendNodes(std::vector<Impl::RenderNode*>& nodes) const {
 }
 
 void WBoxLayout::describeContainer(Impl::ElementSpec& spec) const {
-    static constexpr const char* kDirections[] = {"row", "row-reverse", "column", "column-reverse"};
+    static constexpr Impl::RowOf<Direction, const char*> kDirections[] = {{LeftToRight, "row"},
+                                                                          {RightToLeft, "row-reverse"},
+                                                                          {TopToBottom, "column"},
+                                                                          {BottomToTop, "column-reverse"}};
+    static_assert(coversInOrder(kDirections, BottomToTop));
     spec.styleClass("Wt-box");
     spec.style("display", "flex");
-    spec.style("flex-direction", kDirections[mDirection]);
+    spec.style("flex-direction", kDirections[mDirection].is);
     if (mSpacing) spec.style("gap", std::to_string(mSpacing) + "px");
     describeMargins(spec);
 }

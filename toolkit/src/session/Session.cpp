@@ -1,9 +1,9 @@
 #include "session/Session.h"
 
+#include "core/OrderedRows.h"
 #include "server/Limits.h"
 #include "server/Log.h"
 
-#include <array>
 #include <system_error>
 
 namespace Wt::Impl {
@@ -24,9 +24,13 @@ struct ThreadArgument {
 } // namespace
 
 const char* endReasonName(EndReason reason) {
-    constexpr std::array kNames = {"quit", "closed", "expired", "stopping", "overload"};
-    static_assert(kNames.size() == static_cast<std::size_t>(EndReason::Overload) + 1);
-    return kNames[static_cast<std::size_t>(reason)];
+    constexpr RowOf<EndReason, const char*> kNames[] = {
+        {EndReason::Quit, "quit"},         {EndReason::PageClosed, "closed"},
+        {EndReason::Expired, "expired"},   {EndReason::ServerStopping, "stopping"},
+        {EndReason::Overload, "overload"},
+    };
+    static_assert(coversInOrder(kNames, EndReason::Overload));
+    return kNames[static_cast<std::size_t>(reason)].is;
 }
 
 Session::Session(HostFactory makeHost, StartRequest start, std::string resourceBase, const Digest& token,

@@ -1,5 +1,6 @@
 #include "web/Renderer.h"
 
+#include "core/OrderedRows.h"
 #include "web/JsonText.h"
 
 #include <algorithm>
@@ -12,7 +13,14 @@ thread_local Renderer* tCurrent = nullptr;
 
 using Group = ElementSpec::Group;
 
-constexpr const char* kGroupNames[] = {"t", "b", "a", "s", "k", "x", "n", "e", "p"};
+/// The letters of the page protocol.
+constexpr RowOf<Group, const char*> kGroupLetters[] = {
+    {Group::Tag, "t"},   {Group::Behaviour, "b"}, {Group::Attribute, "a"},
+    {Group::Style, "s"}, {Group::Class, "k"},     {Group::Text, "x"},
+    {Group::Body, "n"},  {Group::Events, "e"},    {Group::Property, "p"},
+};
+static_assert(coversInOrder(kGroupLetters, Group::Property));
+
 /// Groups that hold named values; the others are one value.
 constexpr bool named(Group group) {
     return group == Group::Attribute || group == Group::Style || group == Group::Property;
@@ -45,7 +53,7 @@ public:
             close();
             if (mAny) mOut += ',';
             mOut += '"';
-            mOut += kGroupNames[static_cast<unsigned>(group)];
+            mOut += kGroupLetters[static_cast<unsigned>(group)].is;
             mOut += "\":";
             mOpen = named(group);
             if (mOpen) mOut += '{';

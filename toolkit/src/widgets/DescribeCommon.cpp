@@ -1,5 +1,6 @@
 // What every widget tells of its element.
 #include "core/ForeignJson.h"
+#include "core/OrderedRows.h"
 #include "text/XhtmlFilter.h"
 #include "web/ElementSpec.h"
 #include "web/WebSession.h"
@@ -22,7 +23,9 @@ constexpr struct {
     {11, "left"},      {12, "margin-top"}, {13, "margin-right"}, {14, "margin-bottom"}, {15, "margin-left"},
 };
 
-constexpr const char* kPositions[] = {"static", "relative", "absolute", "fixed"};
+constexpr Impl::RowOf<PositionScheme, const char*> kPositions[] = {
+    {Static, "static"}, {Relative, "relative"}, {Absolute, "absolute"}, {Fixed, "fixed"}};
+static_assert(coversInOrder(kPositions, Fixed));
 
 const char* verticalName(AlignmentFlag alignment) {
     switch (alignment) {
@@ -86,7 +89,7 @@ void WWebWidget::describeSizes(Impl::ElementSpec& spec, const Look& look) const 
         const bool minimum = place == Look::MinWidth || place == Look::MinHeight;
         if (!minimum || length.value() != 0) spec.style(name, length.cssText());
     }
-    if (rare.position != Static) spec.style("position", kPositions[rare.position]);
+    if (rare.position != Static) spec.style("position", kPositions[rare.position].is);
     if (rare.floatSide == Left) spec.style("float", "left");
     if (rare.floatSide == Right) spec.style("float", "right");
     if (const int clear = rare.clearSides & (Left | Right); clear)

@@ -1,6 +1,7 @@
 #include <Wt/WContainerWidget.h>
 
 #include "core/ForeignJson.h"
+#include "core/OrderedRows.h"
 #include "web/ElementSpec.h"
 
 #include <Wt/WLayout.h>
@@ -20,7 +21,12 @@ struct WContainerWidget::Box {
 namespace {
 constexpr Side kSides[] = {Top, Right, Bottom, Left};
 constexpr const char* kPaddings[] = {"padding-top", "padding-right", "padding-bottom", "padding-left"};
-constexpr const char* kOverflows[] = {"visible", "auto", "hidden", "scroll"};
+using Overflow = WContainerWidget::Overflow;
+constexpr Impl::RowOf<Overflow, const char*> kOverflows[] = {{Overflow::OverflowVisible, "visible"},
+                                                             {Overflow::OverflowAuto, "auto"},
+                                                             {Overflow::OverflowHidden, "hidden"},
+                                                             {Overflow::OverflowScroll, "scroll"}};
+static_assert(coversInOrder(kOverflows, Overflow::OverflowScroll));
 } // namespace
 
 WContainerWidget::WContainerWidget(WContainerWidget* parent) : WInteractWidget(parent) {
@@ -196,8 +202,8 @@ void WContainerWidget::describe(Impl::ElementSpec& spec) {
     if (mBox) {
         for (int i = 0; i < 4; ++i)
             if (!mBox->padding[i].isAuto()) spec.style(kPaddings[i], mBox->padding[i].cssText());
-        if (mBox->overflowX != OverflowVisible) spec.style("overflow-x", kOverflows[mBox->overflowX]);
-        if (mBox->overflowY != OverflowVisible) spec.style("overflow-y", kOverflows[mBox->overflowY]);
+        if (mBox->overflowX != OverflowVisible) spec.style("overflow-x", kOverflows[mBox->overflowX].is);
+        if (mBox->overflowY != OverflowVisible) spec.style("overflow-y", kOverflows[mBox->overflowY].is);
         const int alignment = mBox->alignment;
         if (alignment & AlignLeft) spec.style("text-align", "left");
         if (alignment & AlignRight) spec.style("text-align", "right");

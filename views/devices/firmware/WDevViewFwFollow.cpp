@@ -2,6 +2,7 @@
 // in the list.
 
 #include "db/Db.h"
+#include "db/DeviceState.h"
 #include "platform/client/EventLog.h"
 #include "shell/MirlApplication.h"
 #include "shell/WallClock.h"
@@ -92,16 +93,13 @@ bool WDevView::followsThisSwx() const {
 }
 
 void WDevView::fwUpdateTimerTimeout() {
-    Info_SwxStatus status{};
-    Info_DeviceUpgradeStatus upgrade{};
-    Info_SwxUsage usage{};
-    std::vector<std::string> errors;
-    if (Db::db.getSwxStatus(kThisSwxIndex, status, upgrade, usage, errors) != 0) {
+    const auto state = readSwxState(kThisSwxIndex);
+    if (!state) {
         EventLog_write(4, 7, __func__, "Cannot get Upgrade Status");
         mFwUpdateTimer->stop();
         return;
     }
-    if (upgrade == Info_DeviceUpgradeStatus::Complete) {
+    if (state->upgrade == Info_DeviceUpgradeStatus::Complete) {
         readFromDatabase(false, false);
         EventLog_write(2, 7, __func__,
                        "Firmware update of the Master Switch was successful. A reboot or power cycle is "
@@ -110,7 +108,7 @@ void WDevView::fwUpdateTimerTimeout() {
         if (userIsLoggedIn()) offerReboot();
         return;
     }
-    const char* failure = failureOf(upgrade, WallClock_now() - mFwUpdateStart > kPatience);
+    const char* failure = failureOf(state->upgrade, WallClock_now() - mFwUpdateStart > kPatience);
     if (!failure) return;
     EventLog_write(1, 7, __func__, "%s", failure + kMarker.size());
     readFromDatabase(false, false);

@@ -22,13 +22,6 @@ namespace {
 /// Mode of the connection, or 1 for a login, by device index.
 using BusyDevices = std::unordered_map<unsigned, Info_ConnectionMode>;
 
-Info_ConnectionMode connectionModeOf(const json_t* row) {
-    const std::string mode = zeqRowText(row, "mode");
-    if (mode == "share_mode") return Info_ConnectionMode::Share;
-    if (mode == "private_mode") return Info_ConnectionMode::Private;
-    return Info_ConnectionMode::None;
-}
-
 Info_DeviceUpgradeStatus upgradeOf(const json_t* row) {
     return Convert_deviceUpgradeStatusStringToEnum(zeqRowText(row, "upgradeStatus").c_str());
 }
@@ -75,13 +68,13 @@ struct WDevViewList::Group {
     std::string (*status)(const json_t* row, const BusyDevices& busy);
 };
 
-// Receivers are asked for no percent: theirs reads as what an absent number gives.
+// Switches are asked for no percent: their status shows none.
 const WDevViewList::Group WDevViewList::kGroups[] = {
     {ZeqReq_txRetrieve,
      R"(["index","eid","name","status","upgradeStatus","upgradePercent","usage","firmwareVersion","detailedDeviceType"])",
      ZeqReq_connectionRetrieve, R"(["txIndex","mode"])", "txIndex", txStatus},
     {ZeqReq_rxRetrieve,
-     R"(["index","eid","name","status","upgradeStatus","usage","firmwareVersion","detailedDeviceType"])",
+     R"(["index","eid","name","status","upgradeStatus","upgradePercent","usage","firmwareVersion","detailedDeviceType"])",
      ZeqReq_userSessionRetrieve, R"(["rxIndex"])", "rxIndex", rxStatus},
     {ZeqReq_swxRetrieve,
      R"(["index","eid","name","status","upgradeStatus","usage","firmwareVersion","detailedDeviceType"])",
@@ -118,7 +111,9 @@ void WDevViewList::readGroup(const Group& group, ZeqClient_s* client) {
         const int recordCount = records ? ZeqRspUtil_numEntries(records.get()) : 0;
         for (int i = 0; i < recordCount; ++i) {
             const json_t* record = ZeqObj_getRow(records.get(), i);
-            if (record) busy.try_emplace(zeqRowNumber(record, group.busyKey), connectionModeOf(record));
+            if (record)
+                busy.try_emplace(zeqRowNumber(record, group.busyKey),
+                                 Convert_connectionModeDbStringToEnum(zeqRowText(record, "mode")));
         }
     }
 

@@ -1,6 +1,7 @@
 // Reboot, remove, remove offline, flash.
 
 #include "db/Db.h"
+#include "db/DeviceState.h"
 #include "frame/WAutoSizeTableView.h"
 #include "frame/WFlashDisplayDialog.h"
 #include "views/devices/list/SelectedDevice.h"
@@ -45,24 +46,17 @@ bool holdsThisSwx(const std::vector<SelectedDevice>& devices) {
 }
 
 bool isOffline(const SelectedDevice& device) {
-    std::vector<std::string> errors;
-    Info_DeviceUpgradeStatus upgrade{};
-    if (device.type == Info_DeviceType::Switch) {
-        Info_SwxStatus status{};
-        Info_SwxUsage usage{};
-        return Db::db.getSwxStatus(device.index, status, upgrade, usage, errors) == 0 &&
-               status == Info_SwxStatus::Offline;
+    const auto offline = [](const auto& state) { return state && state->offline(); };
+    switch (device.type) {
+    case Info_DeviceType::Receiver:
+        return offline(readRxState(device.index));
+    case Info_DeviceType::Transmitter:
+        return offline(readTxState(device.index));
+    case Info_DeviceType::Switch:
+        return offline(readSwxState(device.index));
+    default:
+        return false;
     }
-    Info_DeviceStatus status{};
-    Info_DeviceUsage usage{};
-    bool busy = false;
-    Info_ConnectionMode mode{};
-    unsigned failed = 1;
-    if (device.type == Info_DeviceType::Receiver)
-        failed = Db::db.getRxStatus(device.index, status, upgrade, usage, busy, errors);
-    else if (device.type == Info_DeviceType::Transmitter)
-        failed = Db::db.getTxStatus(device.index, status, upgrade, usage, busy, mode, errors);
-    return failed == 0 && status == Info_DeviceStatus::Offline;
 }
 
 void showRemoved(std::size_t count) {

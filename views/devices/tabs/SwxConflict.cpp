@@ -1,16 +1,12 @@
 #include "views/devices/tabs/SwxConflict.h"
 
-#include "db/Db.h"
+#include "db/DeviceState.h"
 
 #include <algorithm>
 
 bool anySwxInConflict(const std::vector<unsigned>& indexes) {
     return std::any_of(indexes.begin(), indexes.end(), [](unsigned index) {
-        Info_SwxStatus status{};
-        Info_DeviceUpgradeStatus upgrade{};
-        Info_SwxUsage usage{};
-        std::vector<std::string> errors;
-        return Db::db.getSwxStatus(index, status, upgrade, usage, errors) != 0 ||
-               status == Info_SwxStatus::ConflictIsMaster || status == Info_SwxStatus::ConflictOtherMaster;
+        const auto state = readSwxState(index);
+        return !state || state->inConflict();
     });
 }

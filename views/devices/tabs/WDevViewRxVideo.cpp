@@ -1,7 +1,7 @@
 #include "views/devices/tabs/WDevViewRxVideo.h"
 
 #include "db/Convert.h"
-#include "db/Db.h"
+#include "db/DeviceState.h"
 #include "db/ZeqExchange.h"
 #include "platform/client/ZeqReq.h"
 #include "widgets/ValueTexts.h"
@@ -137,14 +137,8 @@ void WDevViewRxVideoTable::clearValues() {
 
 void WDevViewRxVideoTable::readFromDatabase(const std::vector<unsigned>& indexes, bool /*force*/) {
     if (indexes.size() == 1) {
-        std::vector<std::string> errors;
-        Info_DeviceStatus status{};
-        Info_DeviceUpgradeStatus upgrade{};
-        Info_DeviceUsage usage{};
-        bool loggedIn = false;
-        if (Db::db.getRxStatus(indexes[0], status, upgrade, usage, loggedIn, errors) != 0 ||
-            status != Info_DeviceStatus::Ready)
-            return;
+        const auto state = readRxState(indexes[0]);
+        if (!state || !state->ready()) return;
     }
     if (indexes.empty()) return;
     ZeqExchange exchange(ZeqReqUtil_newGetResource, "rx", __func__);

@@ -1,6 +1,7 @@
 #include "views/devices/tabs/WDevViewUsb.h"
 
 #include "db/Db.h"
+#include "db/DeviceState.h"
 
 #include <Wt/WHBoxLayout>
 
@@ -41,14 +42,9 @@ WDevViewRxUsbRxTable::WDevViewRxUsbRxTable(Wt::WContainerWidget* parent)
     : UsbDiagTable("rxUsbDiag", kRxRows, parent) {}
 
 bool WDevViewRxUsbRxTable::findRecord(unsigned rxIndex, unsigned& recordIndex) {
-    std::vector<std::string> errors;
-    Info_DeviceStatus status{};
-    Info_DeviceUpgradeStatus upgrade{};
-    Info_DeviceUsage usage{};
-    bool loggedIn = false;
     recordIndex = rxIndex;
-    return Db::db.getRxStatus(rxIndex, status, upgrade, usage, loggedIn, errors) == 0 &&
-           status == Info_DeviceStatus::Ready;
+    const auto state = readRxState(rxIndex);
+    return state && state->ready();
 }
 
 WDevViewRxUsbTxTable::WDevViewRxUsbTxTable(Wt::WContainerWidget* parent)
@@ -65,15 +61,9 @@ WDevViewTxUsbTable::WDevViewTxUsbTable(Wt::WContainerWidget* parent)
     : UsbDiagTable("txUsbDiag", kTxPageRows, parent) {}
 
 bool WDevViewTxUsbTable::findRecord(unsigned txIndex, unsigned& recordIndex) {
-    std::vector<std::string> errors;
-    Info_DeviceStatus status{};
-    Info_DeviceUpgradeStatus upgrade{};
-    Info_DeviceUsage usage{};
-    bool connected = false;
-    Info_ConnectionMode mode{};
     recordIndex = txIndex;
-    return Db::db.getTxStatus(txIndex, status, upgrade, usage, connected, mode, errors) == 0 &&
-           status == Info_DeviceStatus::Ready;
+    const auto state = readTxState(txIndex);
+    return state && state->ready();
 }
 
 WDevViewRxUsb::WDevViewRxUsb(Wt::WContainerWidget* parent)
