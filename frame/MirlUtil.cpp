@@ -36,6 +36,6 @@ void MirlUtil_modelIndexSetToZeqIndexVect(const std::set<Wt::WModelIndex>& index
     for (const Wt::WModelIndex& index : indexes) {
         unsigned int zeqIndex = 0;
         MirlUtil_modelIndexToZeqIndex(index, model, proxy, zeqIndex);
-        zeqIndexes.push_back(zeqIndex);
+        if (zeqIndex != 0) zeqIndexes.push_back(zeqIndex);
     }
 }

@@ -20,12 +20,13 @@ constexpr unsigned kEidBufferSize = 14;
 void MirlUtil_modelIndexToZeqIndex(const Wt::WModelIndex& index, Wt::WStandardItemModel* model,
                                    Wt::WSortFilterProxyModel* proxy, unsigned int& zeqIndex);
 
-/// Text of the row's cell in `column`, cut to the buffer of kEidBufferSize bytes; empty if the cell holds no
-/// text.
+/// Text of the row's cell in `column`, cut to the buffer of kEidBufferSize bytes; empty if the cell holds
+/// none.
 void MirlUtil_modelIndexToEid(const Wt::WModelIndex& index, Wt::WStandardItemModel* model,
                               Wt::WSortFilterProxyModel* proxy, unsigned int column, char* eid);
 
-/// Appends the record index of each row, in the set's order.
+/// Appends the record index of each row, in the set's order. Rows without one (index 0) are left out: nothing
+/// may be done to a record that is none.
 void MirlUtil_modelIndexSetToZeqIndexVect(const std::set<Wt::WModelIndex>& indexes,
                                           Wt::WStandardItemModel* model, Wt::WSortFilterProxyModel* proxy,
                                           std::vector<unsigned int>& zeqIndexes);

@@ -1,7 +1,5 @@
 #include "frame/ObjListParts.h"
 
-#include "frame/EmptyText.h"
-#include "frame/WAutoSizeTableView.h"
 #include "frame/WNumericSortFilterProxyModel.h"
 #include "widgets/WLineEditPlus.h"
 
@@ -14,23 +12,12 @@
 #include <boost/any.hpp>
 
 ObjListParts::ObjListParts(int columns, bool withFilter)
-    : mTable(new WAutoSizeTableView(columns)), mProxy(new WNumericSortFilterProxyModel(mTable)),
-      mModel(new Wt::WStandardItemModel(0, columns, mProxy)) {
-    mProxy->setSourceModel(mModel);
-    mProxy->setDynamicSortFilter(true);
-    if (withFilter) {
-        mProxy->setFilterKeyColumn(2);
-        mProxy->setFilterRole(Wt::DisplayRole);
-        mProxy->setFilterRegExp("^.*");
-        mProxy->setFilterFlags(Wt::MatchCaseInsensitive);
-    } else {
-        mProxy->setFilterKeyColumn(1);
-        mProxy->setFilterRole(Wt::EditRole);
-    }
-    mTable->setModel(mProxy);
-    mTable->setSelectionMode(Wt::SingleSelection);
-    mTable->setSortingEnabled(true);
-    mTable->setAlternatingRowColors(false);
+    : mTable(new RecordTable(columns)), mProxy(mTable->proxy()), mModel(mTable->records()) {
+    mProxy->setFilterKeyColumn(withFilter ? 2 : 1);
+    if (!withFilter) return;
+    mProxy->setFilterRole(Wt::DisplayRole);
+    mProxy->setFilterRegExp("^.*");
+    mProxy->setFilterFlags(Wt::MatchCaseInsensitive);
 }
 
 Wt::WContainerWidget* ObjListParts::makeFilterRow(const Wt::WString& label, const Wt::WString& toolTip) {
@@ -52,16 +39,16 @@ Wt::WContainerWidget* ObjListParts::makeFilterRow(const Wt::WString& label, cons
 
 void ObjListParts::setFilterText(const std::string& text) {
     mProxy->setFilterRegExp(Wt::WString::fromUTF8("^.*" + text + ".*"));
-    emptyText(*mTable, text.empty() ? mEmptyText : Wt::WString::tr("mirl.list.empty.filtered"));
+    mTable->setEmptyText(text.empty() ? mEmptyText : Wt::WString::tr("mirl.list.empty.filtered"));
 }
 
 void ObjListParts::setEmptyText(const Wt::WString& text) {
     mEmptyText = text;
-    emptyText(*mTable, text);
+    mTable->setEmptyText(text);
 }
 
 void ObjListParts::setHeader(int column, const Wt::WString& text) {
-    mModel->setHeaderData(column, Wt::Horizontal, boost::any(text));
+    mTable->setHeader(column, text);
 }
 
 void ObjListParts::setCell(int row, int column, unsigned int value) {

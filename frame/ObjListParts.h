@@ -1,26 +1,23 @@
 #pragma once
 
-#include <Wt/WFlags.h>
-#include <Wt/WGlobal.h>
+#include "frame/RecordTable.h"
+
 #include <Wt/WString>
 
 #include <string>
 
-namespace Wt {
-class WContainerWidget;
-class WStandardItemModel;
-} // namespace Wt
-
-class WAutoSizeTableView;
 class WLineEditPlus;
-class WNumericSortFilterProxyModel;
 
-/// What every list panel holds: a source model of records, the proxy that sorts and filters it, the table
-/// over the proxy, and perhaps a filter field. Rows: column 0 is hidden and holds the record index as
-/// unsigned int, the other columns std::string, all under Wt::EditRole.
+/// What every list panel holds: the table of records, by its columns as rows of data, and perhaps a filter
+/// field. Rows: column 0 is hidden and holds the record index as unsigned int, the other columns std::string,
+/// all under Wt::EditRole.
+///
+///     WSesViewList::WSesViewList(...) : WObjListContextPanel(title, std::size(kColumns), parent) {
+///         mTable->setColumns(kColumns);
+///     void WSesViewList::readFromDatabase() { mTable->read(kColumns, ZeqReq_connectionRetrieve, nullptr); }
 class ObjListParts {
 public:
-    WAutoSizeTableView* table() const { return mTable; }
+    RecordTable* table() const { return mTable; }
     Wt::WStandardItemModel* model() const { return mModel; }
     WNumericSortFilterProxyModel* proxy() const { return mProxy; }
     WLineEditPlus* filterField() const { return mFilterField; }
@@ -47,7 +44,7 @@ protected:
     void setCell(int row, int column, const std::string& text);
 
     // The table belongs to the panel, proxy and model to the table.
-    WAutoSizeTableView* mTable;
+    RecordTable* mTable;
     WNumericSortFilterProxyModel* mProxy;
     Wt::WStandardItemModel* mModel;
     WLineEditPlus* mFilterField = nullptr;

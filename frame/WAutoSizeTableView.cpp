@@ -46,6 +46,7 @@ void WAutoSizeTableView::addRowsOf(std::vector<unsigned int> wanted, void* conte
                                    Wt::WModelIndexSet& rows) {
     std::sort(wanted.begin(), wanted.end());
     wanted.erase(std::unique(wanted.begin(), wanted.end()), wanted.end());
+    if (!wanted.empty() && wanted.front() == 0) wanted.erase(wanted.begin()); // no record
     std::vector<bool> found(wanted.size());
     std::size_t missing = wanted.size();
     for (int row = 0; row < model()->rowCount() && missing > 0; ++row) {
@@ -63,49 +64,33 @@ void WAutoSizeTableView::addRowsOf(std::vector<unsigned int> wanted, void* conte
     }
 }
 
+void WAutoSizeTableView::fixColumn(int column, int pixels) {
+    mUserColumnWidths.at(static_cast<std::size_t>(column)) = static_cast<std::uint32_t>(pixels);
+    setColumnWidth(column, Wt::WLength(pixels));
+}
+
 void WAutoSizeTableView::columnResizedHandler(int column, Wt::WLength width) {
     if (column < 0 || column >= mNumColumns) return;
-    const double pixels = std::clamp(width.toPixels(), 0.0, double(kMaxUserWidth));
-    mUserColumnWidths[static_cast<std::size_t>(column)] = static_cast<std::uint32_t>(pixels);
-    setColumnWidth(column, width);
-    adaptToWidth(mLastWidth);
+    fixColumn(column, static_cast<int>(std::clamp(width.toPixels(), 0.0, double(kMaxUserWidth))));
+    if (mLastWidth > 0) adaptToWidth(mLastWidth);
 }
 
 void WAutoSizeTableView::adaptToWidth(int width) {
-    if (mColumnsInitialised)
-        shareAmongFreeColumns(width);
-    else
-        shareAmongAllColumns(width);
-    mLastWidth = width;
-}
-
-void WAutoSizeTableView::shareAmongAllColumns(int width) {
-    mColumnsInitialised = true;
-    for (int column = 0; column < mNumColumns; ++column) mNumHiddenColumns += isColumnHidden(column);
-    const int visible = mNumColumns - mNumHiddenColumns;
-    if (visible == 0) return;
-    const double share = double(width - kScrollBarWidth) / visible;
-    for (int column = 0; column < mNumColumns; ++column) {
-        if (!isColumnHidden(column)) setShare(column, share);
-    }
-}
-
-void WAutoSizeTableView::shareAmongFreeColumns(int width) {
     std::vector<int> free;
     double taken = kScrollBarWidth;
     for (int column = 0; column < mNumColumns; ++column) {
         if (isColumnHidden(column)) continue;
-        const std::uint32_t userWidth = mUserColumnWidths[static_cast<std::size_t>(column)];
-        if (userWidth == 0)
+        const std::uint32_t fixed = mUserColumnWidths[static_cast<std::size_t>(column)];
+        if (fixed == 0)
             free.push_back(column);
         else
-            taken += userWidth + kCellDecoration;
+            taken += fixed + kCellDecoration;
     }
-    for (const int column : free) setShare(column, (width - taken) / double(free.size()));
-}
-
-void WAutoSizeTableView::setShare(int column, double share) {
-    setColumnWidth(column, Wt::WLength(std::max(0, static_cast<int>(share - kCellDecoration))));
+    for (const int column : free) {
+        const double share = (width - taken) / double(free.size());
+        setColumnWidth(column, Wt::WLength(std::max(0, static_cast<int>(share - kCellDecoration))));
+    }
+    mLastWidth = width;
 }
 
 void WAutoSizeTableView::layoutSizeChanged(int width, int height) {

@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <vector>
 
-/// A table of records whose columns share the width that the layout gives: all alike, except those that the
-/// user has dragged, which keep their width from then on. Column 0 of the model is the hidden record index.
+/// A table of records whose columns share the width that the layout gives: all alike, except those of a fixed
+/// width, as are those that the user has dragged. Column 0 of the model is the hidden record index.
 class WAutoSizeTableView : public Wt::WTableView {
 public:
     /// Decides about a row of the table's model; `context` is passed through.
@@ -17,7 +17,7 @@ public:
     virtual void clearSelection();
 
     /// Selects the rows of these records instead of what was selected. Records that are not in the list are
-    /// left out; an empty vector leaves the selection as it is.
+    /// left out, and so is 0, which names none; an empty vector leaves the selection as it is.
     virtual void setSelectedZeqIndexes(const std::vector<unsigned int>& zeqIndexes);
 
     /// Adds to the selection, for each record, the first of its rows that passes the filter: a list may hold
@@ -25,25 +25,23 @@ public:
     virtual void setSelectedFilteredZeqIndexes(const std::vector<unsigned int>& zeqIndexes, void* context,
                                                RowFilter filter);
 
-    /// Fixes the column at the width.
+    /// Fixes the column at the width, as if the user had dragged it.
+    void fixColumn(int column, int pixels);
+
+    /// The same, and the other columns share the rest.
     virtual void columnResizedHandler(int column, Wt::WLength width);
 
-    /// Shares `width` pixels among the columns that the user has not fixed.
+    /// Shares `width` pixels among the columns that are not fixed.
     virtual void adaptToWidth(int width);
 
 protected:
     void layoutSizeChanged(int width, int height) override;
 
 private:
-    void shareAmongAllColumns(int width);
-    void shareAmongFreeColumns(int width);
-    void setShare(int column, double share);
     void addRowsOf(std::vector<unsigned int> wanted, void* context, RowFilter filter,
                    Wt::WModelIndexSet& rows);
 
     std::uint8_t mNumColumns;
-    std::uint8_t mNumHiddenColumns = 0; // counted at the first adaptToWidth
-    bool mColumnsInitialised = false;
     std::vector<std::uint32_t> mUserColumnWidths; // by column, pixels; 0 = free
-    std::int32_t mLastWidth = 0;                  // of the last adaptToWidth, pixels
+    std::int32_t mLastWidth = 0;                  // of the last adaptToWidth, pixels; 0 = none yet
 };

@@ -2,6 +2,7 @@
 
 #include "db/Db.h"
 #include "db/ZeqExchange.h"
+#include "db/ZeqRows.h"
 #include "platform/client/EventLog.h"
 #include "platform/client/ZeqReq.h"
 #include "platform/client/ZeqRsp.h"
@@ -87,11 +88,9 @@ int Security_logoutUserByUserIndex(unsigned int usrIndex, Errors& errors) {
     if (exchange.send(errors) != 0) return 1;
 
     int result = 0;
-    const int rows = ZeqRspUtil_numEntries(exchange.response());
-    for (int row = 0; row < rows; ++row) {
-        if (ZeqRspUtil_getIndexedIntegerParam(exchange.response(), row, "userIndex") != usrIndex) continue;
-        const auto index = ZeqRspUtil_getIndexedIntegerParam(exchange.response(), row, "index");
-        if (Db::db.deleteRecordByIndex("userSession", static_cast<unsigned>(index), errors) != 0) result = 1;
+    for (const ZeqRow login : ZeqRows(exchange.response())) {
+        if (login.number("userIndex") != usrIndex) continue;
+        if (Db::db.deleteRecordByIndex("userSession", login.number("index"), errors) != 0) result = 1;
     }
     return result;
 }

@@ -58,6 +58,24 @@ TEST(AutoSizeTableView, WithEveryColumnDraggedAWidthChangesNothing) {
     for (int column = 1; column < 6; ++column) EXPECT_EQ(f.width(column), 50 + column);
 }
 
+TEST(AutoSizeTableView, AFixedColumnKeepsItsWidthFromTheFirst) {
+    Fixture f({0});
+    f.view.fixColumn(2, 200);
+    EXPECT_EQ(f.width(2), 200);
+    for (const int width : {520, 920, 520}) {
+        f.view.adaptToWidth(width);
+        EXPECT_EQ(f.width(2), 200);
+        EXPECT_EQ(f.width(1), (width - 20 - 200 - 7) / 4 - 7);
+    }
+}
+
+TEST(AutoSizeTableView, ADragBeforeTheLayoutIsKnownLeavesTheOthers) {
+    Fixture f({0});
+    f.view.columnResizedHandler(2, Wt::WLength(200));
+    EXPECT_EQ(f.width(2), 200);
+    EXPECT_EQ(f.width(1), 150) << "as it was made";
+}
+
 TEST(AutoSizeTableView, AResizeOfNoSuchColumnIsIgnored) {
     Fixture f({0});
     f.view.adaptToWidth(520);

@@ -153,6 +153,9 @@ TEST(ObjList, HelpersReadOtherTypesAsNothing) {
     EXPECT_EQ(index, 0u);
     MirlUtil_modelIndexToZeqIndex(Wt::WModelIndex(), list.model(), list.proxy(), index);
     EXPECT_EQ(index, 0u);
+    std::vector<unsigned> indexes{3};
+    MirlUtil_modelIndexSetToZeqIndexVect({row}, list.model(), list.proxy(), indexes);
+    EXPECT_EQ(indexes, std::vector<unsigned>{3}) << "a row that names no record adds none";
     char eid[kEidBufferSize];
     MirlUtil_modelIndexToEid(row, list.model(), list.proxy(), 1, eid);
     EXPECT_STREQ(eid, "0011aa-ffffff");

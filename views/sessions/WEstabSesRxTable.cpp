@@ -5,15 +5,15 @@
 #include "db/InfoTables.h"
 #include "db/ZeqExchange.h"
 #include "platform/client/ZeqReq.h"
-#include "platform/client/ZeqRsp.h"
 #include "views/sessions/AccessModes.h"
 
 namespace {
 
-std::string textAt(const json_t* table, int row, const char* key) {
-    const char* text = ZeqRspUtil_getIndexedStringParam(table, row, key);
-    return text ? text : "";
-}
+constexpr RecordColumn<> kColumns[] = {
+    {"index", RecordIndex{}},
+    {"[RSnnn]Receiver EID", "eid"},
+    {"[RSnnn]Receiver Name", "name"},
+};
 
 bool isFree(unsigned rxIndex) {
     const auto rx = readRxState(rxIndex);
@@ -23,8 +23,7 @@ bool isFree(unsigned rxIndex) {
 
 } // namespace
 
-WEstabSesRxTable::WEstabSesRxTable(Wt::WContainerWidget* parent)
-    : WEstabSesTable({tr("[RSnnn]Receiver EID"), tr("[RSnnn]Receiver Name")}, parent) {}
+WEstabSesRxTable::WEstabSesRxTable(Wt::WContainerWidget* parent) : WEstabSesTable(kColumns, parent) {}
 
 void WEstabSesRxTable::readFromDatabase(Info_AccessMode mode, unsigned int usrIndex) {
     clearData();
@@ -38,12 +37,9 @@ void WEstabSesRxTable::readFromDatabase(Info_AccessMode mode, unsigned int usrIn
     for (const char* key : {"index", "eid", "name", "modeAllowed"}) ZeqObj_setSelect(exchange.request(), key);
     if (exchange.send(errors) != 0 || !rowOfValue(kAccessModeTable, mode) || !userMode) return;
 
-    const json_t* table = exchange.response();
-    const int rows = ZeqRspUtil_numEntries(table);
-    for (int row = 0; row < rows; ++row) {
-        const auto rxMode = accessModeNamed(textAt(table, row, "modeAllowed"));
+    for (const ZeqRow rx : ZeqRows(exchange.response())) {
+        const auto rxMode = accessModeNamed(rx.text("modeAllowed"));
         if (!rxMode || accessModesClash(mode, *rxMode) || accessModesClash(*userMode, *rxMode)) continue;
-        const auto index = static_cast<unsigned>(ZeqRspUtil_getIndexedIntegerParam(table, row, "index"));
-        if (isFree(index)) addRecord(index, {textAt(table, row, "eid"), textAt(table, row, "name")});
+        if (isFree(rx.number("index"))) addRecord(kColumns, rx);
     }
 }

@@ -1,15 +1,9 @@
 #pragma once
 
-#include <Wt/WTableView>
-
-namespace Wt {
-class WStandardItemModel;
-}
-
-class WNumericSortFilterProxyModel;
+#include "frame/RecordTable.h"
 
 /// The firmware files that the database remembers.
-class WDevViewChooseFwUpdateSrcTable : public Wt::WTableView {
+class WDevViewChooseFwUpdateSrcTable : public RecordTable {
 public:
     explicit WDevViewChooseFwUpdateSrcTable(Wt::WContainerWidget* parent = nullptr);
 
@@ -17,13 +11,4 @@ public:
     void readFromDatabase();
     /// Takes the selected files out of the list and out of the database, whatever the latter answers.
     void deleteSelected();
-
-    int rowCount() const;
-    int numSelected() const;
-    /// Record index of the one selected file; 0 if none or several are.
-    unsigned selectedZeqIndex() const;
-
-private:
-    Wt::WStandardItemModel* mModel;       // owned by the proxy
-    WNumericSortFilterProxyModel* mProxy; // owned by this
 };

@@ -1,36 +1,12 @@
+// What the device list's rows and its selection stand for.
+
 #include "views/devices/list/WDevViewList.h"
 
 #include "frame/MirlUtil.h"
 #include "frame/WNumericSortFilterProxyModel.h"
 
-#include <Wt/WStandardItemModel>
-
-#include <boost/any.hpp>
-
-WDevViewList::WDevViewList(const Wt::WString& title, Wt::WContainerWidget* parent)
-    : WObjListContextPanel(title, kColumnCount, true, parent) {
-    setHeader(Index, "Index");
-    setHeader(Eid, tr("[RSnnn]EID"));
-    setHeader(Name, tr("[RSnnn]Name"));
-    setHeader(Type, tr("[RSnnn]Type"));
-    setHeader(Status, tr("[RSnnn]Status"));
-    setHeader(Firmware, tr("[RSnnn]Firmware"));
-    mTable->setSelectionMode(Wt::ExtendedSelection);
-    mTable->setColumnHidden(Index, true);
-    setEmptyText(tr("devices.list.empty"));
-    mTable->sortByColumn(Name, Wt::AscendingOrder);
-}
-
-std::string WDevViewList::textOf(const Wt::WModelIndex& index, Column column, const char* none) const {
-    const Wt::WModelIndex source = mProxy->mapToSource(index);
-    if (!source.isValid()) return none;
-    const boost::any cell = mModel->data(source.row(), column, Wt::EditRole);
-    const std::string* text = boost::any_cast<std::string>(&cell);
-    return text ? *text : none;
-}
-
 const DeviceKind* WDevViewList::kindOf(const Wt::WModelIndex& index) const {
-    return deviceKindOf(textOf(index, Type, ""));
+    return deviceKindOf(mTable->textAt(index, Type));
 }
 
 void WDevViewList::devType(const Wt::WModelIndex& index, Info_DeviceType& deviceType,
@@ -61,7 +37,7 @@ void WDevViewList::devTypeSelected(Info_DeviceType& deviceType, Info_DetailedDev
 
 bool WDevViewList::selectionContainsConflictedSwx() {
     for (const Wt::WModelIndex& index : mTable->selectedIndexes()) {
-        if (textOf(index, Status, "???").find("Conflict") != std::string::npos) return true;
+        if (mTable->textAt(index, Status).find("Conflict") != std::string::npos) return true;
     }
     return false;
 }
@@ -73,17 +49,12 @@ void WDevViewList::selectEntryByRowIndex(int row, Wt::WAbstractItemView::ScrollH
 }
 
 std::vector<unsigned int> WDevViewList::selectedZeqIndexes() const {
-    std::vector<unsigned int> zeqIndexes;
-    MirlUtil_modelIndexSetToZeqIndexVect(mTable->selectedIndexes(), mModel, mProxy, zeqIndexes);
-    return zeqIndexes;
+    return mTable->selectedZeqIndexes();
 }
 
 void WDevViewList::getZeqIndexVectByDev(const DeviceKind& kind, std::vector<unsigned int>& zeqIndexes) const {
     for (const Wt::WModelIndex& index : mTable->selectedIndexes()) {
-        if (kindOf(index) != &kind) continue;
-        unsigned int zeqIndex = 0;
-        MirlUtil_modelIndexToZeqIndex(index, mModel, mProxy, zeqIndex);
-        zeqIndexes.push_back(zeqIndex);
+        if (kindOf(index) == &kind) zeqIndexes.push_back(mTable->zeqIndexAt(index));
     }
 }
 
@@ -91,7 +62,7 @@ SelectedDevice WDevViewList::deviceAt(const Wt::WModelIndex& index) const {
     SelectedDevice device{};
     const DeviceKind* kind = kindOf(index);
     device.type = kind ? kind->type : Info_DeviceType::None;
-    MirlUtil_modelIndexToZeqIndex(index, mModel, mProxy, device.index);
+    device.index = mTable->zeqIndexAt(index);
     MirlUtil_modelIndexToEid(index, mModel, mProxy, Eid, device.eid);
     return device;
 }

@@ -53,12 +53,7 @@ public:
     const DeviceKind* kindOf(const Wt::WModelIndex& index) const;
 
 private:
-    struct Group;
-    static const Group kGroups[];
-
     SelectedDevice deviceAt(const Wt::WModelIndex& index) const;
-    void readGroup(const Group& group, struct ZeqClient_s* client);
-    std::string textOf(const Wt::WModelIndex& index, Column column, const char* none) const;
 
     bool mComplete = true;
     Wt::WString mFilter; // the last one that was set

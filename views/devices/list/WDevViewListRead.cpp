@@ -1,19 +1,11 @@
-// Filling the device list from the database.
+// Columns of the device list, and filling them from the database.
 
 #include "db/Convert.h"
 #include "db/Db.h"
-#include "db/ZeqExchange.h"
-#include "frame/WAutoSizeTableView.h"
 #include "frame/WNumericSortFilterProxyModel.h"
 #include "platform/client/ZeqReq.h"
-#include "platform/client/ZeqRsp.h"
 #include "views/devices/list/DevStatusMark.h"
 #include "views/devices/list/WDevViewList.h"
-#include "views/devices/list/ZeqRow.h"
-
-#include <Wt/WStandardItemModel>
-
-#include <boost/any.hpp>
 
 #include <unordered_map>
 
@@ -22,42 +14,10 @@ namespace {
 /// Mode of the connection, or 1 for a login, by device index.
 using BusyDevices = std::unordered_map<unsigned, Info_ConnectionMode>;
 
-Info_DeviceUpgradeStatus upgradeOf(const json_t* row) {
-    return Convert_deviceUpgradeStatusStringToEnum(zeqRowText(row, "upgradeStatus").c_str());
-}
-
-std::string txStatus(const json_t* row, const BusyDevices& connections) {
-    const auto connection = connections.find(zeqRowNumber(row, "index"));
-    const bool connected = connection != connections.end();
-    std::string text;
-    Db::db.getFastTxOverallStatus(Convert_deviceStatusStringToEnum(zeqRowText(row, "status").c_str()),
-                                  Convert_deviceUsageStringToEnum(zeqRowText(row, "usage").c_str()),
-                                  upgradeOf(row), zeqRowNumber(row, "upgradePercent"), connected,
-                                  connected ? connection->second : Info_ConnectionMode::Share, text);
-    return text;
-}
-
-std::string rxStatus(const json_t* row, const BusyDevices& logins) {
-    std::string text;
-    Db::db.getFastRxOverallStatus(Convert_deviceStatusStringToEnum(zeqRowText(row, "status").c_str()),
-                                  Convert_deviceUsageStringToEnum(zeqRowText(row, "usage").c_str()),
-                                  upgradeOf(row), zeqRowNumber(row, "upgradePercent"),
-                                  logins.contains(zeqRowNumber(row, "index")), text);
-    return text;
-}
-
-std::string swxStatus(const json_t* row, const BusyDevices& /*none*/) {
-    std::string text;
-    Db::db.getFastSwxOverallStatus(Convert_swxStatusStringToEnum(zeqRowText(row, "status").c_str()),
-                                   upgradeOf(row),
-                                   Convert_swxUsageStringToEnum(zeqRowText(row, "usage").c_str()), text);
-    return text;
-}
-
-} // namespace
+struct Device;
 
 /// One resource of devices, and the query that tells which of them are in use.
-struct WDevViewList::Group {
+struct Group {
     using Retrieve = json_t* (*)(ZeqClient_s*, const char*);
 
     Retrieve retrieve;
@@ -65,11 +25,50 @@ struct WDevViewList::Group {
     Retrieve retrieveBusy; // null: nothing to ask
     const char* selectBusy;
     const char* busyKey; // device index in the busy query's records
-    std::string (*status)(const json_t* row, const BusyDevices& busy);
+    std::string (*status)(const Device& device);
 };
 
+/// A record of a group, and what its status needs besides.
+struct Device : ZeqRow {
+    const Group* group;
+    const BusyDevices* busy;
+
+    /// Its mode in the busy query; null when the device is not in use.
+    const Info_ConnectionMode* useMode() const {
+        const auto found = busy->find(number("index"));
+        return found == busy->end() ? nullptr : &found->second;
+    }
+    Info_DeviceStatus status() const { return Convert_deviceStatusStringToEnum(text("status").c_str()); }
+    Info_DeviceUsage usage() const { return Convert_deviceUsageStringToEnum(text("usage").c_str()); }
+    Info_DeviceUpgradeStatus upgrade() const {
+        return Convert_deviceUpgradeStatusStringToEnum(text("upgradeStatus").c_str());
+    }
+};
+
+std::string txStatus(const Device& tx) {
+    const Info_ConnectionMode* mode = tx.useMode();
+    std::string text;
+    Db::db.getFastTxOverallStatus(tx.status(), tx.usage(), tx.upgrade(), tx.number("upgradePercent"),
+                                  mode != nullptr, mode ? *mode : Info_ConnectionMode::Share, text);
+    return text;
+}
+
+std::string rxStatus(const Device& rx) {
+    std::string text;
+    Db::db.getFastRxOverallStatus(rx.status(), rx.usage(), rx.upgrade(), rx.number("upgradePercent"),
+                                  rx.useMode() != nullptr, text);
+    return text;
+}
+
+std::string swxStatus(const Device& swx) {
+    std::string text;
+    Db::db.getFastSwxOverallStatus(Convert_swxStatusStringToEnum(swx.text("status").c_str()), swx.upgrade(),
+                                   Convert_swxUsageStringToEnum(swx.text("usage").c_str()), text);
+    return text;
+}
+
 // Switches are asked for no percent: their status shows none.
-const WDevViewList::Group WDevViewList::kGroups[] = {
+constexpr Group kGroups[] = {
     {ZeqReq_txRetrieve,
      R"(["index","eid","name","status","upgradeStatus","upgradePercent","usage","firmwareVersion","detailedDeviceType"])",
      ZeqReq_connectionRetrieve, R"(["txIndex","mode"])", "txIndex", txStatus},
@@ -81,6 +80,66 @@ const WDevViewList::Group WDevViewList::kGroups[] = {
      nullptr, nullptr, nullptr, swxStatus},
 };
 
+std::string typeOf(const Device& device) {
+    return Convert_detailedDeviceTypeDbStringToUiString(device.text("detailedDeviceType"));
+}
+
+std::string statusOf(const Device& device) {
+    return device.group->status(device);
+}
+
+const char* statusMarkOf(const Device& device) {
+    return devStatusMark(device.text("status"), device.text("upgradeStatus"), device.text("usage"));
+}
+
+constexpr RecordColumn<Device> kColumns[] = {
+    {"Index", RecordIndex{}},
+    {"[RSnnn]EID", "eid"},
+    {"[RSnnn]Name", "name"},
+    {"[RSnnn]Type", typeOf},
+    {"[RSnnn]Status", statusOf, 0, statusMarkOf},
+    {"[RSnnn]Firmware", "firmwareVersion"},
+};
+
+using List = WDevViewList;
+static_assert(std::size(kColumns) == List::kColumnCount &&
+              columnHeaded(kColumns, "[RSnnn]EID") == List::Eid &&
+              columnHeaded(kColumns, "[RSnnn]Name") == List::Name &&
+              columnHeaded(kColumns, "[RSnnn]Type") == List::Type &&
+              columnHeaded(kColumns, "[RSnnn]Status") == List::Status);
+
+BusyDevices busyDevicesOf(const Group& group, ZeqClient_s* client) {
+    BusyDevices busy;
+    if (!group.retrieveBusy) return busy;
+    const ZeqPtr records = zeqRetrieve(group.retrieveBusy, client, group.selectBusy);
+    for (const ZeqRow record : ZeqRows(records.get()))
+        busy.try_emplace(record.number(group.busyKey),
+                         Convert_connectionModeDbStringToEnum(record.text("mode")));
+    return busy;
+}
+
+/// False without an answer.
+bool readGroup(const Group& group, ZeqClient_s* client, RecordTable& table) {
+    const ZeqPtr answer = zeqRetrieve(group.retrieve, client, group.select);
+    const ZeqRows rows(answer.get());
+    if (rows.empty()) return answer != nullptr;
+    const BusyDevices busy = busyDevicesOf(group, client);
+    table.addRecords(kColumns, rows | std::views::transform([&](const ZeqRow& row) {
+                                   return Device{row, &group, &busy};
+                               }));
+    return true;
+}
+
+} // namespace
+
+WDevViewList::WDevViewList(const Wt::WString& title, Wt::WContainerWidget* parent)
+    : WObjListContextPanel(title, kColumnCount, true, parent) {
+    mTable->setColumns(kColumns);
+    mTable->setSelectionMode(Wt::ExtendedSelection);
+    setEmptyText(tr("devices.list.empty"));
+    mTable->sortByColumn(Name, Wt::AscendingOrder);
+}
+
 void WDevViewList::readFromDatabase() {
     // Set aside, and still there when this rebuild fails and a later one puts it back.
     if (const Wt::WString filter = mProxy->filterRegExp(); !filter.empty()) mFilter = filter;
@@ -91,47 +150,10 @@ void WDevViewList::readFromDatabase() {
     ZeqClient_s* client = nullptr;
     if (Db::db.getZeqClient(client) != 0) return; // filter and sorting wait for the next good rebuild
     mComplete = true;
-    for (const Group& group : kGroups) readGroup(group, client);
+    for (const Group& group : kGroups) {
+        if (!readGroup(group, client, *mTable)) mComplete = false;
+    }
     mProxy->setDynamicSortFilter(true);
     mProxy->setFilterRegExp(mFilter);
     mTable->setMinimumSize(Wt::WLength(1), Wt::WLength(75));
-}
-
-void WDevViewList::readGroup(const Group& group, ZeqClient_s* client) {
-    const ZeqPtr devices = zeqRetrieve(group.retrieve, client, group.select);
-    if (!devices) mComplete = false;
-    const int count = devices ? ZeqRspUtil_numEntries(devices.get()) : 0;
-    if (count < 1) return;
-    int row = mModel->rowCount();
-    mModel->insertRows(row, count);
-
-    BusyDevices busy;
-    if (group.retrieveBusy) {
-        const ZeqPtr records = zeqRetrieve(group.retrieveBusy, client, group.selectBusy);
-        const int recordCount = records ? ZeqRspUtil_numEntries(records.get()) : 0;
-        for (int i = 0; i < recordCount; ++i) {
-            const json_t* record = ZeqObj_getRow(records.get(), i);
-            if (record)
-                busy.try_emplace(zeqRowNumber(record, group.busyKey),
-                                 Convert_connectionModeDbStringToEnum(zeqRowText(record, "mode")));
-        }
-    }
-
-    for (int i = 0; i < count; ++i) {
-        const json_t* device = ZeqObj_getRow(devices.get(), i);
-        if (!device) continue;
-        setCell(row, Index, zeqRowNumber(device, "index"));
-        setCell(row, Eid, zeqRowText(device, "eid"));
-        setCell(row, Name, zeqRowText(device, "name"));
-        setCell(row, Type,
-                Convert_detailedDeviceTypeDbStringToUiString(zeqRowText(device, "detailedDeviceType")));
-        setCell(row, Status, group.status(device, busy));
-        mModel->setData(row, Status,
-                        boost::any(Wt::WString(devStatusMark(zeqRowText(device, "status"),
-                                                             zeqRowText(device, "upgradeStatus"),
-                                                             zeqRowText(device, "usage")))),
-                        Wt::StyleClassRole);
-        setCell(row, Firmware, zeqRowText(device, "firmwareVersion"));
-        ++row;
-    }
 }

@@ -2,40 +2,33 @@
 
 #include "db/Convert.h"
 #include "db/Db.h"
-#include "db/ZeqExchange.h"
-#include "frame/WAutoSizeTableView.h"
 #include "platform/client/EventLog.h"
 #include "platform/client/ZeqReq.h"
-#include "platform/client/ZeqRsp.h"
-#include "views/devices/list/ZeqRow.h"
 
 #include <Wt/WStandardItemModel>
 #include <Wt/WText>
 
-#include <cstdio>
-
 namespace {
 
-enum Column { kPort, kRemotePort, kDeviceType, kEid, kStatus };
-
-constexpr const char* kHeaders[] = {"[RSnnn]Port", "[RSnnn]Remote Port", "[RSnnn]Device Type", "[RSnnn]EID",
-                                    "[RSnnn]Status"};
-
-std::string numberTextOf(const json_t* row, const char* key) {
-    char text[11]; // the largest 32-bit number and its end
-    std::snprintf(text, sizeof text, "%u", static_cast<unsigned>(ZeqRspUtil_getIntegerParam(row, key)));
-    return text;
-}
+constexpr RecordColumn<> kColumns[] = {
+    {"[RSnnn]Port", [](const ZeqRow& port) { return std::to_string(port.number("portIndex")); }},
+    {"[RSnnn]Remote Port", [](const ZeqRow& port) { return std::to_string(port.number("remotePort")); }},
+    {"[RSnnn]Device Type",
+     [](const ZeqRow& port) { return Convert_deviceTypeDbStringToUiString(port.text("deviceType")); }},
+    {"[RSnnn]EID", "eid"},
+    {"[RSnnn]Status",
+     [](const ZeqRow& port) { return Convert_portStateDbStringToUiString(port.text("portState")); }},
+};
 
 } // namespace
 
 WDevViewSwxPortsTable::WDevViewSwxPortsTable(Wt::WContainerWidget* parent)
-    : DevShownRows(kHeaders, "devices.swx.ports.empty", parent) {
-    mView->sortByColumn(kPort, Wt::AscendingOrder);
+    : RecordPane(kColumns, "devices.swx.ports.empty", parent) {
+    mTable->sortByColumn(0, Wt::AscendingOrder);
 }
 
 void WDevViewSwxPortsTable::readFromDatabase(const std::vector<unsigned>& indexes) {
-    clearRows();
+    mTable->clearData();
     ZeqClient_s* client = nullptr;
     if (Db::db.getZeqClient(client) != 0) return;
     for (const unsigned index : indexes) {
@@ -49,15 +42,10 @@ bool WDevViewSwxPortsTable::readSwitch(ZeqClient_s* client, unsigned swxIndex) {
     const ZeqPtr status = zeqRetrieve(ZeqReq_portStatusRetrieveBySwxIndex, client, swxIndex);
     const ZeqPtr ports(status ? ZeqObj_collapse(status.get(), "swxIndex", "ports") : nullptr);
     if (!ports) return false;
-    for (int i = 0; i < ZeqRspUtil_numEntries(ports.get()); ++i) {
-        const json_t* port = ZeqObj_getRow(ports.get(), i);
-        if (!port) continue;
-        mModel->insertRows(mModel->rowCount(), 1);
-        setText(i, kPort, numberTextOf(port, "portIndex"));
-        setText(i, kRemotePort, numberTextOf(port, "remotePort"));
-        setText(i, kDeviceType, Convert_deviceTypeDbStringToUiString(zeqRowText(port, "deviceType")));
-        setText(i, kEid, zeqRowText(port, "eid"));
-        setText(i, kStatus, Convert_portStateDbStringToUiString(zeqRowText(port, "portState")));
+    int row = 0; // on purpose the first one of all, see the header
+    for (const ZeqRow port : ZeqRows(ports.get())) {
+        model()->insertRows(model()->rowCount(), 1);
+        mTable->setRecord(row++, kColumns, port);
     }
     return true;
 }

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "views/devices/tabs/DevShownRows.h"
+#include "frame/RecordPane.h"
 #include "views/devices/tabs/DevStatusTab.h"
 
 /// What is plugged into the ports of a Switch. Meant for one Switch: with several, the rows of each later one
 /// take the place of those before, and the rows that are left over stay empty.
-class WDevViewSwxPortsTable : public DevShownRows {
+class WDevViewSwxPortsTable : public RecordPane {
 public:
     explicit WDevViewSwxPortsTable(Wt::WContainerWidget* parent = nullptr);
 

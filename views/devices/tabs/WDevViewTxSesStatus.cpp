@@ -2,35 +2,42 @@
 
 #include "db/Db.h"
 #include "db/MirlUtil.h"
-#include "db/ZeqExchange.h"
 #include "platform/client/ZeqReq.h"
-#include "platform/client/ZeqRsp.h"
 #include "shell/WallClock.h"
-#include "views/devices/list/ZeqRow.h"
-
-#include <Wt/WStandardItemModel>
 
 #include <algorithm>
 
 namespace {
 
-enum Column { kUsername, kRxName, kRxEid, kDuration };
-
-constexpr const char* kHeaders[] = {"[RSnnn]Username", "[RSnnn]Receiver Name", "[RSnnn]Receiver EID",
-                                    "[RSnnn]Session Duration"};
-
-/// Seconds since then; 0 for a time to come.
-unsigned secondsSince(json_int_t start) {
-    return static_cast<unsigned>(std::max<json_int_t>(0, WallClock_now() - start));
+/// What a lookup by the connection's Receiver gives; empty if it fails.
+template <unsigned (Db::*lookUp)(unsigned, std::string&, std::vector<std::string>&)>
+std::string ofReceiver(const ZeqRow& connection) {
+    std::string text;
+    std::vector<std::string> errors;
+    (Db::db.*lookUp)(connection.number("rxIndex"), text, errors);
+    return text;
 }
+
+/// For a start to come: as if it were now.
+std::string durationOf(const ZeqRow& connection) {
+    const json_int_t seconds = WallClock_now() - connection.time("sessionStartTime");
+    return MirlUtil_secsToFormattedTimeString(static_cast<unsigned>(std::max<json_int_t>(0, seconds)));
+}
+
+constexpr RecordColumn<> kColumns[] = {
+    {"[RSnnn]Username", ofReceiver<&Db::getLoggedInUsernameFromRxIndex>},
+    {"[RSnnn]Receiver Name", ofReceiver<&Db::getRxNameFromRxIndex>},
+    {"[RSnnn]Receiver EID", "rxEid"},
+    {"[RSnnn]Session Duration", durationOf},
+};
 
 } // namespace
 
 WDevViewTxSesStatusTable::WDevViewTxSesStatusTable(Wt::WContainerWidget* parent)
-    : DevShownRows(kHeaders, "devices.tx.sessions.empty", parent) {}
+    : RecordPane(kColumns, "devices.tx.sessions.empty", parent) {}
 
 void WDevViewTxSesStatusTable::readFromDatabase(const std::vector<unsigned>& indexes, bool /*force*/) {
-    clearRows();
+    mTable->clearData();
     ZeqClient_s* client = nullptr;
     if (indexes.size() != 1 || Db::db.getZeqClient(client) != 0) return;
     const ZeqPtr connections =
@@ -38,21 +45,7 @@ void WDevViewTxSesStatusTable::readFromDatabase(const std::vector<unsigned>& ind
     std::vector<std::string> errors;
     std::string txEid;
     if (!connections || Db::db.getTxEidFromTxIndex(indexes[0], txEid, errors) != 0) return;
-    for (int i = 0; i < ZeqRspUtil_numEntries(connections.get()); ++i) {
-        const json_t* connection = ZeqObj_getRow(connections.get(), i);
-        if (!connection || zeqRowText(connection, "txEid") != txEid) continue;
-        const auto rxIndex = static_cast<unsigned>(ZeqRspUtil_getIntegerParam(connection, "rxIndex"));
-        std::string username;
-        std::string rxName;
-        Db::db.getLoggedInUsernameFromRxIndex(rxIndex, username, errors);
-        Db::db.getRxNameFromRxIndex(rxIndex, rxName, errors);
-        const int row = mModel->rowCount();
-        mModel->insertRows(row, 1);
-        setText(row, kUsername, username);
-        setText(row, kRxName, rxName);
-        setText(row, kRxEid, zeqRowText(connection, "rxEid"));
-        setText(row, kDuration,
-                MirlUtil_secsToFormattedTimeString(
-                    secondsSince(ZeqRspUtil_getIntegerParam(connection, "sessionStartTime"))));
+    for (const ZeqRow connection : ZeqRows(connections.get())) {
+        if (connection.text("txEid") == txEid) mTable->addRecord(kColumns, connection);
     }
 }

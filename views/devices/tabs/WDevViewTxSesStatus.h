@@ -1,10 +1,10 @@
 #pragma once
 
-#include "views/devices/tabs/DevShownRows.h"
+#include "frame/RecordPane.h"
 #include "views/devices/tabs/DevTableStatusTab.h"
 
 /// Who is connected to a Transmitter: a row for each session. Empty for several Transmitters.
-class WDevViewTxSesStatusTable : public DevShownRows {
+class WDevViewTxSesStatusTable : public RecordPane {
 public:
     explicit WDevViewTxSesStatusTable(Wt::WContainerWidget* parent = nullptr);
 

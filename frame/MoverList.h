@@ -1,0 +1,38 @@
+#pragma once
+
+#include "frame/RecordTable.h"
+
+#include <string>
+#include <vector>
+
+/// One entry of a list between which the user moves entries.
+struct MoverItem {
+    unsigned index;   // what it stands for: a record's index, or a number of the page's own from 1
+    std::string text; // UTF-8
+
+    bool operator==(const MoverItem&) const = default;
+};
+
+/// How a list looks. Sizes in pixels.
+struct MoverListLook {
+    const char* header; // message key
+    int width = 250;
+    int height = 200;
+    int textWidth = 222; // of the column
+    bool sorted = true;  // by text; else the items keep their order
+};
+
+/// One of the two lists of a TwoListMover. Several rows can be selected.
+class MoverList : public RecordTable {
+public:
+    explicit MoverList(const MoverListLook& look, Wt::WContainerWidget* parent = nullptr);
+
+    /// Shows these instead of what was shown; no index may stand twice. Of ten thousand items of which a few
+    /// are new or gone only those few are touched. What stays, stays selected.
+    void setItems(const std::vector<MoverItem>& items);
+
+private:
+    bool editItems(const std::vector<MoverItem>& items);
+
+    std::vector<MoverItem> mItems; // of the model, row by row
+};
