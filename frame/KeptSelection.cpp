@@ -1,11 +1,6 @@
 #include "frame/KeptSelection.h"
 
-#include "frame/MirlUtil.h"
 #include "frame/ObjListParts.h"
-#include "frame/WAutoSizeTableView.h"
-#include "frame/WNumericSortFilterProxyModel.h"
-
-#include <Wt/WStandardItemModel>
 
 KeptSelection::KeptSelection(ObjListParts& list, Job rebuild, Job changed)
     : mList(list), mRebuild(std::move(rebuild)), mChanged(std::move(changed)), mRemember([this]() -> Job {
@@ -26,10 +21,12 @@ void KeptSelection::quietly(const Job& job) {
 
 void KeptSelection::rebuild() {
     quietly([this] {
+        const int row = mList.table()->selectedRowInView();
         const Job putBack = mRemember();
         mRebuild();
         mList.table()->clearSelection();
         putBack();
+        mList.table()->keepSelectionInView(row);
     });
 }
 
@@ -37,16 +34,8 @@ void KeptSelection::clear() {
     quietly([this] { mList.table()->clearSelection(); });
 }
 
-void KeptSelection::bringIntoView() {
-    const Wt::WModelIndexSet rows = mList.table()->selectedIndexes();
-    if (rows.size() == 1) mList.table()->scrollTo(*rows.begin(), Wt::WAbstractItemView::EnsureVisible);
-}
-
 std::vector<unsigned> KeptSelection::indexes() const {
-    std::vector<unsigned> records;
-    MirlUtil_modelIndexSetToZeqIndexVect(mList.table()->selectedIndexes(), mList.model(), mList.proxy(),
-                                         records);
-    return records;
+    return mList.table()->selectedZeqIndexes();
 }
 
 std::size_t KeptSelection::count() const {

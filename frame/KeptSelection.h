@@ -24,11 +24,10 @@ public:
     /// behind it.
     void setRemember(std::function<Job()> remember) { mRemember = std::move(remember); }
 
-    /// Records that are gone are no longer selected.
+    /// Records that are gone are no longer selected. A selected row that was in view stays in view, also when its
+    /// new name moves it.
     void rebuild();
     void clear();
-    /// Scrolls to the selected row if it is the only one and out of view.
-    void bringIntoView();
 
     /// Record indexes in the selection's order.
     std::vector<unsigned> indexes() const;

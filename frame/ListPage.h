@@ -30,8 +30,6 @@ protected:
 
     std::vector<unsigned> chosenRecords() const override { return mSelection->indexes(); }
     void readAgain(bool force) override { readFromDatabase(force, false); }
-    /// The selected row stays in view, also when its new name moves it.
-    void afterSave() override { mSelection->bringIntoView(); }
     void refresh() override;
 
 private:
