@@ -10,19 +10,12 @@
 
 #include <Wt/WStandardItemModel>
 
-#include <algorithm>
-
 namespace {
 
 enum Column { kUsername, kRxName, kRxEid, kDuration };
 
 constexpr const char* kHeaders[] = {"[RSnnn]Username", "[RSnnn]Receiver Name", "[RSnnn]Receiver EID",
                                     "[RSnnn]Session Duration"};
-
-/// Seconds since then; 0 for a time to come.
-unsigned secondsSince(json_int_t start) {
-    return static_cast<unsigned>(std::max<json_int_t>(0, WallClock_now() - start));
-}
 
 } // namespace
 
@@ -53,6 +46,6 @@ void WDevViewTxSesStatusTable::readFromDatabase(const std::vector<unsigned>& ind
         setText(row, kRxEid, zeqRowText(connection, "rxEid"));
         setText(row, kDuration,
                 MirlUtil_secsToFormattedTimeString(
-                    secondsSince(ZeqRspUtil_getIntegerParam(connection, "sessionStartTime"))));
+                    WallClock_secondsSince(ZeqRspUtil_getIntegerParam(connection, "sessionStartTime"))));
     }
 }
