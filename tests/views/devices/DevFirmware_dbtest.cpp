@@ -119,6 +119,60 @@ TEST_F(DevFirmware, EnterGoesOnWhenEverythingIsThere) {
     EXPECT_TRUE(contains(shown.at(1), "1 device has been commanded to update firmware.")) << shown[1];
 }
 
+TEST_F(DevFirmware, WhatIsRefusedIsNotCountedAndThisSwitchIsNotFollowed) {
+    makeFile("fw.bin");
+    for (const char* name : {"Main Hall Switch", "Training"}) {
+        const unsigned file = makeFile("gone.bin");
+        select({name});
+        answer([this, file](Wt::WDialog& dialog) {
+            auto& chooser = dynamic_cast<Chooser&>(dialog);
+            for (int row = 0; row < chooser.numberOfExistingEntries(); ++row) {
+                chooser.table()->clearSelection();
+                chooser.table()->select(chooser.table()->model()->index(row, 0));
+                if (chooser.selectedZeqIndex() == file) break;
+            }
+            chooser.selectionChangedHandler();
+            remove("upgrade", file); // somebody else, meanwhile
+            click(buttonIn(&dialog, "Proceed"));
+        });
+        answerWith("Close");
+        clickAction(DeviceAction::Update);
+        EXPECT_TRUE(contains(shown.back(), "0 devices have been commanded to update firmware."))
+            << shown.back();
+        EXPECT_TRUE(contains(shown.back(), "\nNot found")) << shown.back();
+        EXPECT_FALSE(view->followsThisSwx()) << name;
+    }
+}
+
+TEST_F(DevFirmware, ThisSwitchIsFollowedWhenItIsAmongThoseCommanded) {
+    makeFile("fw.bin");
+    for (const char* name : {"Annex Switch", "Main Hall Switch"}) {
+        select({name});
+        choose("Proceed");
+        answerWith("Close");
+        clickAction(DeviceAction::Update);
+        EXPECT_TRUE(contains(shown.back(), "1 device has been commanded")) << shown.back();
+        EXPECT_EQ(view->followsThisSwx(), std::string(name) == "Main Hall Switch");
+    }
+}
+
+TEST_F(DevFirmware, WithoutAnAnswerNothingIsSaidToBeCommanded) {
+    makeFile("fw.bin");
+    select({"Main Hall Switch", "Annex Switch"});
+    answer([this](Wt::WDialog& dialog) {
+        auto& chooser = dynamic_cast<Chooser&>(dialog);
+        chooser.table()->select(chooser.table()->model()->index(0, 0));
+        chooser.selectionChangedHandler();
+        zeqd.stop();
+        click(buttonIn(&dialog, "Proceed"));
+    });
+    answerWith("Close");
+    clickAction(DeviceAction::Update);
+    EXPECT_TRUE(contains(shown.at(1), "0 devices have been commanded")) << shown[1];
+    EXPECT_TRUE(contains(shown.at(1), "\nNo answer for 00A701-0")) << shown[1];
+    EXPECT_FALSE(view->followsThisSwx());
+}
+
 TEST_F(DevFirmware, TheNinthFileIsRefused) {
     for (int i = 1; i <= 8; ++i) makeFile("fw" + std::to_string(i) + ".bin");
     select({"Desk 4"});
