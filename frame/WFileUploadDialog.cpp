@@ -1,13 +1,9 @@
 #include "frame/WFileUploadDialog.h"
 
-#include "frame/MsgBoxParts.h"
-#include "frame/WDialogHeading.h"
-
 #include <Wt/WCheckBox>
+#include <Wt/WContainerWidget>
 #include <Wt/WFileUpload>
 #include <Wt/WProgressBar>
-#include <Wt/WPushButton>
-#include <Wt/WText>
 
 #include <filesystem>
 
@@ -16,39 +12,31 @@ namespace {
 /// Where uploads are spooled.
 const std::filesystem::path kSpoolFolder = "/tmp";
 
+constexpr DialogFormHead kHead = {.image = "upload.png",
+                                  .title = "[RSnnn]File Transfer",
+                                  .text = "[RSnnn]Choose the file to be transferred, then click Send.",
+                                  .escapeRejects = false};
+
 } // namespace
 
-WFileUploadDialog::WFileUploadDialog() {
-    contents()->setPadding(kMsgBoxPaddingPx);
-    mHeading = new WDialogHeading(*this, "upload.png", tr("[RSnnn]File Transfer"));
-    contents()->addWidget(mHeading);
-    mText = newMsgBoxText(tr("[RSnnn]Choose the file to be transferred, then click Send."));
-    contents()->addWidget(mText);
+WFileUploadDialog::WFileUploadDialog() : DialogForm(kHead) {
     mUpload = new Wt::WFileUpload(contents());
     mUpload->setProgressBar(new Wt::WProgressBar);
     mUpload->setAttributeValue("role", "group");
-    mUpload->setAttributeValue("aria-labelledby", mText->id());
+    nameByText(*mUpload);
     auto* checkBoxRow = new Wt::WContainerWidget(contents());
     mCheckBox = new Wt::WCheckBox(tr("[RSnnn]Close when transfer successfully completes."), checkBoxRow);
-
-    mButtons = newMsgBoxButtonRow(contents());
-    mSendButton = newMsgBoxButton(tr("[RSnnn]Send"), mButtons);
+    mSendButton = addButton("[RSnnn]Send", this, &WFileUploadDialog::sendButtonClickedHandler);
     mSendButton->disable();
-    mCancelButton = newMsgBoxButton(tr("[RSnnn]Cancel"), mButtons);
+    mCancelButton = addButton("[RSnnn]Cancel", this, &WFileUploadDialog::cancelButtonClickedHandler);
 
     mUpload->changed().connect(mSendButton, &Wt::WPushButton::enable);
     mUpload->uploaded().connect(this, &WFileUploadDialog::fileUploadedHandler);
     mUpload->fileTooLarge().connect(this, &WFileUploadDialog::fileTooLargeHandler);
-    mSendButton->clicked().connect(this, &WFileUploadDialog::sendButtonClickedHandler);
-    mCancelButton->clicked().connect(this, &WFileUploadDialog::cancelButtonClickedHandler);
-}
-
-void WFileUploadDialog::titleSet(const Wt::WString& title) {
-    mHeading->setTitle(title);
 }
 
 void WFileUploadDialog::setMessage(const Wt::WString& text) {
-    mText->setText(text);
+    textSet(text);
 }
 
 std::string WFileUploadDialog::serverFileName() const {
@@ -83,8 +71,7 @@ void WFileUploadDialog::fileUploadedHandler() {
     delete mSendButton;
     mSendButton = nullptr;
     delete mCancelButton;
-    mCancelButton = newMsgBoxButton(tr("[RSnnn]Close"), mButtons);
-    mCancelButton->clicked().connect(this, &WFileUploadDialog::closeButtonClickedHandler);
+    mCancelButton = addButton("[RSnnn]Close", this, &WFileUploadDialog::closeButtonClickedHandler);
 }
 
 void WFileUploadDialog::fileTooLargeHandler() {

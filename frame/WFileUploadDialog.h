@@ -1,27 +1,22 @@
 #pragma once
 
-#include <Wt/WDialog>
+#include "frame/DialogForm.h"
 
 #include <string>
 
 namespace Wt {
 class WCheckBox;
 class WFileUpload;
-class WPushButton;
-class WText;
 } // namespace Wt
 
-class WDialogHeading;
-
 /// Uploads one file to the Switch. Run with exec(), then ask result() and serverFileName().
-class WFileUploadDialog : public Wt::WDialog {
+class WFileUploadDialog : public DialogForm {
 public:
     static constexpr int kTransferred = 0;
     static constexpr int kCancelled = 5;
 
     WFileUploadDialog();
 
-    void titleSet(const Wt::WString& title);
     virtual void setMessage(const Wt::WString& text);
     /// Spool file on the Switch; empty unless transferred. It is removed with this dialog: whoever wants it
     /// moves it before.
@@ -39,11 +34,8 @@ public:
     virtual void fileTooLargeHandler();
 
 private:
-    WDialogHeading* mHeading;
-    Wt::WText* mText;
     Wt::WFileUpload* mUpload;
     Wt::WCheckBox* mCheckBox;
-    Wt::WContainerWidget* mButtons;
     Wt::WPushButton* mSendButton;
     Wt::WPushButton* mCancelButton;
     int mResult = kCancelled;

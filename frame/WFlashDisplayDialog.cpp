@@ -1,14 +1,10 @@
 #include "frame/WFlashDisplayDialog.h"
 
 #include "db/Db.h"
-#include "frame/MsgBoxParts.h"
-#include "frame/WDialogHeading.h"
 #include "widgets/WLineEditPlus.h"
 
+#include <Wt/WContainerWidget>
 #include <Wt/WIntValidator>
-#include <Wt/WLabel>
-#include <Wt/WPushButton>
-#include <Wt/WText>
 
 #include <charconv>
 
@@ -25,29 +21,22 @@ unsigned int storedDurationSec() {
 
 } // namespace
 
-WFlashDisplayDialog::WFlashDisplayDialog(const char* explanationKey) {
-    rejectWhenEscapePressed();
-    contents()->setPadding(kMsgBoxPaddingPx);
-    contents()->addWidget(new WDialogHeading(*this, "flash-display.png", tr("[RSnnn]Flash Device Display")));
-    contents()->addWidget(newMsgBoxText(tr(explanationKey)));
-
+WFlashDisplayDialog::WFlashDisplayDialog(const char* explanationKey)
+    : DialogForm(DialogFormHead{"flash-display.png", "[RSnnn]Flash Device Display", explanationKey}) {
     auto* row = new Wt::WContainerWidget(contents());
-    auto* label = new Wt::WLabel(tr("[RSnnn]Flash duration (seconds)"), row);
-    label->setStyleClass("mirl-label");
-    mDurationField = new WLineEditPlus(row);
-    mDurationField->setStyleClass("mirl-attribute-table-read-write-line-edit");
+    mDurationField = new WLineEditPlus;
+    newLabel("[RSnnn]Flash duration (seconds)", *mDurationField, row);
+    row->addWidget(mDurationField);
+    mDurationField->setStyleClass(kEditStyle);
     auto* validator = new Wt::WIntValidator(0, kMaxDurationSec, mDurationField);
     validator->setMandatory(true);
     mDurationField->setValidator(validator);
     mDurationField->setText(std::to_string(storedDurationSec()));
-    label->setBuddy(mDurationField);
 
-    Wt::WContainerWidget* buttons = newMsgBoxButtonRow(contents());
-    mFlashButton = newMsgBoxButton(tr("[RSnnn]Flash"), buttons);
-    mCancelButton = newMsgBoxButton(tr("[RSnnn]Cancel"), buttons);
+    mFlashButton = addButton("[RSnnn]Flash", this, &WFlashDisplayDialog::flashButtonClickedHandler);
+    mCancelButton = addButton("[RSnnn]Cancel", this, &WFlashDisplayDialog::cancelButtonClickedHandler);
+    enterPresses(mDurationField, mFlashButton);
     mDurationField->valueChanged().connect(this, &WFlashDisplayDialog::durationFieldChangedHandler);
-    mFlashButton->clicked().connect(this, &WFlashDisplayDialog::flashButtonClickedHandler);
-    mCancelButton->clicked().connect(this, &WFlashDisplayDialog::cancelButtonClickedHandler);
 }
 
 void WFlashDisplayDialog::durationFieldChangedHandler() {

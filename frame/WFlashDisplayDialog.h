@@ -1,16 +1,12 @@
 #pragma once
 
-#include <Wt/WDialog>
-
-namespace Wt {
-class WPushButton;
-}
+#include "frame/DialogForm.h"
 
 class WLineEditPlus;
 
 /// Asks how long the display of a device is to flash. Run with exec(); both buttons accept it, Escape rejects
 /// it.
-class WFlashDisplayDialog : public Wt::WDialog {
+class WFlashDisplayDialog : public DialogForm {
 public:
     /// Message key of the words above the field.
     explicit WFlashDisplayDialog(const char* explanationKey);
@@ -23,6 +19,9 @@ public:
     void durationFieldChangedHandler();
     void flashButtonClickedHandler();
     void cancelButtonClickedHandler();
+
+protected:
+    void judgeFields() override { durationFieldChangedHandler(); }
 
 private:
     void finish(bool cancelled);

@@ -58,8 +58,12 @@ void WMsgBox::buttonAdd(const Wt::WString& text) {
     if (mButtonCount == kMaxButtons) return;
     auto* button = newMsgBoxButton(text, mButtonTable->elementAt(0, kMaxButtons - 1 - mButtonCount));
     button->clicked().connect(this, kHandlers[mButtonCount]);
-    if (mButtonCount == 0) button->setFocus();
-    ++mButtonCount;
+    mButtons[mButtonCount++] = button;
+    if (mButtonCount == 1) focusSet(1);
+}
+
+void WMsgBox::focusSet(int number) {
+    if (number >= 1 && number <= mButtonCount) mButtons[number - 1]->setFocus();
 }
 
 void WMsgBox::execWithTimeout(unsigned int ms) {

@@ -32,6 +32,8 @@ public:
     /// The first button stands rightmost and has the focus; the second and third follow to its left. A fourth
     /// is ignored.
     void buttonAdd(const Wt::WString& text);
+    /// Gives a button that was added the focus, in the place of the first one. Other numbers change nothing.
+    void focusSet(int number);
 
     /// Runs the box for at most that many milliseconds.
     void execWithTimeout(unsigned int ms);
@@ -55,6 +57,7 @@ private:
     Wt::WTable* mFrameTable;
     Wt::WTable* mButtonTable;
     Wt::WCheckBox* mCheckBox = nullptr;
+    std::array<Wt::WPushButton*, kMaxButtons> mButtons{}; // in order of adding
     int mButtonCount = 0;
     int mButtonClicked = 0;
 };

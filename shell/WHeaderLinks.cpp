@@ -1,7 +1,7 @@
 #include "shell/WHeaderLinks.h"
 
 #include "db/Db.h"
-#include "frame/WMsgBox.h"
+#include "frame/Confirm.h"
 #include "platform/client/Attributes.h"
 #include "shell/MirlApplication.h"
 #include "shell/WPrefs.h"
@@ -12,8 +12,12 @@
 namespace {
 
 constexpr int kSpacingPx = 7;
-constexpr int kWarningWidthPx = 300;
-constexpr char kWarningKey[] = "enableLogoutUnsavedChangesWarning";
+
+constexpr Confirmation kConfirmLogout = {
+    .flag = "enableLogoutUnsavedChangesWarning",
+    .title = "[RSnnn]Warning",
+    .message = "[RSnnn]There are unsaved changes. Are you sure you want to discard your changes and log out?",
+    .proceed = "[RSnnn]Discard changes"};
 
 /// The Switch owner's own help pages; without them the maker's, on the host that the attribute store names.
 std::string helpLink() {
@@ -62,28 +66,7 @@ void WHeaderLinks::preferencesClickedHandler() {
 
 void WHeaderLinks::logoutClickedHandler() {
     MirlApplication* application = MirlApplication::current();
-    if (!application || (application->anythingChanged() && userKeepsChanges())) return;
+    if (!application || (application->anythingChanged() && !confirm(kConfirmLogout))) return;
     application->discardChanges();
     application->logOutUser();
-}
-
-bool WHeaderLinks::userKeepsChanges() {
-    const unsigned user = Db::db.getIndexOfCurrentlyLoggedInMirlUsr();
-    std::vector<std::string> errors;
-    bool warn = true;
-    if (Db::db.readEnableDisable("user", user, kWarningKey, warn, errors) != 0) warn = true;
-    if (!warn) return false;
-
-    WMsgBox box(WMsgBox::Warning);
-    box.titleSet(tr("[RSnnn]Warning"));
-    box.msgSet(
-        tr("[RSnnn]There are unsaved changes. Are you sure you want to discard your changes and log out?"));
-    box.checkBoxSet(tr("[RSnnn]Do not show this message again."));
-    box.buttonAdd(tr("[RSnnn]Discard changes"));
-    box.buttonAdd(tr("[RSnnn]Cancel"));
-    box.setMaximumSize(kWarningWidthPx, Wt::WLength::Auto);
-    box.exec();
-    // The choice holds whichever way the box ended.
-    if (box.isCheckBoxChecked()) Db::db.writeEnableDisable("user", user, kWarningKey, false, errors);
-    return box.buttonClicked() != 1;
 }

@@ -17,5 +17,4 @@ public:
 
 private:
     Wt::WAnchor* newLink(const char* styleClass, const Wt::WString& text);
-    bool userKeepsChanges();
 };

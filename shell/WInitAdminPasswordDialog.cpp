@@ -1,15 +1,10 @@
 #include "shell/WInitAdminPasswordDialog.h"
 
-#include "frame/MsgBoxParts.h"
-#include "frame/WDialogHeading.h"
 #include "widgets/WLineEditPlus.h"
 
-#include <Wt/WLabel>
-#include <Wt/WPushButton>
 #include <Wt/WRegExpValidator>
 #include <Wt/WTable>
 #include <Wt/WTableCell>
-#include <Wt/WText>
 
 namespace {
 
@@ -19,36 +14,29 @@ constexpr int kFieldSizeChars = 50;
 constexpr int kPasswordMaxChars = 20;
 constexpr char kAllowed[] = "^([!-~]*)$"; // printable ASCII without blanks
 
+constexpr DialogFormHead kHead = {.image = "settings.png",
+                                  .title = "[RSnnn]Set Password",
+                                  .text = "[RSnnn]explanation of setting password",
+                                  .escapeRejects = false};
+
 } // namespace
 
-WInitAdminPasswordDialog::WInitAdminPasswordDialog(const std::string& name) : username(name) {
+WInitAdminPasswordDialog::WInitAdminPasswordDialog(const std::string& name)
+    : DialogForm(kHead), passwordField(newField("[RSnnn]Password")),
+      confirmField(newField("[RSnnn]Confirm Password")), username(name) {
     setMaximumSize(kMaxWidthPx, Wt::WLength::Auto);
-    contents()->setPadding(kMsgBoxPaddingPx);
-    contents()->addWidget(new WDialogHeading(*this, "settings.png", tr("[RSnnn]Set Password")));
-    contents()->addWidget(newMsgBoxText(tr("[RSnnn]explanation of setting password")));
-
-    auto* table = new Wt::WTable(contents());
-    passwordField = addField(*table, 0, tr("[RSnnn]Password"));
-    confirmField = addField(*table, 1, tr("[RSnnn]Confirm Password"));
-
-    setPasswordButton = newMsgBoxButton(tr("[RSnnn]Set Password"), newMsgBoxButtonRow(contents()));
+    setPasswordButton = newButton(tr("[RSnnn]Set Password"));
     setPasswordButton->disable();
     passwordField->setFocus();
 }
 
-WLineEditPlus* WInitAdminPasswordDialog::addField(Wt::WTable& table, int row, const Wt::WString& labelText) {
-    table.elementAt(row, 0)->setPadding(kLabelGapPx, Wt::Right);
-    auto* label = new Wt::WLabel(labelText, table.elementAt(row, 0));
-    label->setStyleClass("mirl-label");
-    auto* field = new WLineEditPlus(table.elementAt(row, 1));
-    field->setStyleClass("mirl-attribute-table-read-write-line-edit");
+WLineEditPlus* WInitAdminPasswordDialog::newField(const char* labelKey) {
+    auto* field = addPassword<WLineEditPlus>(labelKey);
+    fields()->elementAt(fields()->rowCount() - 1, 0)->setPadding(kLabelGapPx, Wt::Right);
     field->setTextSize(kFieldSizeChars);
     field->setMaxLength(kPasswordMaxChars);
-    field->setEchoMode(Wt::WLineEdit::Password);
-    field->setAutoComplete(false);
     field->setValidator(new Wt::WRegExpValidator(kAllowed, field));
     field->valueChanged().connect(this, &WInitAdminPasswordDialog::passwordChangedHandler);
-    label->setBuddy(field);
     return field;
 }
 

@@ -1,18 +1,13 @@
 #pragma once
 
-#include <Wt/WDialog>
+#include "frame/DialogForm.h"
 
 #include <string>
-
-namespace Wt {
-class WPushButton;
-class WTable;
-} // namespace Wt
 
 class WLineEditPlus;
 
 /// Asks an administrator who has no password yet for the first one, twice. The session connects the button.
-class WInitAdminPasswordDialog : public Wt::WDialog {
+class WInitAdminPasswordDialog : public DialogForm {
 public:
     explicit WInitAdminPasswordDialog(const std::string& username);
 
@@ -26,5 +21,5 @@ public:
     std::string username;
 
 private:
-    WLineEditPlus* addField(Wt::WTable& table, int row, const Wt::WString& label);
+    WLineEditPlus* newField(const char* labelKey);
 };

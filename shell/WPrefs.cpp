@@ -1,12 +1,8 @@
 #include "shell/WPrefs.h"
 
 #include "db/Db.h"
-#include "frame/MsgBoxParts.h"
-#include "frame/WDialogHeading.h"
 #include "frame/WMsgBoxDbErr.h"
 #include "shell/WPrefsTable.h"
-
-#include <Wt/WPushButton>
 
 namespace {
 
@@ -16,21 +12,13 @@ std::vector<unsigned int> loggedInUser() {
 
 } // namespace
 
-WPrefs::WPrefs() {
-    rejectWhenEscapePressed();
-    contents()->setPadding(kMsgBoxPaddingPx);
-    contents()->addWidget(new WDialogHeading(*this, "preferences.png", tr("[RSnnn]Preferences")));
-
+WPrefs::WPrefs() : DialogForm(DialogFormHead{"preferences.png", "[RSnnn]Preferences"}) {
     mTable = new WPrefsTable(contents());
     mTable->readFromDatabase(loggedInUser(), true);
     mTable->contentChanged().connect(this, &WPrefs::contentChangedHandler);
-
-    Wt::WContainerWidget* buttons = newMsgBoxButtonRow(contents());
-    mSaveButton = newMsgBoxButton(tr("[RSnnn]Save"), buttons);
-    mCancelButton = newMsgBoxButton(tr("[RSnnn]Cancel"), buttons);
+    mSaveButton = addButton("[RSnnn]Save", this, &WPrefs::saveButtonClickedHandler);
     mSaveButton->disable();
-    mSaveButton->clicked().connect(this, &WPrefs::saveButtonClickedHandler);
-    mCancelButton->clicked().connect(this, &WPrefs::cancelButtonClickedHandler);
+    mCancelButton = addButton("[RSnnn]Cancel", this, &WPrefs::cancelButtonClickedHandler);
 }
 
 void WPrefs::contentChangedHandler() {

@@ -1,15 +1,11 @@
 #pragma once
 
-#include <Wt/WDialog>
-
-namespace Wt {
-class WPushButton;
-}
+#include "frame/DialogForm.h"
 
 class WPrefsTable;
 
 /// A user's own warning switches. Run with exec().
-class WPrefs : public Wt::WDialog {
+class WPrefs : public DialogForm {
 public:
     WPrefs();
 

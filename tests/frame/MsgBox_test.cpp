@@ -1,6 +1,7 @@
 #include "frame/WMsgBox.h"
 #include "frame/WMsgBoxDbErr.h"
 #include "frame/WMsgBoxSimple.h"
+#include "tests/frame/Answering.h"
 #include "tests/frame/PlainApp.h"
 #include "tests/frame/WidgetSearch.h"
 
@@ -9,23 +10,7 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
-
 namespace {
-
-/// Plays the user of the next boxes that are run with exec().
-struct Answering {
-    PlainApp& app;
-    std::function<void(Wt::WDialog&)> answer;
-
-    Answering(PlainApp& a, std::function<void(Wt::WDialog&)> what) : app(a), answer(std::move(what)) {
-        connection = app.environment.dialogExecuted().connect(
-            boost::function<void(Wt::WDialog*)>([this](Wt::WDialog* dialog) { answer(*dialog); }));
-    }
-    ~Answering() { connection.disconnect(); }
-
-    Wt::Signals::connection connection;
-};
 
 TEST(MsgBox, ButtonsByOrderOfAddingFirstOneRightmost) {
     PlainApp app;
@@ -36,10 +21,22 @@ TEST(MsgBox, ButtonsByOrderOfAddingFirstOneRightmost) {
         ASSERT_EQ(buttons.size(), 3u) << "a fourth button is ignored";
         EXPECT_EQ(buttons[0]->text(), "three");
         EXPECT_EQ(buttons[2]->text(), "one");
-        Answering user(app,
+        Answering user(app.environment,
                        [&](Wt::WDialog& dialog) { click(widgetsIn<Wt::WPushButton>(&dialog)[3 - chosen]); });
         EXPECT_EQ(box.exec(), Wt::WDialog::Accepted);
         EXPECT_EQ(box.buttonClicked(), chosen);
+    }
+}
+
+TEST(MsgBox, TheFirstButtonHasTheFocusUnlessAnotherIsGivenIt) {
+    PlainApp app;
+    for (int focused = 0; focused <= 3; ++focused) { // 0 and 3: no such button
+        WMsgBox box(WMsgBox::Warning);
+        for (const char* text : {"one", "two"}) box.buttonAdd(text);
+        box.show();
+        box.focusSet(focused);
+        EXPECT_EQ(buttonIn(&box, "one")->hasFocus(), focused != 2) << focused;
+        EXPECT_EQ(buttonIn(&box, "two")->hasFocus(), focused == 2) << focused;
     }
 }
 
@@ -49,7 +46,7 @@ TEST(MsgBox, EscapeIsNoButtonButKeepsTheCheckBox) {
         WMsgBox box(WMsgBox::Info);
         box.checkBoxSet("never again");
         box.buttonAdd("one");
-        Answering user(app, [&](Wt::WDialog& dialog) {
+        Answering user(app.environment, [&](Wt::WDialog& dialog) {
             widgetsIn<Wt::WCheckBox>(&dialog).at(0)->setChecked(ticked);
             dialog.reject(); // what Escape does
         });
@@ -68,7 +65,7 @@ TEST(MsgBox, TimeoutEndsItWithoutAnAnswer) {
     PlainApp app;
     WMsgBox notice(WMsgBox::Info);
     notice.buttonAdd("one");
-    Answering user(app, [&](Wt::WDialog&) { notice.timeoutHandler(); });
+    Answering user(app.environment, [&](Wt::WDialog&) { notice.timeoutHandler(); });
     notice.execWithTimeout(1000);
     EXPECT_EQ(notice.buttonClicked(), 0);
     EXPECT_EQ(notice.result(), Wt::WDialog::Accepted);
@@ -118,7 +115,8 @@ TEST(MsgBoxDbErr, FirstLineByOperationThenTheErrors) {
         EXPECT_NE(text.find("\nFirst.\n<i>Second</i>: 100% wrong.\n"), std::string::npos) << text;
     }
     WMsgBoxDbErr box(WMsgBoxDbErr::Write, errors);
-    Answering user(app, [](Wt::WDialog& dialog) { click(widgetsIn<Wt::WPushButton>(&dialog).at(0)); });
+    Answering user(app.environment,
+                   [](Wt::WDialog& dialog) { click(widgetsIn<Wt::WPushButton>(&dialog).at(0)); });
     EXPECT_EQ(box.exec(), Wt::WDialog::Accepted);
 }
 

@@ -15,6 +15,7 @@
 #include "widgets/WSettingsTable.h"
 
 #include <Wt/WDialog>
+#include <Wt/WStandardItemModel>
 
 namespace {
 

@@ -58,10 +58,12 @@ TEST_F(DevFirmware, WithoutFilesTheDescriptionComesFirstAndEachSourceAsksForItsO
             bool proceed;
         } rows[] = {
             {0, "10.0.0.9", "fw.bin", "", false}, {0, "10.0.0.9", "fw.bin", "joe", true},
-            {0, "", "fw.bin", "joe", true},       {1, "10.0.0.9", "", "", false},
-            {1, "10.0.0.9", "fw.bin", "", true},  {2, "", "fw.bin", "", true},
+            {0, "", "fw.bin", "joe", false},      {1, "10.0.0.9", "", "", false},
+            {1, "10.0.0.9", "fw.bin", "", true},  {1, "", "fw.bin", "joe", false},
+            {2, "10.0.0.9", "fw.bin", "", true},  {2, "", "fw.bin", "", false},
             {3, "10.0.0.9", "fw.bin", "", true},  {3, "10.0.0.9", "", "joe", false},
-            {4, "/tmp/none", "", "", true},
+            {3, "", "fw.bin", "", false},         {4, "/tmp/none", "", "", true},
+            {4, "", "fw.bin", "joe", false},
         };
         for (const auto& row : rows) {
             made.sourceField()->setCurrentIndex(row.source);
@@ -97,6 +99,78 @@ TEST_F(DevFirmware, ANewFileGoesToTheSelectedDevices) {
     EXPECT_EQ(index, stored("rx", 8, "upgradeIndex"));
     EXPECT_EQ(stored("upgrade", static_cast<unsigned>(std::stoul(index)), "filename"),
               "fw\"; rm -rf x; \".bin");
+}
+
+TEST_F(DevFirmware, EnterGoesOnWhenEverythingIsThere) {
+    select({"Desk 4"});
+    answer([](Wt::WDialog& dialog) {
+        auto& made = dynamic_cast<NewDialog&>(dialog);
+        made.sourceField()->setCurrentIndex(1); // http
+        made.sourceChangedHandler();
+        made.field(NewDialog::ServerRow)->setText("10.0.0.9");
+        made.field(NewDialog::ServerRow)->enterPressed().emit();
+        EXPECT_EQ(made.buttonClicked(), NewDialog::None) << "there is no path yet";
+        made.field(NewDialog::PathRow)->setText("fw.bin");
+        made.field(NewDialog::ServerRow)->enterPressed().emit();
+        EXPECT_EQ(made.buttonClicked(), NewDialog::Proceed);
+    });
+    answerWith("Close");
+    clickAction(DeviceAction::Update);
+    EXPECT_TRUE(contains(shown.at(1), "1 device has been commanded to update firmware.")) << shown[1];
+}
+
+TEST_F(DevFirmware, WhatIsRefusedIsNotCountedAndThisSwitchIsNotFollowed) {
+    makeFile("fw.bin");
+    for (const char* name : {"Main Hall Switch", "Training"}) {
+        const unsigned file = makeFile("gone.bin");
+        select({name});
+        answer([this, file](Wt::WDialog& dialog) {
+            auto& chooser = dynamic_cast<Chooser&>(dialog);
+            for (int row = 0; row < chooser.numberOfExistingEntries(); ++row) {
+                chooser.table()->clearSelection();
+                chooser.table()->select(chooser.table()->model()->index(row, 0));
+                if (chooser.selectedZeqIndex() == file) break;
+            }
+            chooser.selectionChangedHandler();
+            remove("upgrade", file); // somebody else, meanwhile
+            click(buttonIn(&dialog, "Proceed"));
+        });
+        answerWith("Close");
+        clickAction(DeviceAction::Update);
+        EXPECT_TRUE(contains(shown.back(), "0 devices have been commanded to update firmware."))
+            << shown.back();
+        EXPECT_TRUE(contains(shown.back(), "\nNot found")) << shown.back();
+        EXPECT_FALSE(view->followsThisSwx()) << name;
+    }
+}
+
+TEST_F(DevFirmware, ThisSwitchIsFollowedWhenItIsAmongThoseCommanded) {
+    makeFile("fw.bin");
+    for (const char* name : {"Annex Switch", "Main Hall Switch"}) {
+        select({name});
+        choose("Proceed");
+        answerWith("Close");
+        clickAction(DeviceAction::Update);
+        EXPECT_TRUE(contains(shown.back(), "1 device has been commanded")) << shown.back();
+        EXPECT_EQ(view->followsThisSwx(), std::string(name) == "Main Hall Switch");
+    }
+}
+
+TEST_F(DevFirmware, WithoutAnAnswerNothingIsSaidToBeCommanded) {
+    makeFile("fw.bin");
+    select({"Main Hall Switch", "Annex Switch"});
+    answer([this](Wt::WDialog& dialog) {
+        auto& chooser = dynamic_cast<Chooser&>(dialog);
+        chooser.table()->select(chooser.table()->model()->index(0, 0));
+        chooser.selectionChangedHandler();
+        zeqd.stop();
+        click(buttonIn(&dialog, "Proceed"));
+    });
+    answerWith("Close");
+    clickAction(DeviceAction::Update);
+    EXPECT_TRUE(contains(shown.at(1), "0 devices have been commanded")) << shown[1];
+    EXPECT_TRUE(contains(shown.at(1), "\nNo answer for 00A701-0")) << shown[1];
+    EXPECT_FALSE(view->followsThisSwx());
 }
 
 TEST_F(DevFirmware, TheNinthFileIsRefused) {

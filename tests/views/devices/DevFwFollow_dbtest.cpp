@@ -52,21 +52,40 @@ TEST_F(DevFwFollow, TenMinutesOfUpgradingAreTooLong) {
     EXPECT_FALSE(view->followsThisSwx());
 }
 
-TEST_F(DevFwFollow, AfterSuccessTheUserRebootsOrNot) {
+TEST_F(DevFwFollow, AfterSuccessTheSwitchRebootsByItselfOrLater) {
     for (const bool automatic : {true, false}) {
         store("systemGlobals", 0, "resetAfterUpgrade", automatic ? "enabled" : "disabled");
         view->followThisSwx();
         poke("upgradeStatus", "complete");
         if (automatic)
-            answer([](Wt::WDialog& dialog) { dialog.reject(); }); // stands until the Switch reboots
+            answer([](Wt::WDialog& dialog) {
+                EXPECT_TRUE(widgetsIn<Wt::WPushButton>(&dialog).empty());
+                dialog.reject(); // stands until the Switch reboots
+            });
         else
             answerWith("Reboot later");
         view->fwUpdateTimerTimeout();
         EXPECT_TRUE(contains(shown.back(), "has succeeded."));
         EXPECT_EQ(contains(shown.back(), "Rebooting now."), automatic);
         EXPECT_FALSE(view->followsThisSwx());
+        EXPECT_EQ(stored("swx", 1, "status"), "ready") << "nobody asked for a reboot";
     }
-    EXPECT_TRUE(zeqd.running()) << "nobody asked for a reboot";
+}
+
+TEST_F(DevFwFollow, AfterSuccessTheUserMayRebootNow) {
+    store("systemGlobals", 0, "resetAfterUpgrade", "disabled");
+    view->followThisSwx();
+    poke("upgradeStatus", "complete");
+    answerWith("Reboot now");
+    answer([](Wt::WDialog& dialog) {
+        EXPECT_TRUE(widgetsIn<Wt::WPushButton>(&dialog).empty());
+        EXPECT_EQ(stored("swx", 1, "status"), "resetting");
+        dialog.reject(); // what the end of the connection does
+    });
+    view->fwUpdateTimerTimeout();
+    EXPECT_EQ(shown.back(), "Rebooting\nRebooting unit. Please wait.\n");
+    zeqd.waitForEnd();
+    EXPECT_FALSE(zeqd.running());
 }
 
 TEST_F(DevFwFollow, AStatusThatCannotBeReadEndsTheFollowingWithoutAWord) {

@@ -10,6 +10,3 @@ std::string joinedFileName(const std::string& location, const std::string& fileN
 /// Where an uploaded firmware file is put: below /tmp, under the last part of the name that the file had in
 /// the browser. Empty if that leaves no usable name.
 std::string uploadTarget(std::string_view clientFileName);
-
-/// Moves the file, over one that is there. False, with both files untouched, if that fails.
-bool moveFile(const std::string& from, const std::string& to);

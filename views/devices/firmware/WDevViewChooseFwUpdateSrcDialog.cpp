@@ -1,37 +1,25 @@
 #include "views/devices/firmware/WDevViewChooseFwUpdateSrcDialog.h"
 
-#include "frame/MsgBoxParts.h"
-#include "frame/WDialogHeading.h"
 #include "views/devices/firmware/WDevViewChooseFwUpdateSrcTable.h"
 
-#include <Wt/WPushButton>
-#include <Wt/WText>
+namespace {
 
-WDevViewChooseFwUpdateSrcDialog::WDevViewChooseFwUpdateSrcDialog() {
-    rejectWhenEscapePressed();
-    contents()->setPadding(kMsgBoxPaddingPx);
-    mHeading = new WDialogHeading(*this, "upload.png", tr("[RSnnn]Update firmware"));
-    contents()->addWidget(mHeading);
-    contents()->addWidget(
-        newMsgBoxText(tr("[RSnnn]Choose a previously used firmware update file, or choose a new file.")));
+constexpr DialogFormHead kHead = {
+    "upload.png", "[RSnnn]Update firmware",
+    "[RSnnn]Choose a previously used firmware update file, or choose a new file."};
+
+} // namespace
+
+WDevViewChooseFwUpdateSrcDialog::WDevViewChooseFwUpdateSrcDialog() : DialogForm(kHead) {
+    using Self = WDevViewChooseFwUpdateSrcDialog;
     mTable = new WDevViewChooseFwUpdateSrcTable(contents());
-    mTable->selectionChanged().connect(this, &WDevViewChooseFwUpdateSrcDialog::selectionChangedHandler);
-
-    Wt::WContainerWidget* buttons = newMsgBoxButtonRow(contents());
-    mProceedButton = newMsgBoxButton(tr("[RSnnn]Proceed"), buttons);
-    Wt::WPushButton* newFileButton = newMsgBoxButton(tr("[RSnnn]New file"), buttons);
-    mDeleteButton = newMsgBoxButton(tr("[RSnnn]Delete"), buttons);
-    Wt::WPushButton* closeButton = newMsgBoxButton(tr("[RSnnn]Close"), buttons);
-    mProceedButton->clicked().connect(this, &WDevViewChooseFwUpdateSrcDialog::finishButtonClickedHandler);
-    newFileButton->clicked().connect(this, &WDevViewChooseFwUpdateSrcDialog::newFileButtonClickedHandler);
-    mDeleteButton->clicked().connect(this, &WDevViewChooseFwUpdateSrcDialog::deleteButtonClickedHandler);
-    closeButton->clicked().connect(this, &WDevViewChooseFwUpdateSrcDialog::cancelButtonClickedHandler);
+    mTable->selectionChanged().connect(this, &Self::selectionChangedHandler);
+    mProceedButton = addButton("[RSnnn]Proceed", this, &Self::finishButtonClickedHandler);
+    addButton("[RSnnn]New file", this, &Self::newFileButtonClickedHandler);
+    mDeleteButton = addButton("[RSnnn]Delete", this, &Self::deleteButtonClickedHandler);
+    addButton("[RSnnn]Close", this, &Self::cancelButtonClickedHandler);
     mTable->readFromDatabase();
     selectionChangedHandler();
-}
-
-void WDevViewChooseFwUpdateSrcDialog::titleSet(const Wt::WString& title) {
-    mHeading->setTitle(title);
 }
 
 int WDevViewChooseFwUpdateSrcDialog::numberOfExistingEntries() const {
@@ -43,22 +31,19 @@ unsigned WDevViewChooseFwUpdateSrcDialog::selectedZeqIndex() const {
 }
 
 void WDevViewChooseFwUpdateSrcDialog::cancelButtonClickedHandler() {
-    mButtonClicked = Close;
-    reject();
+    finish(Close, Rejected);
 }
 
 void WDevViewChooseFwUpdateSrcDialog::newFileButtonClickedHandler() {
-    mButtonClicked = NewFile;
-    accept();
+    finish(NewFile);
 }
 
 void WDevViewChooseFwUpdateSrcDialog::finishButtonClickedHandler() {
-    mButtonClicked = Proceed;
-    accept();
+    finish(Proceed);
 }
 
 void WDevViewChooseFwUpdateSrcDialog::deleteButtonClickedHandler() {
-    mButtonClicked = Delete;
+    noteButton(Delete);
     mTable->deleteSelected();
     selectionChangedHandler();
 }

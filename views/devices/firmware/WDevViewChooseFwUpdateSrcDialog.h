@@ -1,29 +1,20 @@
 #pragma once
 
-#include <Wt/WDialog>
-
-namespace Wt {
-class WPushButton;
-}
+#include "frame/DialogForm.h"
 
 class WDevViewChooseFwUpdateSrcTable;
-class WDialogHeading;
 
 /// Chooses among the firmware files used before. Run with exec().
-class WDevViewChooseFwUpdateSrcDialog : public Wt::WDialog {
+class WDevViewChooseFwUpdateSrcDialog : public DialogForm {
 public:
-    enum Button { None, Close, Delete, NewFile, Proceed };
+    enum Button { None, Close, Delete, NewFile, Proceed }; // buttonClicked(); Delete leaves it open
 
     WDevViewChooseFwUpdateSrcDialog();
 
-    /// The last button used. Deleting leaves the dialog open.
-    Button buttonClicked() const { return mButtonClicked; }
     int numberOfExistingEntries() const;
     /// Record index of the one file chosen; 0 if none or several are.
     unsigned selectedZeqIndex() const;
     WDevViewChooseFwUpdateSrcTable* table() const { return mTable; }
-
-    void titleSet(const Wt::WString& title);
 
     void cancelButtonClickedHandler();
     void newFileButtonClickedHandler();
@@ -32,9 +23,7 @@ public:
     void selectionChangedHandler();
 
 private:
-    WDialogHeading* mHeading;
     WDevViewChooseFwUpdateSrcTable* mTable;
     Wt::WPushButton* mProceedButton;
     Wt::WPushButton* mDeleteButton;
-    Button mButtonClicked = None;
 };

@@ -3,21 +3,25 @@
 #include "db/Db.h"
 #include "db/MirlUtil.h"
 #include "db/ZeqExchange.h"
+#include "frame/ActionResults.h"
+#include "frame/CountedText.h"
 #include "platform/client/ZeqReq.h"
 #include "platform/client/ZeqRsp.h"
 #include "views/devices/firmware/FwUpdateReset.h"
 #include "views/devices/firmware/WDevViewChooseFwUpdateSrcDialog.h"
 #include "views/devices/firmware/WDevViewFwUpdateSrcLoginDialog.h"
 #include "views/devices/firmware/WDevViewNewFwUpdateSrcDialog.h"
+#include "views/devices/list/SelectedDevice.h"
 #include "views/devices/list/WDevViewList.h"
-#include "views/devices/page/DevConfirm.h"
 #include "views/devices/page/WDevView.h"
-
-#include <cstdio>
 
 namespace {
 
 constexpr int kMaxFiles = 8; // that the list of remembered files may hold
+
+constexpr BoxRow kListIsFull = {WMsgBox::Info, "[RSnnn]Cannot Create Entry", {"[RSnnn]Ok"}};
+constexpr BoxRow kNotCreated = {WMsgBox::Warning, "[RSnnn]Firmware update", {"[RSnnn]Close"}};
+constexpr BoxRow kCommanded = {WMsgBox::Info, "[RSnnn]Firmware update", {"[RSnnn]Close"}};
 
 enum class Files { Unavailable, None, Some };
 
@@ -52,29 +56,26 @@ bool completeLogin(unsigned upgradeIndex) {
 }
 
 Wt::WString commandedText(std::size_t count) {
-    const std::string note =
-        (devicesResetAfterUpgrade()
-             ? Wt::WString::tr("[RSnnn]The device(s) will automatically reboot after the firmware update is "
-                               "complete.")
-             : Wt::WString::tr("[RSnnn]You must reboot the device(s) manually after the firmware update is "
-                               "complete."))
-            .toUTF8();
-    char text[1024];
-    if (count == 1)
-        std::snprintf(text, sizeof text, "%s %s",
-                      Wt::WString::tr("[RSnnn]1 device has been commanded to update firmware. Please check "
-                                      "the device list and event log for status.")
-                          .toUTF8()
-                          .c_str(),
-                      note.c_str());
-    else
-        std::snprintf(text, sizeof text, "%d %s %s", static_cast<int>(count),
-                      Wt::WString::tr("[RSnnn]devices have been commanded to update firmware. Please check "
-                                      "the device list and event log for status.")
-                          .toUTF8()
-                          .c_str(),
-                      note.c_str());
-    return Wt::WString::fromUTF8(text);
+    const Wt::WString commanded =
+        countedText(count,
+                    "[RSnnn]1 device has been commanded to update firmware. Please check the device list and "
+                    "event log for status.",
+                    "[RSnnn]devices have been commanded to update firmware. Please check the device list and "
+                    "event log for status.");
+    const Wt::WString note =
+        devicesResetAfterUpgrade()
+            ? Wt::WString::tr("[RSnnn]The device(s) will automatically reboot after the firmware update is "
+                              "complete.")
+            : Wt::WString::tr("[RSnnn]You must reboot the device(s) manually after the firmware update is "
+                              "complete.");
+    return Wt::WString::fromUTF8(commanded.toUTF8() + " " + note.toUTF8());
+}
+
+/// EID of a selected device, for words about it; its index if it is selected no more.
+std::string eidOf(const std::vector<SelectedDevice>& devices, Info_DeviceType type, unsigned index) {
+    for (const SelectedDevice& device : devices)
+        if (device.type == type && device.index == index) return device.eid;
+    return std::to_string(index);
 }
 
 } // namespace
@@ -92,9 +93,8 @@ void WDevView::updateFirmwareActionButtonClicked() {
         if (dialog.numberOfExistingEntries() < kMaxFiles) {
             createNewFirmwareUpdateRecordThenProceed();
         } else {
-            devShowBox(WMsgBox::Info, "[RSnnn]Cannot Create Entry",
-                       tr("[RSnnn]The firmware update file list has reached its maximum allowed size."),
-                       {"[RSnnn]Ok"});
+            showBox(kListIsFull,
+                    tr("[RSnnn]The firmware update file list has reached its maximum allowed size."));
         }
     } else if (dialog.buttonClicked() == WDevViewChooseFwUpdateSrcDialog::Proceed) {
         const unsigned upgradeIndex = dialog.selectedZeqIndex();
@@ -121,7 +121,7 @@ void WDevView::createNewFirmwareUpdateRecordThenProceed() {
                           "entries first.")
                            .toUTF8();
     MirlUtil_concatErrMsgs(text, errors);
-    devShowBox(WMsgBox::Warning, "[RSnnn]Firmware update", Wt::WString::fromUTF8(text), {"[RSnnn]Close"});
+    showBox(kNotCreated, Wt::WString::fromUTF8(text));
 }
 
 void WDevView::proceedWithSelection(unsigned upgradeIndex) {
@@ -133,19 +133,21 @@ void WDevView::proceedWithSelection(unsigned upgradeIndex) {
 
 void WDevView::proceedWithFirmwareUpdate(unsigned upgradeIndex, Info_DeviceType deviceType,
                                          const std::vector<unsigned>& indexes) {
-    std::size_t count = 0;
-    bool masterIncluded = false;
+    ActionResults results;
+    bool followed = false;
     if (upgradeIndex != 0) {
-        const bool known = deviceType != Info_DeviceType::None;
-        std::vector<std::string> errors; // what becomes of it shows in the list
+        const std::vector<SelectedDevice> devices = mList->selectedDevices();
+        const char* key = deviceType == Info_DeviceType::None ? "" : "upgradeIndex";
         for (const unsigned index : indexes) {
-            Db::db.writeUInt32(deviceResourceOf(deviceType).records, index, known ? "upgradeIndex" : "",
-                               upgradeIndex, errors);
-            if (deviceType == Info_DeviceType::Switch && index == kThisSwxIndex) masterIncluded = true;
-            ++count;
+            const bool commanded =
+                results.run(eidOf(devices, deviceType, index), [&](std::vector<std::string>& errors) {
+                    return Db::db.writeUInt32(deviceResourceOf(deviceType).records, index, key, upgradeIndex,
+                                              errors);
+                });
+            if (deviceType == Info_DeviceType::Switch && index == kThisSwxIndex) followed = commanded;
         }
     }
-    devShowBox(WMsgBox::Info, "[RSnnn]Firmware update", commandedText(count), {"[RSnnn]Close"});
+    showResults(kCommanded, commandedText(results.done()), results);
     readFromDatabase(false, true);
-    if (masterIncluded) followThisSwx();
+    if (followed) followThisSwx();
 }

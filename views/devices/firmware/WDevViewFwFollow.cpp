@@ -3,19 +3,23 @@
 
 #include "db/Db.h"
 #include "db/DeviceState.h"
+#include "db/ThisSwx.h"
+#include "frame/RebootingBox.h"
 #include "platform/client/EventLog.h"
 #include "shell/MirlApplication.h"
 #include "shell/WallClock.h"
 #include "views/devices/firmware/FwUpdateReset.h"
-#include "views/devices/page/DevConfirm.h"
 #include "views/devices/page/WDevView.h"
 
 #include <Wt/WTimer>
 
 namespace {
 
-constexpr int kInterval = 5000;        // milliseconds between two looks
-constexpr std::time_t kPatience = 600; // seconds until an update counts as timed out
+constexpr int kInterval = 5000;     // milliseconds between two looks
+constexpr unsigned kPatience = 600; // seconds until an update counts as timed out
+
+constexpr BoxRow kSucceeded = {WMsgBox::Info, "[RSnnn]Firmware update"};
+constexpr BoxRow kNotSucceeded = {WMsgBox::Error, "[RSnnn]Firmware update", {"[RSnnn]Okay"}};
 
 /// How an update fails. The key without its marker is the line in the log.
 struct Failure {
@@ -54,26 +58,18 @@ bool userIsLoggedIn() {
 
 void offerReboot() {
     if (devicesResetAfterUpgrade()) { // the Switch reboots by itself
-        devShowBox(
-            WMsgBox::Info, "[RSnnn]Firmware update",
-            Wt::WString::tr("[RSnnn]The Master Switch firmware update operation has succeeded. A reboot "
-                            "or power cycle is required before it takes effect. Rebooting now."),
-            {});
+        showBox(kSucceeded,
+                Wt::WString::tr("[RSnnn]The Master Switch firmware update operation has succeeded. A reboot "
+                                "or power cycle is required before it takes effect. Rebooting now."));
         return;
     }
-    const int button = devShowBox(
-        WMsgBox::Info, "[RSnnn]Firmware update",
-        Wt::WString::tr("[RSnnn]The Master Switch firmware update operation has succeeded. A reboot or power "
-                        "cycle is required before it takes effect."),
-        {"[RSnnn]Reboot now", "[RSnnn]Reboot later"});
-    if (button != 1) return;
-    WMsgBox box(WMsgBox::Info);
-    box.titleSet(Wt::WString::tr("[RSnnn]Rebooting"));
-    box.msgSet(Wt::WString::tr("[RSnnn]Rebooting unit. Please wait."));
-    box.show();
-    std::vector<std::string> errors;
-    Db::db.requestDeviceReboot("swx", kThisSwxIndex, errors);
-    box.exec(); // stands until the connection goes
+    static constexpr BoxChoice<bool> kChoices[] = {{"[RSnnn]Reboot now", true},
+                                                   {"[RSnnn]Reboot later", false}};
+    if (chooseInBox(kSucceeded,
+                    Wt::WString::tr("[RSnnn]The Master Switch firmware update operation has succeeded. A "
+                                    "reboot or power cycle is required before it takes effect."),
+                    kChoices, false))
+        rebootThisSwx(Wt::WString::tr("[RSnnn]Rebooting unit. Please wait."));
 }
 
 } // namespace
@@ -108,10 +104,10 @@ void WDevView::fwUpdateTimerTimeout() {
         if (userIsLoggedIn()) offerReboot();
         return;
     }
-    const char* failure = failureOf(state->upgrade, WallClock_now() - mFwUpdateStart > kPatience);
+    const char* failure = failureOf(state->upgrade, WallClock_secondsSince(mFwUpdateStart) > kPatience);
     if (!failure) return;
     EventLog_write(1, 7, __func__, "%s", failure + kMarker.size());
     readFromDatabase(false, false);
     mFwUpdateTimer->stop();
-    if (userIsLoggedIn()) devShowBox(WMsgBox::Error, "[RSnnn]Firmware update", tr(failure), {"[RSnnn]Okay"});
+    if (userIsLoggedIn()) showBox(kNotSucceeded, tr(failure));
 }

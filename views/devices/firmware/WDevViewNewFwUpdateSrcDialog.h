@@ -1,27 +1,18 @@
 #pragma once
 
-#include <Wt/WDialog>
+#include "frame/DialogForm.h"
 
 #include <string>
 #include <vector>
 
-namespace Wt {
-class WLineEdit;
-class WPushButton;
-class WTable;
-class WText;
-} // namespace Wt
-
 class WFwUpdateFileSrc;
 
 /// Describes a firmware file that the Switch is to fetch, or uploads one. Run with exec().
-class WDevViewNewFwUpdateSrcDialog : public Wt::WDialog {
+class WDevViewNewFwUpdateSrcDialog : public DialogForm {
 public:
     enum Button { None, Close, Proceed };
 
     WDevViewNewFwUpdateSrcDialog();
-
-    Button buttonClicked() const { return mButtonClicked; }
 
     // What the user entered, UTF-8.
     std::string protocol() const;
@@ -36,13 +27,16 @@ public:
     void sourceChangedHandler();
     void contentChangedHandler();
     void fileNameFieldClickedHandler();
-    void proceedButtonClickedHandler();
-    void closeButtonClickedHandler();
+    /// As a click for a local file, else as in the other fields.
+    void fileNameFieldEnterHandler();
 
     WFwUpdateFileSrc* sourceField() const { return mSource; }
     enum Row { SourceRow, ServerRow, PathRow, UsernameRow, PasswordRow };
     Wt::WLineEdit* field(Row row) const { return mFields[row]; }
     Wt::WPushButton* proceedButton() const { return mProceedButton; }
+
+protected:
+    void judgeFields() override { contentChangedHandler(); }
 
 private:
     static constexpr int kRowCount = PasswordRow + 1;
@@ -50,13 +44,11 @@ private:
     static const Source kSources[];
 
     const Source& source() const;
-    void addRow(Row row, const Wt::WString& label, Wt::WWidget* widget);
+    void addFields();
 
-    Wt::WTable* mTable;
     WFwUpdateFileSrc* mSource;
-    Wt::WText* mServerLabel = nullptr;
+    Wt::WLabel* mServerLabel = nullptr;
     Wt::WLineEdit* mFields[kRowCount] = {}; // by Row; none for SourceRow
     Wt::WPushButton* mProceedButton;
-    Button mButtonClicked = None;
     std::vector<std::string> mUploads; // paths below /tmp
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "db/Info.h"
+#include "db/ThisSwx.h"
 
 #include <string_view>
 
@@ -49,6 +50,3 @@ constexpr const DeviceResource& deviceResourceOf(Info_DeviceType type) {
     while (row->type != type && row->type != Info_DeviceType::None) ++row;
     return *row;
 }
-
-/// Index of the record in "swx" that is the Switch one is logged in to.
-inline constexpr unsigned kThisSwxIndex = 1;

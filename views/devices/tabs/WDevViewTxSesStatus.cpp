@@ -5,8 +5,6 @@
 #include "platform/client/ZeqReq.h"
 #include "shell/WallClock.h"
 
-#include <algorithm>
-
 namespace {
 
 /// What a lookup by the connection's Receiver gives; empty if it fails.
@@ -18,10 +16,8 @@ std::string ofReceiver(const ZeqRow& connection) {
     return text;
 }
 
-/// For a start to come: as if it were now.
 std::string durationOf(const ZeqRow& connection) {
-    const json_int_t seconds = WallClock_now() - connection.time("sessionStartTime");
-    return MirlUtil_secsToFormattedTimeString(static_cast<unsigned>(std::max<json_int_t>(0, seconds)));
+    return MirlUtil_secsToFormattedTimeString(WallClock_secondsSince(connection.time("sessionStartTime")));
 }
 
 constexpr RecordColumn<> kColumns[] = {
