@@ -2,11 +2,11 @@
 
 #include "platform/service/catalogue/Catalogue.h"
 #include "platform/service/demo/Installation.h"
+#include "platform/service/domain/Alerts.h"
+#include "platform/service/domain/Devices.h"
 #include "platform/service/engine/SystemClock.h"
 #include "platform/service/net/Server.h"
 #include "platform/service/record/JsonText.h"
-#include "platform/service/rules/Alerts.h"
-#include "platform/service/rules/Devices.h"
 #include "platform/service/sim/Fetch.h"
 #include "platform/service/store/SqliteDisk.h"
 #include "platform/service/store/Transaction.h"

@@ -1,5 +1,5 @@
 #include "platform/service/Service.h"
-#include "platform/service/catalogue/Describe.h"
+#include "platform/service/request/Describe.h"
 #include "platform/service/sim/Firmware.h"
 
 #include <cstdio>

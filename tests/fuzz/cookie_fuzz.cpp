@@ -1,8 +1,8 @@
 // Cookie headers: a value that is found stands there as the one pair of that name, alone and in a whole
 // request.
+#include "core/Secret.h"
 #include "server/Request.h"
 #include "server/RequestParser.h"
-#include "server/Secret.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,5 +1,5 @@
 // Multipart bodies: the first line is the content type. However the rest is cut, the parts are the same.
-#include "server/Limits.h"
+#include "core/Limits.h"
 #include "server/Multipart.h"
 
 #include <cstddef>

@@ -1,5 +1,5 @@
 // What a page sends: what is accepted holds numbered lists of objects and nothing else.
-#include "server/Limits.h"
+#include "core/Limits.h"
 #include "session/PageMessage.h"
 
 #include <cstddef>

@@ -1,5 +1,5 @@
 // HTTP requests: cut in two anywhere, they read the same; what is accepted keeps the limits.
-#include "server/Limits.h"
+#include "core/Limits.h"
 #include "server/RequestParser.h"
 #include "server/Url.h"
 

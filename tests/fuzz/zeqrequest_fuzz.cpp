@@ -1,8 +1,8 @@
 // The service's road from a client's bytes to a changed store: frames, requests, rules.
+#include "platform/service/core/JsonPtr.h"
 #include "platform/service/demo/Installation.h"
 #include "platform/service/net/Frame.h"
 #include "platform/service/record/JsonText.h"
-#include "platform/service/request/Json.h"
 #include "platform/service/request/ReadRequest.h"
 #include "platform/service/request/WriteRequest.h"
 #include "platform/service/store/Store.h"

@@ -1,9 +1,9 @@
 #include "platform/service/archive/SettingsText.h"
 
 #include "platform/service/catalogue/Catalogue.h"
+#include "platform/service/core/JsonPtr.h"
 #include "platform/service/record/FieldReader.h"
 #include "platform/service/record/JsonText.h"
-#include "platform/service/request/Json.h"
 
 namespace zeqd {
 

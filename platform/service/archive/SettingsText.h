@@ -1,7 +1,7 @@
 // The settings of the system as one JSON text: what a settings file holds.
 #pragma once
 
-#include "platform/service/request/Errors.h"
+#include "platform/service/core/Errors.h"
 #include "platform/service/store/Transaction.h"
 
 namespace zeqd {

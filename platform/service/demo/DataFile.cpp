@@ -1,8 +1,8 @@
 #include "platform/service/demo/Installation.h"
 
 #include "platform/service/catalogue/Catalogue.h"
+#include "platform/service/core/JsonPtr.h"
 #include "platform/service/record/FieldReader.h"
-#include "platform/service/request/Json.h"
 
 #include <stdexcept>
 

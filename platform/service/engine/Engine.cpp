@@ -3,14 +3,14 @@
 #include "platform/service/archive/SettingsArchive.h"
 #include "platform/service/archive/SettingsText.h"
 #include "platform/service/catalogue/Catalogue.h"
+#include "platform/service/domain/Devices.h"
+#include "platform/service/domain/Sessions.h"
+#include "platform/service/engine/Simulation.h"
 #include "platform/service/record/JsonText.h"
 #include "platform/service/request/ReadRequest.h"
 #include "platform/service/request/WriteRequest.h"
-#include "platform/service/rules/Devices.h"
-#include "platform/service/rules/Sessions.h"
 #include "platform/service/rules/SettingsFiles.h"
 #include "platform/service/secret/PasswordHash.h"
-#include "platform/service/sim/Simulation.h"
 
 namespace zeqd {
 

@@ -5,10 +5,11 @@
 // then on.
 #pragma once
 
+#include "platform/service/domain/Context.h"
 #include "platform/service/engine/Schedule.h"
 #include "platform/service/engine/Seams.h"
 #include "platform/service/request/Request.h"
-#include "platform/service/rules/Context.h"
+#include "platform/service/store/Disk.h"
 #include "platform/service/store/Store.h"
 
 #include <deque>

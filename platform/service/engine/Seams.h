@@ -1,13 +1,10 @@
-// What the engine takes from outside, so that tests can bend it: time, disk, and work off the event loop.
+// What the engine takes from outside, so that tests can bend it: time and work off the event loop. The disk is
+// the third of them (store/Disk.h).
 #pragma once
 
-#include "platform/service/catalogue/ResourceRow.h"
-
+#include <cstddef>
 #include <cstdint>
 #include <functional>
-#include <optional>
-#include <string>
-#include <vector>
 
 namespace zeqd {
 
@@ -18,21 +15,6 @@ public:
     virtual std::int64_t now() const = 0;
     /// Milliseconds that only go forward.
     virtual std::int64_t monotonicMs() const = 0;
-};
-
-/// One record as it is to be on disk; without a body it is to be gone.
-struct DiskChange {
-    Res resource;
-    std::uint32_t index;
-    std::optional<std::string> body;
-};
-
-class Disk {
-public:
-    virtual ~Disk() = default;
-    /// Keeps all changes or none. Answers only when they survive a power cut. Empty on success, else what
-    /// failed.
-    virtual std::string write(const std::vector<DiskChange>& changes) = 0;
 };
 
 /// Kinds of work off the event loop. Work of one lane is done in order, lanes do not wait for each other.

@@ -1,8 +1,8 @@
 // From JSON to fields, by the catalogue.
 #pragma once
 
+#include "platform/service/core/Errors.h"
 #include "platform/service/record/Record.h"
-#include "platform/service/request/Errors.h"
 
 #include <jansson.h>
 

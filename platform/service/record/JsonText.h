@@ -1,8 +1,8 @@
 // Writing JSON text piece by piece. Reads are answered straight from the records, without a tree in between.
 #pragma once
 
+#include "platform/service/core/Errors.h"
 #include "platform/service/record/Record.h"
-#include "platform/service/request/Errors.h"
 
 namespace zeqd {
 

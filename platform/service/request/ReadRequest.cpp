@@ -1,9 +1,9 @@
 #include "platform/service/request/ReadRequest.h"
 
 #include "platform/service/catalogue/Catalogue.h"
-#include "platform/service/catalogue/Describe.h"
 #include "platform/service/record/JsonText.h"
 #include "platform/service/request/Computed.h"
+#include "platform/service/request/Describe.h"
 
 #include <algorithm>
 

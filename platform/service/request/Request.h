@@ -2,8 +2,8 @@
 #pragma once
 
 #include "platform/service/catalogue/ResourceRow.h"
-#include "platform/service/request/Errors.h"
-#include "platform/service/request/Json.h"
+#include "platform/service/core/Errors.h"
+#include "platform/service/core/JsonPtr.h"
 
 #include <string>
 #include <string_view>

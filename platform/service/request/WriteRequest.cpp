@@ -3,6 +3,7 @@
 #include "platform/service/catalogue/Catalogue.h"
 #include "platform/service/record/FieldReader.h"
 #include "platform/service/record/JsonText.h"
+#include "platform/service/rules/Rules.h"
 
 namespace zeqd {
 

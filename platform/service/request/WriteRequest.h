@@ -1,8 +1,8 @@
 // Sets, creates and deletes.
 #pragma once
 
+#include "platform/service/domain/Context.h"
 #include "platform/service/request/Request.h"
-#include "platform/service/rules/Context.h"
 
 #include <set>
 

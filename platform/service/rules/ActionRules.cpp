@@ -2,7 +2,7 @@
 #include "platform/service/catalogue/Catalogue.h"
 #include "platform/service/catalogue/SystemRows.h"
 #include "platform/service/demo/EdidBlock.h"
-#include "platform/service/rules/Devices.h"
+#include "platform/service/domain/Devices.h"
 #include "platform/service/rules/Rules.h"
 #include "platform/service/rules/SettingsFiles.h"
 #include "platform/service/sim/Cascade.h"

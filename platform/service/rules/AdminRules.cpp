@@ -1,8 +1,8 @@
 // Logins of administrators at the web interface.
-#include "platform/service/rules/Alerts.h"
-#include "platform/service/rules/Devices.h"
+#include "platform/service/domain/Alerts.h"
+#include "platform/service/domain/Devices.h"
+#include "platform/service/domain/Sessions.h"
 #include "platform/service/rules/Rules.h"
-#include "platform/service/rules/Sessions.h"
 
 namespace zeqd {
 

@@ -1,12 +1,12 @@
 // Changes and removal of Switches, Receivers and Transmitters.
-#include "platform/service/rules/Devices.h"
+#include "platform/service/domain/Devices.h"
+#include "platform/service/domain/Sessions.h"
+#include "platform/service/domain/Video.h"
 #include "platform/service/rules/Rules.h"
-#include "platform/service/rules/Sessions.h"
 #include "platform/service/sim/Cascade.h"
 #include "platform/service/sim/Life.h"
 #include "platform/service/sim/SwitchLife.h"
 #include "platform/service/sim/Upgrade.h"
-#include "platform/service/sim/Video.h"
 
 namespace zeqd {
 

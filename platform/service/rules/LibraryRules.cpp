@@ -1,6 +1,6 @@
 // The libraries of monitors and of firmware sources, and the system's settings.
 #include "platform/service/demo/EdidBlock.h"
-#include "platform/service/rules/Devices.h"
+#include "platform/service/domain/Devices.h"
 #include "platform/service/rules/Rules.h"
 #include "platform/service/sim/Attach.h"
 #include "platform/service/sim/Cascade.h"

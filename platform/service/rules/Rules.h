@@ -1,9 +1,15 @@
 // The rules, one per resource and method that needs more than its limits.
 #pragma once
 
-#include "platform/service/rules/Context.h"
+#include "platform/service/domain/Context.h"
 
 namespace zeqd {
+
+/// Judges a request and does what follows from it. An error that it adds refuses the whole request.
+using Rule = void (*)(Context&);
+
+/// The rule of a resource for a method, or null.
+Rule findRule(Res id, Method method);
 
 void userCreated(Context& context);
 void userChanged(Context& context);

@@ -1,7 +1,7 @@
 // The settings actions of "swxControl".
 #pragma once
 
-#include "platform/service/rules/Context.h"
+#include "platform/service/domain/Context.h"
 
 namespace zeqd {
 

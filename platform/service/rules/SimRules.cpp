@@ -1,14 +1,14 @@
 // Steering of the simulation.
 #include "platform/service/catalogue/Catalogue.h"
+#include "platform/service/core/JsonPtr.h"
+#include "platform/service/domain/Devices.h"
+#include "platform/service/domain/Sessions.h"
+#include "platform/service/domain/Video.h"
 #include "platform/service/record/FieldReader.h"
-#include "platform/service/request/Json.h"
-#include "platform/service/rules/Devices.h"
 #include "platform/service/rules/Rules.h"
-#include "platform/service/rules/Sessions.h"
 #include "platform/service/sim/Attach.h"
 #include "platform/service/sim/Life.h"
 #include "platform/service/sim/SwitchLife.h"
-#include "platform/service/sim/Video.h"
 
 #include <charconv>
 

@@ -1,6 +1,6 @@
 // Accounts: passwords by their limits, and never a system without an administrator who can log in.
+#include "platform/service/domain/Sessions.h"
 #include "platform/service/rules/Rules.h"
-#include "platform/service/rules/Sessions.h"
 
 namespace zeqd {
 

@@ -1,9 +1,9 @@
 // Logins of users at Receivers.
-#include "platform/service/rules/Alerts.h"
-#include "platform/service/rules/AutoSession.h"
-#include "platform/service/rules/Devices.h"
+#include "platform/service/domain/Alerts.h"
+#include "platform/service/domain/AutoSession.h"
+#include "platform/service/domain/Devices.h"
+#include "platform/service/domain/Sessions.h"
 #include "platform/service/rules/Rules.h"
-#include "platform/service/rules/Sessions.h"
 
 namespace zeqd {
 

@@ -1,7 +1,7 @@
 #include "platform/service/sim/Attach.h"
 
-#include "platform/service/rules/Alerts.h"
-#include "platform/service/rules/Devices.h"
+#include "platform/service/domain/Alerts.h"
+#include "platform/service/domain/Devices.h"
 #include "platform/service/sim/Life.h"
 #include "platform/service/sim/SwitchLife.h"
 

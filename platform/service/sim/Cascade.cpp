@@ -1,6 +1,6 @@
 #include "platform/service/sim/Cascade.h"
 
-#include "platform/service/rules/Devices.h"
+#include "platform/service/domain/Devices.h"
 #include "platform/service/sim/Attach.h"
 
 namespace zeqd {

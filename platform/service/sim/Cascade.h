@@ -1,7 +1,7 @@
 // The cascade of this Switch with its peer, and the enrolment with a manager.
 #pragma once
 
-#include "platform/service/rules/Context.h"
+#include "platform/service/domain/Context.h"
 #include "platform/service/sim/Steps.h"
 
 namespace zeqd {

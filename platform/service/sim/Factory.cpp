@@ -1,8 +1,8 @@
 // Factory defaults of this Switch: the whole system begins anew.
 #include "platform/service/catalogue/Catalogue.h"
 #include "platform/service/demo/Installation.h"
-#include "platform/service/rules/Devices.h"
-#include "platform/service/rules/Sessions.h"
+#include "platform/service/domain/Devices.h"
+#include "platform/service/domain/Sessions.h"
 #include "platform/service/sim/Steps.h"
 #include "platform/service/sim/SwitchLife.h"
 

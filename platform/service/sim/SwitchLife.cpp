@@ -1,6 +1,6 @@
 #include "platform/service/sim/SwitchLife.h"
 
-#include "platform/service/rules/Devices.h"
+#include "platform/service/domain/Devices.h"
 #include "platform/service/sim/Life.h"
 
 namespace zeqd {

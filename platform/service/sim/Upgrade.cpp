@@ -1,8 +1,8 @@
 #include "platform/service/sim/Upgrade.h"
 
 #include "platform/service/catalogue/Catalogue.h"
-#include "platform/service/rules/Alerts.h"
-#include "platform/service/rules/Devices.h"
+#include "platform/service/domain/Alerts.h"
+#include "platform/service/domain/Devices.h"
 #include "platform/service/sim/Firmware.h"
 #include "platform/service/sim/Life.h"
 

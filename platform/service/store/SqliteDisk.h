@@ -1,7 +1,7 @@
 // The database file: one table of records as JSON text, written ahead and synced before a write is answered.
 #pragma once
 
-#include "platform/service/engine/Seams.h"
+#include "platform/service/store/Disk.h"
 
 #include <stdexcept>
 

@@ -1,10 +1,10 @@
 // The catalogue against itself, its page, the demo's data and the interface that uses it.
 #include "platform/service/catalogue/Catalogue.h"
-#include "platform/service/catalogue/Describe.h"
 #include "platform/service/demo/EdidBlock.h"
 #include "platform/service/demo/Installation.h"
 #include "platform/service/record/Forms.h"
 #include "platform/service/record/JsonText.h"
+#include "platform/service/request/Describe.h"
 
 #include <filesystem>
 #include <fstream>

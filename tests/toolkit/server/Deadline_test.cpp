@@ -1,6 +1,6 @@
 // Those who are too slow, with deadlines twenty times shorter than a server's.
+#include "core/Limits.h"
 #include "server/Deadline.h"
-#include "server/Limits.h"
 #include "tests/toolkit/support/TestClient.h"
 #include "tests/toolkit/support/TestServer.h"
 

@@ -1,4 +1,4 @@
-#include "server/Limits.h"
+#include "core/Limits.h"
 #include "tests/toolkit/support/FakeHost.h"
 #include "tests/toolkit/support/TestClient.h"
 #include "tests/toolkit/support/TestServer.h"

@@ -1,6 +1,6 @@
 #include "session/SessionRegistry.h"
 
-#include "server/Limits.h"
+#include "core/Limits.h"
 #include "tests/toolkit/support/FakeHost.h"
 #include "tests/toolkit/support/TestServer.h"
 

@@ -1,7 +1,7 @@
 #include "server/HttpConnection.h"
 
-#include "server/Limits.h"
-#include "server/Log.h"
+#include "core/Limits.h"
+#include "core/Log.h"
 #include "server/Routes.h"
 #include "server/Site.h"
 

@@ -1,6 +1,6 @@
 #include "server/IoPool.h"
 
-#include "server/Log.h"
+#include "core/Log.h"
 
 #include <pthread.h>
 

@@ -1,8 +1,8 @@
 #include "server/Listener.h"
 
+#include "core/Limits.h"
+#include "core/Log.h"
 #include "server/IoPool.h"
-#include "server/Limits.h"
-#include "server/Log.h"
 #include "server/Site.h"
 
 #include <Wt/WServer.h>

@@ -1,6 +1,6 @@
 #include "server/Multipart.h"
 
-#include "server/Limits.h"
+#include "core/Limits.h"
 #include "server/Url.h"
 
 #include <algorithm>

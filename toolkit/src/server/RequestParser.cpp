@@ -1,6 +1,6 @@
 #include "server/RequestParser.h"
 
-#include "server/Limits.h"
+#include "core/Limits.h"
 
 #include <boost/asio/buffer.hpp>
 #include <boost/beast/http/basic_parser.hpp>

@@ -1,6 +1,6 @@
+#include "core/Limits.h"
 #include "server/HttpConnection.h"
 #include "server/HttpExchange.h"
-#include "server/Limits.h"
 #include "server/Routes.h"
 #include "server/Site.h"
 #include "server/UploadSpool.h"

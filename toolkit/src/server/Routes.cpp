@@ -1,9 +1,9 @@
 #include "server/Routes.h"
 
+#include "core/Secret.h"
 #include "server/ClientFiles.h"
 #include "server/Gzip.h"
 #include "server/HttpConnection.h"
-#include "server/Secret.h"
 #include "server/Site.h"
 #include "server/Url.h"
 

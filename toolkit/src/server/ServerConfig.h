@@ -1,6 +1,6 @@
 #pragma once
 
-#include "server/Limits.h"
+#include "core/Limits.h"
 
 #include <string>
 #include <vector>

@@ -1,9 +1,9 @@
 #include "server/ServerCore.h"
 
+#include "core/Limits.h"
+#include "core/Log.h"
 #include "server/IoPool.h"
-#include "server/Limits.h"
 #include "server/Listener.h"
-#include "server/Log.h"
 #include "server/Response.h"
 #include "server/Site.h"
 #include "server/TlsContext.h"

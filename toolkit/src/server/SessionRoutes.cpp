@@ -1,6 +1,6 @@
+#include "core/Limits.h"
+#include "core/Log.h"
 #include "server/HttpConnection.h"
-#include "server/Limits.h"
-#include "server/Log.h"
 #include "server/Routes.h"
 #include "server/Site.h"
 #include "server/Url.h"

@@ -1,7 +1,7 @@
 #include "server/StaticFiles.h"
 
+#include "core/Limits.h"
 #include "server/Gzip.h"
-#include "server/Limits.h"
 
 #include <Wt/WServer.h>
 

@@ -1,7 +1,7 @@
 #include "server/UploadSpool.h"
 
-#include "server/Limits.h"
-#include "server/Log.h"
+#include "core/Limits.h"
+#include "core/Log.h"
 
 #include <cerrno>
 #include <cstdlib>

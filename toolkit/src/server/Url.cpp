@@ -1,6 +1,6 @@
 #include "server/Url.h"
 
-#include "server/Limits.h"
+#include "core/Limits.h"
 
 #include <cstdint>
 

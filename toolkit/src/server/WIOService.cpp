@@ -1,6 +1,6 @@
 #include <Wt/WIOService.h>
 
-#include "server/Log.h"
+#include "core/Log.h"
 
 #include <boost/asio/io_context.hpp>
 #include <boost/asio/post.hpp>

@@ -1,6 +1,6 @@
 #include <Wt/WServer.h>
 
-#include "server/Limits.h"
+#include "core/Limits.h"
 #include "server/ServerCore.h"
 #include "session/SessionRegistry.h"
 

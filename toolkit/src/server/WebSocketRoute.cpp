@@ -1,5 +1,5 @@
+#include "core/Limits.h"
 #include "server/HttpConnection.h"
-#include "server/Limits.h"
 #include "server/Routes.h"
 #include "server/Site.h"
 #include "server/Wakeup.h"

@@ -1,6 +1,6 @@
 #include "session/Channel.h"
 
-#include "server/Limits.h"
+#include "core/Limits.h"
 
 #include <algorithm>
 

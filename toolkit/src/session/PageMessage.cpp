@@ -1,6 +1,6 @@
 #include "session/PageMessage.h"
 
-#include "server/Limits.h"
+#include "core/Limits.h"
 
 #include <boost/json/parse.hpp>
 

@@ -1,8 +1,8 @@
 #include "session/Session.h"
 
+#include "core/Limits.h"
+#include "core/Log.h"
 #include "core/OrderedRows.h"
-#include "server/Limits.h"
-#include "server/Log.h"
 
 #include <system_error>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "server/Secret.h"
+#include "core/Secret.h"
 #include "session/Channel.h"
 #include "session/Mailbox.h"
 #include "session/SessionHost.h"

@@ -1,7 +1,7 @@
 #include "session/SessionRegistry.h"
 
-#include "server/Limits.h"
-#include "server/Log.h"
+#include "core/Limits.h"
+#include "core/Log.h"
 
 #include <system_error>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "server/Secret.h"
+#include "core/Secret.h"
 #include "session/Session.h"
 
 #include <chrono>

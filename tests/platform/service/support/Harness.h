@@ -1,8 +1,8 @@
 // The engine with time, disk and threads in the test's hands.
 #pragma once
 
+#include "platform/service/core/JsonPtr.h"
 #include "platform/service/engine/Engine.h"
-#include "platform/service/request/Json.h"
 
 #include <array>
 #include <deque>

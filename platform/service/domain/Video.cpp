@@ -1,4 +1,4 @@
-#include "platform/service/sim/Video.h"
+#include "platform/service/domain/Video.h"
 
 #include "platform/service/catalogue/Catalogue.h"
 #include "platform/service/catalogue/DeviceRows.h"

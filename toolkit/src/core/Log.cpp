@@ -1,4 +1,4 @@
-#include "server/Log.h"
+#include "core/Log.h"
 
 #include "core/OrderedRows.h"
 

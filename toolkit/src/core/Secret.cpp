@@ -1,4 +1,4 @@
-#include "server/Secret.h"
+#include "core/Secret.h"
 
 #include <openssl/crypto.h>
 #include <openssl/rand.h>

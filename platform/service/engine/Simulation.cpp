@@ -1,4 +1,4 @@
-#include "platform/service/sim/Simulation.h"
+#include "platform/service/engine/Simulation.h"
 
 #include "platform/service/engine/Engine.h"
 #include "platform/service/sim/Cascade.h"

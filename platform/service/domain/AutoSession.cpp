@@ -1,8 +1,8 @@
-#include "platform/service/rules/AutoSession.h"
+#include "platform/service/domain/AutoSession.h"
 
-#include "platform/service/rules/Alerts.h"
-#include "platform/service/rules/Devices.h"
-#include "platform/service/rules/Sessions.h"
+#include "platform/service/domain/Alerts.h"
+#include "platform/service/domain/Devices.h"
+#include "platform/service/domain/Sessions.h"
 
 namespace zeqd {
 

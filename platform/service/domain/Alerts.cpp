@@ -1,4 +1,4 @@
-#include "platform/service/rules/Alerts.h"
+#include "platform/service/domain/Alerts.h"
 
 #include "platform/service/catalogue/Catalogue.h"
 

@@ -1,4 +1,4 @@
-#include "platform/service/catalogue/Describe.h"
+#include "platform/service/request/Describe.h"
 
 #include "platform/service/catalogue/Catalogue.h"
 #include "platform/service/record/Forms.h"

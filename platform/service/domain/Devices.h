@@ -1,7 +1,7 @@
 // What the rules ask about devices.
 #pragma once
 
-#include "platform/service/request/Errors.h"
+#include "platform/service/core/Errors.h"
 #include "platform/service/store/View.h"
 
 namespace zeqd {

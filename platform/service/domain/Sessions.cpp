@@ -1,7 +1,7 @@
-#include "platform/service/rules/Sessions.h"
+#include "platform/service/domain/Sessions.h"
 
-#include "platform/service/rules/Devices.h"
-#include "platform/service/sim/Video.h"
+#include "platform/service/domain/Devices.h"
+#include "platform/service/domain/Video.h"
 
 namespace zeqd {
 

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "platform/service/catalogue/ResourceRow.h"
-#include "platform/service/request/Errors.h"
-#include "platform/service/rules/Alerts.h"
+#include "platform/service/core/Errors.h"
+#include "platform/service/domain/Alerts.h"
 
 #include <jansson.h>
 #include <map>
@@ -60,11 +60,5 @@ struct Context {
         return !sameValue(old, after->at(key));
     }
 };
-
-/// Judges a request and does what follows from it. An error that it adds refuses the whole request.
-using Rule = void (*)(Context&);
-
-/// The rule of a resource for a method, or null.
-Rule findRule(Res id, Method method);
 
 } // namespace zeqd

@@ -1,8 +1,8 @@
 // What sessions bring with them when they begin and when they end.
 #pragma once
 
-#include "platform/service/rules/Alerts.h"
-#include "platform/service/rules/Context.h"
+#include "platform/service/domain/Alerts.h"
+#include "platform/service/domain/Context.h"
 
 namespace zeqd {
 

@@ -1,7 +1,7 @@
 // Sessions that a Receiver starts by itself.
 #pragma once
 
-#include "platform/service/request/Errors.h"
+#include "platform/service/core/Errors.h"
 #include "platform/service/store/Transaction.h"
 
 namespace zeqd {

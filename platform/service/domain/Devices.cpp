@@ -1,4 +1,4 @@
-#include "platform/service/rules/Devices.h"
+#include "platform/service/domain/Devices.h"
 
 namespace zeqd {
 
