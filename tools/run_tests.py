@@ -1,74 +1,66 @@
-"""Builds and runs the groups of tests and adds up what they say. Run by ./test, which installs what this needs."""
-import json
+"""Builds and runs the groups of tests and adds up what they say. Run by ./test, which installs what this needs.
+
+The browser group mostly waits: where two cores allow it, it runs beside the others and their builds, which give way to it,
+and its lines follow at the end. Its build, which is the quick one, comes first.
+"""
 import os
 import re
 import subprocess
 import sys
+import threading
 import time
+
+from gtest_program import run_program
 
 TOP = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 OUT = os.path.join(TOP, 'build-results')
-# A group that hangs is a failure, not a reason to wait for ever (seconds).
-GROUP_LIMIT = 1500
+# What hangs is a failure, not a reason to wait for ever (seconds). Tests have limits of their own, and name themselves.
+BUILD_LIMIT = 3600
+CHECK_LIMIT = 300
+BROWSER_LIMIT = 2700
 
-ASAN_ENV = {
+TEST_ENV = {
     'ASAN_OPTIONS': 'detect_stack_use_after_return=0:abort_on_error=0',
     'UBSAN_OPTIONS': 'print_stacktrace=1',
     'TSAN_OPTIONS': 'halt_on_error=0',
 }
 
+browser_runs = threading.Event()
 
-def run(argv, env=None, cwd=TOP):
-    full = dict(os.environ, **(env or {}))
+
+def environment(**more):
+    full = dict(os.environ, MIRL_QUIET='1', **more)
     full.pop('EVENTLOG_LEVEL', None)  # tests look at the log
+    return full
+
+
+def run(argv, limit, cwd=TOP):
+    """Its exit code; 124 when it took too long."""
     try:
-        return subprocess.run(argv, cwd=cwd, env=full, stdin=subprocess.DEVNULL, timeout=GROUP_LIMIT).returncode
+        return subprocess.run(argv, cwd=cwd, env=environment(), stdin=subprocess.DEVNULL, timeout=limit).returncode
     except subprocess.TimeoutExpired:
-        print(f'error: {argv[0]} did not end within {GROUP_LIMIT} s')
+        print(f'error: {" ".join(argv)} did not end within {limit} s')
         return 124
 
 
 def build(kind, targets):
-    return run([os.path.join(TOP, 'tools', 'build'), kind] + targets) == 0
+    polite = ['nice', '-n', '15'] if browser_runs.is_set() else []
+    begin = time.monotonic()
+    good = run([*polite, os.path.join(TOP, 'tools', 'build'), kind, *targets], BUILD_LIMIT) == 0
+    if good:
+        print(f'built: {kind}, {time.monotonic() - begin:.0f} s', flush=True)
+    else:
+        print(f'FAILED: build {kind}', flush=True)
+    return good
 
 
-def targets_of(kind, names):
-    """Those of the test programs that this tree has sources for."""
-    probe = subprocess.run(['ninja', '-C', os.path.join(TOP, f'build-{kind}'), '-t', 'targets', 'all'],
-                           capture_output=True, text=True)
-    have = set(re.findall(r'^([\w-]+): phony', probe.stdout, re.M))
-    return [n for n in names if n in have]
-
-
-def gtest(kind, program, extra=()):
-    """Runs one GoogleTest program; (passed, failed). A crash counts as one failure more."""
-    report = os.path.join(OUT, f'{kind}-{program}.json')
-    if os.path.exists(report):
-        os.remove(report)
-    code = run([os.path.join(TOP, f'build-{kind}', 'tests', program), '--gtest_brief=1', f'--gtest_output=json:{report}',
-                *extra], ASAN_ENV)
-    if not os.path.exists(report):
-        print(f'FAILED: {program} ({kind}) ended with {code} and left no report')
-        return 0, 1
-    result = json.load(open(report, encoding='utf-8'))
-    passed = result['tests'] - result['failures'] - result['disabled'] - result['errors']
-    failed = result['failures'] + result['errors']
-    if code != 0 and failed == 0:
-        print(f'FAILED: {program} ({kind}) ended with {code}: a sanitizer or a crash')
-        failed = 1
-    return passed, failed
-
-
-def group_gtest(kind, programs, extra=(), targets=()):
-    """`targets`: what to build for it; none: everything."""
+def group_gtest(kind, programs, extra=()):
     def job():
-        if not build(kind, list(targets)):
+        if not build(kind, programs):
             return 0, 1
-        passed = failed = 0
-        for program in targets_of(kind, programs):
-            p, f = gtest(kind, program, extra)
-            passed, failed = passed + p, failed + f
-        return passed, failed
+        counts = [run_program([os.path.join(TOP, f'build-{kind}', 'tests', program), *extra], environment(**TEST_ENV),
+                              f'{program}, {kind}') for program in programs]
+        return sum(p for p, _ in counts), sum(f for _, f in counts)
     return job
 
 
@@ -80,7 +72,7 @@ def group_checks():
         path = os.path.join(folder, name)
         if not os.access(path, os.X_OK) or os.path.isdir(path):
             continue
-        if run([path]) == 0:
+        if run([path], CHECK_LIMIT) == 0:
             passed += 1
         else:
             print(f'FAILED: check {name}')
@@ -88,39 +80,92 @@ def group_checks():
     return passed, failed
 
 
-def group_browser():
+def prepare_browser():
     folder = os.path.join(TOP, 'tests', 'browser')
     if not build('release', ['mirl', 'zeqd', 'zeqctl', 'docroot', 'gallery', 'bound_gallery']):
-        return 0, 1
+        return False
     installed = os.path.join(folder, 'node_modules', '.package-lock.json')
     if not os.path.isfile(installed) or os.path.getmtime(installed) < os.path.getmtime(os.path.join(folder, 'package-lock.json')):
-        if run(['npm', 'ci', '--silent', '--no-audit', '--no-fund'], cwd=folder) != 0:
+        if run(['npm', 'ci', '--silent', '--no-audit', '--no-fund'], CHECK_LIMIT, cwd=folder) != 0:
             print('FAILED: npm ci in tests/browser')
-            return 0, 1
-    done = subprocess.run(['node', 'run.mjs'], cwd=folder, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, text=True,
-                          timeout=GROUP_LIMIT)
-    sys.stdout.write(done.stdout)
-    found = re.search(r'^browser: (\d+) passed, (\d+) failed$', done.stdout, re.M)
+            return False
+    return True
+
+
+def run_browser(write):
+    """Hands every line on as it comes; (passed, failed)."""
+    process = subprocess.Popen(['node', 'run.mjs'], cwd=os.path.join(TOP, 'tests', 'browser'), env=environment(), text=True,
+                               stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
+    late = threading.Timer(BROWSER_LIMIT, process.terminate)
+    late.start()
+    found = None
+    for line in process.stdout:
+        write(line)
+        found = re.match(r'browser: (\d+) passed, (\d+) failed$', line) or found
+    code = process.wait()
+    late.cancel()
     if not found:
-        print(f'FAILED: browser tests ended with {done.returncode} and no result')
+        write(f'FAILED: browser tests ended with {code} and no result\n')
         return 0, 1
     return int(found[1]), int(found[2])
+
+
+def write_now(line):
+    sys.stdout.write(line)
+    sys.stdout.flush()
+
+
+def group_browser():
+    return run_browser(write_now) if prepare_browser() else (0, 1)
 
 
 # Suites in which threads meet: connections, sessions, their mailboxes and channels.
 THREADED = ('AccessLog*:AddressCounter*:Channel*:DeadlineTest*:Http*:Mailbox*:Multipart*:Page.*:Request*:ResourceTest*:'
             'ServerConfig*:SessionRegistry*:StaticFiles*:TlsTest*:UpdateLock*')
 
-UNIT = ['toolkit_tests', 'platform_tests', 'app_tests', 'fuzz_tests']
-DB = ['platform_dbtests', 'app_dbtests']
 GROUPS = {
-    'checks': ('style, include directions, message keys, registration', group_checks),
-    'unit': ('unit tests under ASan and UBSan', group_gtest('asan', UNIT)),
-    'db': ('tests against a running database service under ASan and UBSan', group_gtest('asan', DB)),
-    'threads': ('server tests under TSan', group_gtest('tsan', ['toolkit_tests'], ['--gtest_filter=' + THREADED],
-                                                           ['toolkit_tests'])),
+    'checks': ('style, include directions, message keys, registration, this program', group_checks),
+    'unit': ('unit tests under ASan and UBSan', group_gtest('asan', ['toolkit_tests', 'platform_tests', 'app_tests', 'fuzz_tests'])),
+    'db': ('tests against a running database service under ASan and UBSan', group_gtest('asan', ['platform_dbtests', 'app_dbtests'])),
+    'threads': ('server tests under TSan', group_gtest('tsan', ['toolkit_tests'], ['--gtest_filter=' + THREADED])),
     'browser': ('a real browser against the release build', group_browser),
 }
+
+
+class BrowserBeside:
+    """The browser group while others run. Its lines are in build-results/browser.log meanwhile."""
+
+    def __init__(self):
+        self.path = os.path.join(OUT, 'browser.log')
+        self.begin, self.seconds, self.result = time.monotonic(), 0, (0, 1)
+        self.ready = prepare_browser()
+        self.thread = threading.Thread(target=self.work)
+        if self.ready:
+            print(f'browser tests begin; until the others are through their lines are in {self.path}', flush=True)
+            browser_runs.set()
+            self.thread.start()
+
+    def work(self):
+        with open(self.path, 'w', encoding='utf-8', buffering=1) as log:
+            self.result = run_browser(log.write)
+        browser_runs.clear()
+        self.seconds = time.monotonic() - self.begin
+
+    def finish(self):
+        if self.ready:
+            self.thread.join()
+            with open(self.path, encoding='utf-8') as log:
+                write_now(log.read())
+        return self.result
+
+
+def run_group(name, job):
+    """Prints the group's head and its counts."""
+    print(f'== {name}: {GROUPS[name][0]}', flush=True)
+    begin = time.monotonic()
+    passed, failed = job()
+    print(f'== {name}: {passed} passed, {failed} failed, {time.monotonic() - begin:.0f} s', flush=True)
+    return passed, failed
 
 
 def main():
@@ -134,18 +179,16 @@ def main():
         print(f"error: group {' '.join(unknown)} unknown; use {' '.join(GROUPS)}")
         return 2
     os.makedirs(OUT, exist_ok=True)
-    passed = failed = 0
-    for name in wanted or GROUPS:
-        what, job = GROUPS[name]
-        print(f'== {name}: {what}', flush=True)
-        begin = time.monotonic()
-        try:
-            p, f = job()
-        except subprocess.TimeoutExpired:
-            print(f'FAILED: group {name} did not end within {GROUP_LIMIT} s')
-            p, f = 0, 1
-        print(f'== {name}: {p} passed, {f} failed, {time.monotonic() - begin:.0f} s', flush=True)
-        passed, failed = passed + p, failed + f
+    begin = time.monotonic()
+    names = list(dict.fromkeys(wanted)) or list(GROUPS)
+    jobs = {name: GROUPS[name][1] for name in names}
+    if 'browser' in names and len(names) > 1 and len(os.sched_getaffinity(0)) > 1:
+        beside = BrowserBeside()
+        del jobs['browser']
+        jobs['browser'] = beside.finish
+    counts = [run_group(name, job) for name, job in jobs.items()]
+    passed, failed = sum(p for p, _ in counts), sum(f for _, f in counts)
+    print(f'all of it took {time.monotonic() - begin:.0f} s')
     print(f'{passed} passed, {failed} failed')
     return 1 if failed or not passed else 0
 

@@ -3,6 +3,7 @@ import { spawn } from 'node:child_process';
 import { mkdirSync, readdirSync } from 'node:fs';
 import { get } from 'node:https';
 import { join } from 'node:path';
+import { endsWithUs } from './harness.mjs';
 import { freePort, System, top, until } from './system.mjs';
 
 /** Columns of the gallery, in their order. */
@@ -24,6 +25,7 @@ export class Gallery {
       ['--docroot=docroot', '--https-address=127.0.0.1', `--https-port=${this.port}`, `--ssl-certificate=${data}/tls/cert.pem`,
         `--ssl-private-key=${data}/tls/key.pem`, `--max-request-size=${MAX_UPLOAD}`, `--spool-folder=${this.spool}`],
       { cwd: build, stdio: 'ignore', env: { ...process.env, ZEQ_SOCKET: this.system.said.socket, MIRL_ATTRIBUTES: `${data}/attributes` } });
+    endsWithUs(this.process);
     this.ended = new Promise((resolve) => { this.process.once('exit', resolve); this.process.once('error', resolve); });
     await until('the gallery answers', () => new Promise((resolve) => {
       get(this.address, { rejectUnauthorized: false }, (answer) => { answer.resume(); resolve(true); }).on('error', () => resolve(false));

@@ -5,6 +5,7 @@ import { mkdirSync, mkdtempSync, readdirSync, rmSync, writeFileSync } from 'node
 import { connect, createServer } from 'node:net';
 import { tmpdir } from 'node:os';
 import { join } from 'node:path';
+import { endsWithUs } from './harness.mjs';
 import { freePort, top, until } from './system.mjs';
 
 /** A TCP relay between browsers and the server. */
@@ -100,6 +101,7 @@ export class Gallery {
     const program = join(top, `build-${process.env.MIRL_KIND ?? 'release'}/tests/gallery/gallery`);
     this.process = spawn(program, ['--http-address=127.0.0.1', `--http-port=${this.port}`, `--spool-folder=${this.spool}`,
       `--docroot=${this.folder};/favicon.ico`, '--accesslog=-', ...this.args], { stdio: ['ignore', 'ignore', 'pipe'] });
+    endsWithUs(this.process);
     this.process.stderr.on('data', (data) => { this.output += data; });
     this.ended = once(this.process, 'exit');
     await until('the gallery answers', () => new Promise((resolve) => {

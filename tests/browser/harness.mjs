@@ -1,9 +1,7 @@
-// Registers the tests of *.browser.mjs files and runs them one after the other. A test that fails leaves a picture of
-// every page that it had open in out/.
-import { mkdirSync, readdirSync } from 'node:fs';
+// What a test file has from its runner: test() registers a test, a Context gives it pages and cleans up behind it. A test
+// that fails leaves a picture of every page that it had open in out/.
 import { dirname, join } from 'node:path';
 import { fileURLToPath } from 'node:url';
-import { chromium } from 'playwright-core';
 
 export const here = dirname(fileURLToPath(import.meta.url));
 export const outDir = join(here, 'out');
@@ -11,8 +9,22 @@ export const outDir = join(here, 'out');
 /** A test that takes longer has hung (milliseconds). */
 const TEST_LIMIT = 180_000;
 
-/** @type {{name: string, body: (t: Context) => Promise<void>, limit: number}[]} */
-const tests = [];
+/** Those that the file has registered. @type {{name: string, body: (t: Context) => Promise<void>, limit: number}[]} */
+export const tests = [];
+
+/** To the process that runs this file, if there is one (runner.mjs). @param {Object<string, any>} words */
+export const tell = (words) => { process.send?.(words); };
+
+/** States that are being waited for just now: what a test that hangs is asked about. @type {Set<string>} */
+export const awaited = new Set();
+
+/** A program that has to end with this process, however that ends.
+ * @param {import('node:child_process').ChildProcess} child @param {boolean} [group] whether it leads a group of its own */
+export function endsWithUs(child, group = false) {
+  const id = group ? -(child.pid ?? 0) : child.pid;
+  tell({ started: id });
+  child.once('exit', () => tell({ ended: id }));
+}
 
 /** @param {string} name @param {(t: Context) => Promise<void>} body @param {number} [limit] milliseconds */
 export function test(name, body, limit = TEST_LIMIT) {
@@ -70,52 +82,4 @@ export class Context {
     }
     for (const job of this.last) await job();
   }
-}
-
-function limit(promise, ms) {
-  let timer;
-  const late = new Promise((_, reject) => { timer = setTimeout(() => reject(new Error(`did not end within ${ms / 1000} s`)), ms); });
-  return Promise.race([promise, late]).finally(() => clearTimeout(timer));
-}
-
-/** @param {string[]} only parts of file names; none: all files @param {string} words that a test's name has */
-export async function runAll(only, words = '') {
-  mkdirSync(outDir, { recursive: true });
-  const files = readdirSync(here).filter((f) => f.endsWith('.browser.mjs')).sort()
-    .filter((f) => only.length === 0 || only.some((o) => f.includes(o)));
-  const browser = await chromium.launch({
-    executablePath: '/usr/bin/chromium',
-    args: ['--no-sandbox', '--disable-gpu', '--disable-quic', '--no-first-run', '--disable-background-networking',
-      '--disable-component-update', '--disable-sync'],
-  });
-  let passed = 0, failed = 0;
-  for (const file of files) {
-    tests.length = 0;
-    const module = await import(join(here, file));
-    for (const { name, body, limit: ms } of tests) {
-      if (!name.includes(words)) continue;
-      const context = new Context(browser, name);
-      const begin = Date.now();
-      let problem = null;
-      try {
-        await limit(body(context), ms);
-        if (context.complaints.length) problem = new Error(context.complaints.slice(0, 5).join('\n'));
-      } catch (error) {
-        problem = error;
-      }
-      await context.close(problem !== null);
-      const seconds = ((Date.now() - begin) / 1000).toFixed(1);
-      if (problem) {
-        failed++;
-        console.log(`FAILED: ${file}: ${name} (${seconds} s)\n  ${String(problem.stack || problem).split('\n').slice(0, 12).join('\n  ')}`);
-      } else {
-        passed++;
-        console.log(`passed: ${file}: ${name} (${seconds} s)`);
-      }
-    }
-    if (module.done) await module.done();
-  }
-  await browser.close();
-  console.log(`browser: ${passed} passed, ${failed} failed`);
-  return failed === 0 && passed > 0;
 }

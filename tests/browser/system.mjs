@@ -4,7 +4,7 @@ import { mkdtempSync, rmSync } from 'node:fs';
 import { createServer } from 'node:net';
 import { tmpdir } from 'node:os';
 import { join } from 'node:path';
-import { here } from './harness.mjs';
+import { awaited, endsWithUs, here } from './harness.mjs';
 
 export const top = join(here, '..', '..');
 
@@ -37,6 +37,7 @@ export class System {
     if (!this.port) this.port = await freePort();
     this.process = spawn(join(top, 'run'), ['--port', String(this.port), '--data', this.data, ...this.args],
       { stdio: ['ignore', 'pipe', 'pipe'], detached: true });
+    endsWithUs(this.process, true);
     this.ended = new Promise((resolve) => this.process.once('exit', (code, signal) => resolve(code ?? signal)));
     this.process.stderr.on('data', (data) => { this.output += data; });
     await new Promise((resolve, reject) => {
@@ -90,18 +91,27 @@ export class System {
   }
 }
 
-/** Tries until `probe` gives something true. @template T @param {() => Promise<T> | T} probe @returns {Promise<T>} */
+/** How often a state is looked at (milliseconds). */
+const LOOK_EVERY = 100;
+
+/** Tries until `probe` gives something true. @template T @param {string} what the state, as a failure names it
+ * @param {() => Promise<T> | T} probe @returns {Promise<T>} */
 export async function until(what, probe, ms = 20_000) {
   const end = Date.now() + ms;
   let last = null;
-  for (;;) {
-    try {
-      const value = await probe();
-      if (value) return value;
-    } catch (error) {
-      last = error;
+  awaited.add(what);
+  try {
+    for (;;) {
+      try {
+        const value = await probe();
+        if (value) return value;
+      } catch (error) {
+        last = error;
+      }
+      if (Date.now() > end) throw new Error(`waited ${ms / 1000} s for: ${what}${last ? ` (${last})` : ''}`);
+      await new Promise((resolve) => setTimeout(resolve, LOOK_EVERY));
     }
-    if (Date.now() > end) throw new Error(`waited ${ms / 1000} s for: ${what}${last ? ` (${last})` : ''}`);
-    await new Promise((resolve) => setTimeout(resolve, 100));
+  } finally {
+    awaited.delete(what);
   }
 }

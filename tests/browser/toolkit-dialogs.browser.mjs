@@ -87,8 +87,7 @@ test('a session that ends inside of two dialogs unwinds, and the page says so', 
   await page.locator('#more').click({ timeout: 5000 }).catch(() => {}); // it may have ended before
   await page.getByRole('button', { name: 'Start again' }).waitFor();
   await until('its application is gone', async () => {
-    await observer.locator('#count').click();
-    await observer.waitForTimeout(100);
+    await observer.locator('#count').click(); // its answer is seen by the next look
     return (await said(observer, 'log')) === 'living 1';
   });
   await page.getByRole('button', { name: 'Start again' }).click();
