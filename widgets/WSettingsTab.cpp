@@ -1,6 +1,7 @@
 #include "widgets/WSettingsTab.h"
 
 #include "db/Db.h"
+#include "db/HeldRecords.h"
 #include "widgets/WSettingsTable.h"
 
 #include <Wt/WHBoxLayout>
@@ -45,18 +46,32 @@ void WSettingsTab::setTables(std::initializer_list<WSettingsTable*> tables) {
 
 void WSettingsTab::readFromDatabase(bool ignoreChangeStatus, const std::vector<unsigned>& indexes,
                                     bool force) {
-    if (anyWidgetHasFocus()) return;
-    if (!ignoreChangeStatus && !watchedDataIsNew() && !force) return;
+    if (anyWidgetHasFocus()) {
+        for (WSettingsTable* table : mTables) table->keepMarksOf(indexes);
+        return;
+    }
+    HeldRecords held;
+    const HeldRecords::Use use(held);
+    const bool wanted = ignoreChangeStatus || force || indexes != mShown || mReadFailed || mWatched.empty();
+    if (!wanted && !watchedDataIsNew()) return;
+    mShown = indexes;
     readTables(indexes, force);
+    mReadFailed = held.failed();
 }
 
 void WSettingsTab::readTables(const std::vector<unsigned>& indexes, bool force) {
     for (WSettingsTable* table : mTables) table->readFromDatabase(indexes, force);
 }
 
+// All are asked every time, with one request, so that each stamp stays current.
 bool WSettingsTab::watchedDataIsNew() {
-    return std::any_of(mWatched.begin(), mWatched.end(),
-                       [](Watch& watch) { return Db::db.newDataIsAvailable(watch.id, watch.lastChange); });
+    std::vector<unsigned> kinds;
+    for (const Watch& watch : mWatched) kinds.push_back(static_cast<unsigned>(watch.id));
+    HeldRecords::inUse()->fetch("changeStatus", kinds, {"lastChange"});
+    bool news = false;
+    for (Watch& watch : mWatched)
+        if (Db::db.newDataIsAvailable(watch.id, watch.lastChange)) news = true;
+    return news;
 }
 
 unsigned WSettingsTab::writeToDatabase(const std::vector<unsigned>& indexes,
