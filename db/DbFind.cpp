@@ -1,6 +1,7 @@
 // Search for the record that holds a value. The service has no index: all rows are walked in order.
 
 #include "db/Db.h"
+#include "db/HeldRecords.h"
 #include "db/ZeqExchange.h"
 #include "platform/client/ZeqReq.h"
 #include "platform/client/ZeqRsp.h"
@@ -24,6 +25,8 @@ unsigned Db::findIndexOfStringKey(const char* resource, const char* resultKey, c
 
 unsigned Db::findIndexOfUInt32Key(const char* resource, const char* key, unsigned value, unsigned& index,
                                   Errors& errors) {
+    if (HeldRecords* held = HeldRecords::inUse(); held && HeldRecords::holdsWhole(resource))
+        return held->find(resource, key, value, index);
     ZeqExchange exchange(ZeqReqUtil_newGetResource, resource, __func__);
     // A table without entries is refused; here that is just "not found".
     if (exchange.sendQuietly() != 0) return 1;

@@ -1,6 +1,7 @@
 // Where a device is plugged in. The database has no index from device to port, so the port tables are walked.
 
 #include "db/Db.h"
+#include "db/HeldRecords.h"
 #include "db/OfRecord.h"
 #include "db/PortTables.h"
 #include "db/ZeqExchange.h"
@@ -38,6 +39,11 @@ unsigned findPort(const char* resource, unsigned device, unsigned& swxIndex, uns
                   Db::Errors& errors) {
     std::string eid;
     if (readTextOf(resource, device, "eid", eid, errors) != 0) return 1;
+    HeldRecords* held = HeldRecords::inUse();
+    if (held && held->places.contains(eid)) {
+        std::tie(swxIndex, portIndex) = held->places[eid];
+        return 0;
+    }
     PortTables own; // of the ones held, if there are any
     PortTables& known = *PortTables::held();
     auto place = known.places.find(eid);
@@ -46,7 +52,9 @@ unsigned findPort(const char* resource, unsigned device, unsigned& swxIndex, uns
         ++known.tables;
         place = known.places.find(eid);
     }
-    if (place != known.places.end()) std::tie(swxIndex, portIndex) = place->second;
+    if (place == known.places.end()) return 0;
+    std::tie(swxIndex, portIndex) = place->second;
+    if (held) held->places[eid] = place->second;
     return 0;
 }
 

@@ -1,6 +1,7 @@
 // One value of one record: the standard read and the standard write.
 
 #include "db/Db.h"
+#include "db/HeldRecords.h"
 #include "db/ZeqExchange.h"
 #include "platform/client/ZeqReq.h"
 #include "platform/client/ZeqRsp.h"
@@ -17,6 +18,21 @@ ZeqExchange readOf(const char* resource, unsigned index, const char* key, const 
     return exchange;
 }
 
+// Takes the value from the records that are held, if it is covered, else from an answer of its own.
+template <class Take>
+unsigned readValue(const char* resource, unsigned index, const char* key, Db::Errors& errors,
+                   const char* caller, Take take) {
+    if (HeldRecords* held = HeldRecords::covering(resource, index, key)) {
+        const json_t* row = held->row(resource, index, key, errors);
+        if (row) take(row);
+        return row ? 0 : 1;
+    }
+    ZeqExchange exchange = readOf(resource, index, key, caller);
+    if (exchange.send(errors) != 0) return 1;
+    take(exchange.response());
+    return 0;
+}
+
 ZeqExchange writeOf(const char* resource, unsigned index, const char* caller) {
     ZeqExchange exchange(ZeqReqUtil_newSetResource, resource, caller);
     if (exchange.ready() && index != 0) ZeqReqUtil_setIntegerParam(exchange.request(), "index", index);
@@ -27,18 +43,18 @@ ZeqExchange writeOf(const char* resource, unsigned index, const char* caller) {
 
 unsigned Db::readUInt32(const char* resource, unsigned index, const char* key, unsigned& value,
                         Errors& errors) {
-    ZeqExchange exchange = readOf(resource, index, key, __func__);
-    if (exchange.send(errors) != 0) return 1;
-    value = static_cast<unsigned>(ZeqRspUtil_getIntegerParam(exchange.response(), key));
-    return 0;
+    const auto take = [&](const json_t* row) {
+        value = static_cast<unsigned>(ZeqRspUtil_getIntegerParam(row, key));
+    };
+    return readValue(resource, index, key, errors, __func__, take);
 }
 
 unsigned Db::readString(const char* resource, unsigned index, const char* key, std::string& value,
                         Errors& errors) {
-    ZeqExchange exchange = readOf(resource, index, key, __func__);
-    if (exchange.send(errors) != 0) return 1;
-    if (const char* text = ZeqRspUtil_getStringParam(exchange.response(), key)) value = text;
-    return 0;
+    const auto take = [&](const json_t* row) {
+        if (const char* text = ZeqRspUtil_getStringParam(row, key)) value = text;
+    };
+    return readValue(resource, index, key, errors, __func__, take);
 }
 
 unsigned Db::readEnableDisable(const char* resource, unsigned index, const char* key, bool& value,

@@ -1,8 +1,7 @@
 #include "db/WatchedKinds.h"
 
 #include "db/Db.h"
-
-#include <algorithm>
+#include "db/HeldRecords.h"
 
 WatchedKinds::WatchedKinds(std::initializer_list<InfoMgr_InfoID> kinds) {
     mKinds.reserve(kinds.size());
@@ -10,15 +9,15 @@ WatchedKinds::WatchedKinds(std::initializer_list<InfoMgr_InfoID> kinds) {
 }
 
 bool WatchedKinds::haveNews() {
-    bool news = mKinds.empty();
+    if (mKinds.empty()) return true;
+    HeldRecords held;
+    const HeldRecords::Use use(held);
+    std::vector<unsigned> records;
+    for (const Kind& kind : mKinds) records.push_back(static_cast<unsigned>(kind.id));
+    HeldRecords::inUse()->fetch("changeStatus", records, {"lastChange"});
+    bool news = false;
     for (Kind& kind : mKinds) {
         if (Db::db.newDataIsAvailable(kind.id, kind.lastChange)) news = true;
     }
     return news;
-}
-
-bool WatchedKinds::anyHasNews() {
-    return mKinds.empty() || std::any_of(mKinds.begin(), mKinds.end(), [](Kind& kind) {
-               return Db::db.newDataIsAvailable(kind.id, kind.lastChange);
-           });
 }

@@ -10,13 +10,9 @@ class WatchedKinds {
 public:
     WatchedKinds(std::initializer_list<InfoMgr_InfoID> kinds);
 
-    /// Whether any kind changed since it was last asked for. All are asked, in their order, so that each number
-    /// stays current. A failed read counts as a change. Without kinds there is always news: the reader does not
-    /// know better.
+    /// Whether any kind changed since the last time. All are asked for, with one request, so that each number stays
+    /// current. A failed read counts as a change. Without kinds there is always news: such a reader cannot know.
     bool haveNews();
-
-    /// The same, but asks no further behind the first that changed.
-    bool anyHasNews();
 
 private:
     struct Kind {

@@ -31,7 +31,7 @@ ZeqExchange ZeqExchange::setRecord(const char* resource, unsigned index, const c
     ZeqReqUtil_setMethod(exchange.request(), "SET");
     ZeqReqUtil_setResource(exchange.request(), resource);
     json_t* params = ZeqObj_new();
-    ZeqObj_setInt32(params, "index", static_cast<int32_t>(index));
+    if (index != 0) ZeqObj_setInt32(params, "index", static_cast<int32_t>(index));
     ZeqObj_setObject(exchange.request(), "params", params);
     return exchange;
 }

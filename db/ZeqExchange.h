@@ -25,8 +25,8 @@ public:
     /// The same for a request made by the caller; owns it. The client is taken all the same.
     ZeqExchange(ZeqPtr request, const char* caller);
 
-    /// For values of one record: "SET" on the resource, with "params" holding "index". params() is the place
-    /// to add to.
+    /// For values of one record: "SET" on the resource, with "params" holding "index" unless that is 0, a
+    /// singleton. params() is the place to add to.
     static ZeqExchange setRecord(const char* resource, unsigned index, const char* caller);
 
     /// Drops the previous answer, sends, and waits. 0 = answered without "errors". 1 = not ready, no answer
@@ -45,6 +45,8 @@ public:
 
     /// Owned by this; 0 before a send and when no answer came.
     json_t* response() const { return mResponse.get(); }
+    /// Hands the response over.
+    ZeqPtr takeResponse() { return std::move(mResponse); }
 
 private:
     explicit ZeqExchange(const char* caller);

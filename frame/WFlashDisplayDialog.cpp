@@ -6,7 +6,7 @@
 #include <Wt/WContainerWidget>
 #include <Wt/WIntValidator>
 
-#include <charconv>
+#include <cstdlib>
 
 namespace {
 
@@ -54,8 +54,9 @@ void WFlashDisplayDialog::cancelButtonClickedHandler() {
 }
 
 void WFlashDisplayDialog::finish(bool cancelled) {
+    // A sign in front is read too: a validator may have taken it for part of a number.
     const std::string text = mDurationField->text().toUTF8();
-    std::from_chars(text.data(), text.data() + text.size(), mDurationSec);
+    mDurationSec = static_cast<unsigned>(std::strtoul(text.c_str(), nullptr, 10));
     mCancelled = cancelled;
     accept();
 }

@@ -35,6 +35,8 @@ struct SettingsField {
     WWidgetZeq* bound = nullptr;     // 0 for a looked-up text
     WLookupText* lookup = nullptr;   // 0 for a bound widget
     Wt::WFormWidget* form = nullptr; // 0 when it cannot be validated
+    // Called at every read with the records on show, for what is bound to no field or has more to do; 0 = no.
+    void (*refresh)(Wt::WWidget& widget, const WWidgetZeq::Indexes& indexes) = nullptr;
     const char* cellStyle = kReadOnlyCell;
     const char* style = nullptr; // 0 = none
     NamedBy namedBy = NamedBy::ItsText;
@@ -60,13 +62,16 @@ constexpr NamedBy settingsNameOf() {
     return group ? NamedBy::Label : NamedBy::ItsText;
 }
 
-/// Widgets are made from (resource, key, indexed, cell), else from (indexed, cell), else from the cell alone.
-template <class Widget>
+/// Widgets are made from (resource, key, indexed, cell), else from (indexed, cell), else from the cell alone;
+/// with arguments of their own, from these and the cell.
+template <class Widget, auto... kArguments>
 SettingsField makeSettingsField(const char* resource, const char* key, bool indexed,
                                 Wt::WContainerWidget* cell) {
     SettingsField field;
     Widget* widget = nullptr;
-    if constexpr (std::constructible_from<Widget, const char*, const char*, bool, Wt::WContainerWidget*>)
+    if constexpr (sizeof...(kArguments) > 0)
+        widget = new Widget(kArguments..., cell);
+    else if constexpr (std::constructible_from<Widget, const char*, const char*, bool, Wt::WContainerWidget*>)
         widget = new Widget(resource, key, indexed, cell);
     else if constexpr (std::constructible_from<Widget, const char*, const char*, Wt::WContainerWidget*>)
         widget = new Widget(resource, key, cell);
@@ -78,6 +83,10 @@ SettingsField makeSettingsField(const char* resource, const char* key, bool inde
     if constexpr (std::derived_from<Widget, WWidgetZeq>) field.bound = widget;
     if constexpr (std::derived_from<Widget, WLookupText>) field.lookup = widget;
     if constexpr (std::derived_from<Widget, Wt::WFormWidget>) field.form = widget;
+    if constexpr (requires { widget->readFromDatabase(); })
+        field.refresh = [](Wt::WWidget& shown, const WWidgetZeq::Indexes&) {
+            dynamic_cast<Widget&>(shown).readFromDatabase();
+        };
     field.style = settingsStyleOf<Widget>();
     field.namedBy = settingsNameOf<Widget>();
     if (!std::derived_from<Widget, Wt::WText>) field.cellStyle = kReadWriteCell;

@@ -12,6 +12,9 @@ unsigned WLookupText::readFromDatabase(const Indexes& indexes, Errors& errors) {
     const unsigned result =
         mergeValues(firstOnly ? Indexes{indexes.front()} : indexes, text, same,
                     [&](unsigned index, std::string& next) { return mLookup(index, next, errors); });
-    setText(result == 0 ? Wt::WString::fromUTF8(text) : Wt::WString());
+    if (!same)
+        setText(mDiffers);
+    else
+        setText(result == 0 ? Wt::WString::fromUTF8(text) : Wt::WString());
     return result;
 }

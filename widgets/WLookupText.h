@@ -5,8 +5,7 @@
 #include <string>
 #include <vector>
 
-/// A text that is looked up from a record, read only. Several records show their common text, or none where
-/// they differ.
+/// A text that is looked up from a record, read only. Several records show their common text.
 class WLookupText : public Wt::WText {
 public:
     using Indexes = std::vector<unsigned>;
@@ -18,10 +17,13 @@ public:
 
     WLookupText(Lookup lookup, Wt::WContainerWidget* parent, Shows shows = Shows::CommonText);
 
-    /// Up to the first failure, whose result it gives, or the first difference. The text is empty then.
+    /// Up to the first failure, whose result it gives, or the first difference. The text is empty after a failure.
     virtual unsigned readFromDatabase(const Indexes& indexes, Errors& errors);
+    /// What stands there where the records differ; nothing at first.
+    void setDiffersText(const Wt::WString& text) { mDiffers = text; }
 
 private:
     Lookup mLookup;
     Shows mShows;
+    Wt::WString mDiffers;
 };

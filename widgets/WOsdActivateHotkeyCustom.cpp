@@ -88,9 +88,11 @@ void WOsdActivateHotkeyCustom::setEnabled(bool enabled) {
     mSecond->setEnabled(enabled);
 }
 
-void WOsdActivateHotkeyCustom::setWidth(const Wt::WLength& width) {
-    mFirst->setWidth(width);
-    mSecond->setWidth(width);
+void WOsdActivateHotkeyCustom::resize(const Wt::WLength& width, const Wt::WLength& height) {
+    for (WKeyCodeSelector* box : {mFirst, mSecond}) {
+        if (!width.isAuto()) box->setWidth(width);
+        if (!height.isAuto()) box->setHeight(height);
+    }
 }
 
 bool WOsdActivateHotkeyCustom::hasFocus() const {

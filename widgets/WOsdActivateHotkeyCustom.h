@@ -21,7 +21,7 @@ public:
     void setZeqParam(json_t* params) override;
     virtual void contentChangedHandler();
     void setEnabled(bool enabled);
-    void setWidth(const Wt::WLength& width); // of each box
+    void resize(const Wt::WLength& width, const Wt::WLength& height) override; // of each box
 
     bool isValid() const { return true; }
     bool hasFocus() const override;

@@ -1,6 +1,6 @@
 #include "widgets/WSettingsTab.h"
 
-#include "db/Db.h"
+#include "db/HeldRecords.h"
 #include "widgets/WSettingsTable.h"
 
 #include <Wt/WHBoxLayout>
@@ -17,10 +17,9 @@ constexpr int kSpacing = 10; // pixels
 
 WSettingsTab::WSettingsTab(Wt::WContainerWidget* parent, ChangeTracker::SubsectionId id,
                            std::initializer_list<InfoMgr_InfoID> watched)
-    : WSettingsTabBase(parent, id), mVBoxLayout(new Wt::WVBoxLayout), mHBoxLayout(new Wt::WHBoxLayout),
-      mCancelButton(new Wt::WPushButton(tr("[RSnnn]Cancel"))),
+    : WSettingsTabBase(parent, id), mWatched(watched), mVBoxLayout(new Wt::WVBoxLayout),
+      mHBoxLayout(new Wt::WHBoxLayout), mCancelButton(new Wt::WPushButton(tr("[RSnnn]Cancel"))),
       mSaveButton(new Wt::WPushButton(tr("[RSnnn]Save"))) {
-    for (const InfoMgr_InfoID watchedId : watched) mWatched.push_back({watchedId});
     enableButtons(false, false);
     mHBoxLayout->addWidget(mCancelButton);
     mHBoxLayout->addWidget(mSaveButton);
@@ -45,18 +44,21 @@ void WSettingsTab::setTables(std::initializer_list<WSettingsTable*> tables) {
 
 void WSettingsTab::readFromDatabase(bool ignoreChangeStatus, const std::vector<unsigned>& indexes,
                                     bool force) {
-    if (anyWidgetHasFocus()) return;
-    if (!ignoreChangeStatus && !watchedDataIsNew() && !force) return;
+    if (anyWidgetHasFocus()) {
+        for (WSettingsTable* table : mTables) table->keepMarksOf(indexes);
+        return;
+    }
+    HeldRecords held;
+    const HeldRecords::Use use(held);
+    const bool wanted = ignoreChangeStatus || force || indexes != mShown || mReadFailed;
+    if (!wanted && !mWatched.haveNews()) return;
+    mShown = indexes;
     readTables(indexes, force);
+    mReadFailed = held.failed();
 }
 
 void WSettingsTab::readTables(const std::vector<unsigned>& indexes, bool force) {
     for (WSettingsTable* table : mTables) table->readFromDatabase(indexes, force);
-}
-
-bool WSettingsTab::watchedDataIsNew() {
-    return std::any_of(mWatched.begin(), mWatched.end(),
-                       [](Watch& watch) { return Db::db.newDataIsAvailable(watch.id, watch.lastChange); });
 }
 
 unsigned WSettingsTab::writeToDatabase(const std::vector<unsigned>& indexes,

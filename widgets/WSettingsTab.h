@@ -1,6 +1,6 @@
 #pragma once
 
-#include "db/InfoMgr.h"
+#include "db/WatchedKinds.h"
 #include "widgets/WSettingsTabBase.h"
 
 #include <Wt/WSignal>
@@ -19,12 +19,13 @@ class WSettingsTable;
 /// at first; the view that owns the tab connects and enables them.
 class WSettingsTab : public WSettingsTabBase {
 public:
-    /// `watched`: kinds of data that the tab shows, in the order in which they are asked for news.
+    /// `watched`: kinds of data that the tab shows. Without any, every refresh reads.
     WSettingsTab(Wt::WContainerWidget* parent, ChangeTracker::SubsectionId id,
                  std::initializer_list<InfoMgr_InfoID> watched);
 
     /// Nothing while a field has the focus. Otherwise reads when the change status is to be ignored, when
-    /// watched data is new, or when forced.
+    /// forced, when these are other records than before, when the last read failed, or when watched data is
+    /// new. All tables together ask once for what they share.
     virtual void readFromDatabase(bool ignoreChangeStatus, const std::vector<unsigned>& indexes, bool force);
     /// Every table, also behind a failure; 1 if any failed.
     unsigned writeToDatabase(const std::vector<unsigned>& indexes, std::vector<std::string>& errors) override;
@@ -46,13 +47,9 @@ protected:
     virtual void readTables(const std::vector<unsigned>& indexes, bool force);
 
 private:
-    struct Watch {
-        InfoMgr_InfoID id;
-        unsigned lastChange = 0;
-    };
-    bool watchedDataIsNew();
-
-    std::vector<Watch> mWatched;
+    WatchedKinds mWatched;
+    std::vector<unsigned> mShown; // indexes read last
+    bool mReadFailed = false;
     std::vector<WSettingsTable*> mTables; // owned by the layout's container
     Wt::WVBoxLayout* mVBoxLayout;
     Wt::WHBoxLayout* mHBoxLayout;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "widgets/SettingsPlace.h"
 #include "widgets/SettingsRow.h"
 
 #include <Wt/WTable>
@@ -8,55 +9,115 @@
 
 /// A table of labelled widgets, made from rows: it reads, merges, judges and stores them and clears their
 /// marks. The named tables hold the rows and what truly differs.
+///
+/// A mark never outlives the record that it was made for: reading other records than last time, forced reads,
+/// and saving clear all marks, whatever becomes of them.
 class WSettingsTable : public Wt::WTable {
 public:
     using Indexes = std::vector<unsigned>;
     using Errors = std::vector<std::string>;
 
-    /// Spec and rows are constants, not owned.
+    /// Spec and rows are constants, not owned. Throws std::logic_error when a row follows a row that is not
+    /// there.
     WSettingsTable(const SettingsTableSpec& spec, std::span<const SettingsRow> rows,
                    Wt::WContainerWidget* parent = nullptr);
 
-    /// In row order, each with its own exchange; with one exchange for all when the table has a path, and for
-    /// several records where that shows the same (see ReadTogether.h). Failures are silent: a widget then
-    /// keeps what it shows.
+    /// With one request for each resource and group of records. Failures are silent: a widget then keeps what
+    /// it shows.
     virtual void readFromDatabase(const Indexes& indexes, bool force);
-    /// Stores what was changed and clears the marks. 0 at once when nothing was changed or no record is
-    /// chosen.
+    /// Stores what was changed, is enabled and valid, and clears the marks. An emptied number of several
+    /// records counts as not changed. 1 when something was refused or not answered.
     virtual unsigned writeToDatabase(const Indexes& indexes, Errors& errors);
-    /// Connected to every widget: notes the change and passes it on.
+    /// Connected to every field: notes the change, has the rows follow that depend on it, and passes it on.
     virtual void contentChangedHandler();
+    /// Drops the marks of unsaved edits if these are other records than those read last.
+    void keepMarksOf(const Indexes& indexes);
 
-    /// Every validated widget is valid; at least one is. A table without any is valid.
+    /// Every field that is asked is valid; at least one is. A table without any is valid. A disabled field,
+    /// or one whose choice is not made, is not asked.
     virtual bool isAllValid();
     virtual bool isAnyValid();
     bool anyWidgetHasFocus() const;
     bool tableChanged() const { return mTableChanged; }
-    /// A row's widget, whose class the caller knows (0 otherwise). Rows are counted from 0 below the heading.
+    /// The widget of the first row with that key, whose class the caller knows (0 otherwise). Columns are
+    /// counted from 0 behind the label.
     template <class Widget>
-    Widget* widget(std::size_t row) const {
-        return dynamic_cast<Widget*>(mFields[row].widget);
+    Widget* widget(const char* key, std::size_t column = 0) const {
+        return widgetAt<Widget>(rowOf(key), column);
     }
-    void setRowEnabled(std::size_t row, bool enabled);
+    /// The same by the number of the row, from 0 below the heading.
+    template <class Widget>
+    Widget* widgetAt(std::size_t row, std::size_t column = 0) const {
+        const std::size_t place = row * mColumns + column;
+        return place < mFields.size() ? dynamic_cast<Widget*>(mFields[place].made.widget) : nullptr;
+    }
+    /// For the table's class or its page, beyond what the rows say. A read does what the rows say again.
+    void setRowEnabled(const char* key, bool enabled);
+    /// Empties all texts that are only shown.
+    void clearValues();
+
+    /// Has all rows follow the choices that they depend on.
+    void followChoices() { followChoices(false); }
 
     Wt::Signal<>& contentChanged() { return mContentChangedSignal; }
 
 protected:
-    /// Fills all bound widgets from a response already held (see WWidgetZeq::getZeqParam).
-    void getZeqParams(const json_t* table, const Indexes& indexes, bool force);
-    const SettingsField& field(std::size_t row) const { return mFields[row]; }
+    /// The records that the rows of a group show, when these are chosen.
+    virtual Indexes recordsOf(unsigned group, const Indexes& chosen);
+    /// What nested objects hold could not be read. Leaves the fields alone.
+    virtual void nestedReadFailed() {}
 
 private:
+    struct Field {
+        SettingsField made;
+        const SettingsRow* row;
+        SettingsPlace place;
+        bool singleton;
+        bool editable = true; // as far as the records decide that were read last
+    };
+    /// Fields that are read and saved with the same requests.
+    struct Share {
+        std::string resource;
+        bool singleton;
+        unsigned group;
+
+        bool operator==(const Share&) const = default;
+    };
+    static Share shareOf(const Field& field) {
+        return {field.place.resource, field.singleton, field.row->group};
+    }
+
+    // WSettingsTable.cpp
+    std::size_t rowOf(const char* key) const;
     void addHeadings();
     void addRow(const SettingsRow& row);
+    void addField(const SettingsRow& row, std::size_t column, int place, const Wt::WText* label);
     void limit(const SettingsRow& row, SettingsField& made);
-    void readNested(const Indexes& indexes, bool force);
-    unsigned writeRecords(const Indexes& indexes, Errors& errors);
+
+    // SettingsReading.cpp, SettingsWriting.cpp
+    std::vector<Share> shares() const;
+    Indexes recordsOf(const Share& share, const Indexes& chosen);
+    bool isRead(const Field& field) const;
+    void readShare(const Share& share, const Indexes& indexes, bool force);
+    bool isWritten(const Field& field, bool several) const;
+    unsigned writeShare(const Share& share, const Indexes& indexes, Errors& errors);
     unsigned writeFields(const Indexes& indexes, Errors& errors);
     void clearMarks();
 
+    // SettingsRules.cpp
+    const Field* findField(const char* key, const Field& from) const;
+    bool isMade(const SettingsChoice& choice, const Field& from) const;
+    bool isAsked(const Field& field) const;
+    bool isValid(const Field& field) const;
+    bool isRepeated(const Field& field) const;
+    void lock(const Indexes& indexes);
+    void follow(Field& field, bool atRead);
+    void followChoices(bool atRead);
+
     const SettingsTableSpec& mSpec;
-    std::vector<SettingsField> mFields; // owned by their cells; one for each row
+    std::size_t mColumns;       // fields of each row
+    std::vector<Field> mFields; // owned by their cells; row by row
+    Indexes mShown;             // read last
     Wt::Signal<> mContentChangedSignal;
     bool mTableChanged = false;
 };

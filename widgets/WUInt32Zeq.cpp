@@ -17,13 +17,18 @@ void WUInt32Zeq::setDisplayScaling(double factor) {
 }
 
 void WUInt32Zeq::showValue(const unsigned& value) {
-    if (!mScaled) return setValue(value);
+    if (!mScaled && !mFormat) return setValue(value);
     mValue = value;
+    if (mFormat) {
+        setText(Wt::WString::fromUTF8(mFormat(value)));
+        return;
+    }
     char text[64];
     std::snprintf(text, sizeof text, "%.1f", static_cast<double>(value) * mScale);
     setText(Wt::WString::fromUTF8(text));
 }
 
 void WUInt32Zeq::showNothing() {
+    mValue = 0;
     setText(Wt::WString());
 }

@@ -13,7 +13,10 @@ public:
     /// What is read is shown times the factor, with one decimal.
     virtual void setDisplayScaling(double factor);
 
-    /// As read or set, not scaled.
+    /// What is read is shown as this says.
+    void setDisplayFormat(std::string (*format)(unsigned value)) { mFormat = format; }
+
+    /// As read or set, not scaled; 0 while nothing is shown.
     virtual unsigned getValue() const { return mValue; }
 
 protected:
@@ -23,5 +26,6 @@ protected:
 private:
     bool mScaled = false;
     double mScale = 1.0;
+    std::string (*mFormat)(unsigned) = nullptr;
     unsigned mValue = 0;
 };

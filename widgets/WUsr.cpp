@@ -9,10 +9,15 @@ WUsr::WUsr(const char* resource, const char* key, bool indexed, Wt::WContainerWi
 
 unsigned WUsr::updateListOfChoices() {
     clear();
+    mNames.clear();
     std::vector<std::string> names;
-    const unsigned result = visitRecords("user", {"name"}, __func__, [&](const json_t* table, int row) {
-        if (const char* name = ZeqRspUtil_getIndexedStringParam(table, row, "name")) names.emplace_back(name);
-    });
+    const unsigned result =
+        visitRecords("user", {"index", "name"}, __func__, [&](const json_t* table, int row) {
+            const char* name = ZeqRspUtil_getIndexedStringParam(table, row, "name");
+            if (!name) return;
+            names.emplace_back(name);
+            mNames[static_cast<unsigned>(ZeqRspUtil_getIndexedIntegerParam(table, row, "index"))] = name;
+        });
     if (result != 0) return result;
     MirlUtil_sort(names);
     for (const std::string& name : names) addItem(Wt::WString::fromUTF8(name));
@@ -21,12 +26,8 @@ unsigned WUsr::updateListOfChoices() {
 }
 
 int WUsr::itemOf(const unsigned& userIndex) const {
-    // 0 names no record; a read without an index would give the first user's name.
-    if (userIndex == 0) return -1;
-    std::string name;
-    Errors dropped;
-    if (Db::db.getUsernameFromUserIndex(userIndex, name, dropped) != 0) return -1;
-    return findText(Wt::WString::fromUTF8(name));
+    const auto name = mNames.find(userIndex);
+    return name == mNames.end() ? -1 : findText(Wt::WString::fromUTF8(name->second));
 }
 
 unsigned WUsr::chosenUser(unsigned& userIndex, Errors& errors) const {

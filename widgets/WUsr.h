@@ -2,6 +2,8 @@
 
 #include "widgets/ZeqRecordBox.h"
 
+#include <map>
+
 /// A user, among all users by name in natural order. The field holds the user's record index.
 class WUsr : public ZeqRecordBox<unsigned> {
 public:
@@ -17,4 +19,6 @@ protected:
 
 private:
     unsigned chosenUser(unsigned& userIndex, Errors& errors) const;
+
+    std::map<unsigned, std::string> mNames; // by record index
 };

@@ -58,6 +58,11 @@ void FakeStore::refuse(const std::string& method, const std::string& resource, u
     mRefusals[refusalKey(method, resource, index)] = error;
 }
 
+void FakeStore::accept(const std::string& method, const std::string& resource, unsigned index) {
+    const std::lock_guard lock(mMutex);
+    mRefusals.erase(refusalKey(method, resource, index));
+}
+
 void FakeStore::hangUp() {
     const std::lock_guard lock(mMutex);
     mHangsUp = true;

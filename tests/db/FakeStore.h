@@ -21,6 +21,8 @@ public:
     /// JSON text. Index 0 = requests that name none.
     void refuse(const std::string& method, const std::string& resource, unsigned index,
                 const std::string& error = R"({"errno":9})");
+    /// Refuses them no longer.
+    void accept(const std::string& method, const std::string& resource, unsigned index);
     /// From now on requests are answered by hanging up.
     void hangUp();
 

@@ -20,7 +20,7 @@ TEST(FlashDisplayDialog, OnlyADurationOfADayOrLessEnablesTheButtons) {
         bool enabled;
     } rows[] = {
         {"0", true},  {"86400", true}, {"86401", false},      {"", false},  {"-1", false},
-        {"x", false}, {"1.5", false},  {"4294967296", false}, {"30", true},
+        {"x", false}, {"1.5", false},  {"4294967296", false}, {"30", true}, {"+30", false},
     };
     WFlashDisplayDialog dialog("[RSnnn]device flash explanation");
     auto* field = widgetsIn<WLineEditPlus>(&dialog).at(0);
@@ -37,7 +37,8 @@ TEST(FlashDisplayDialog, BothButtonsTakeTheDurationOnlyCancelSetsTheFlag) {
     for (const bool cancel : {false, true}) {
         WFlashDisplayDialog dialog("[RSnnn]device flash explanation");
         dialog.show();
-        widgetsIn<WLineEditPlus>(&dialog).at(0)->Wt::WLineEdit::setText("120");
+        // Should a validator take the sign for part of a number, it is one.
+        widgetsIn<WLineEditPlus>(&dialog).at(0)->Wt::WLineEdit::setText(cancel ? "120" : "+120");
         EXPECT_TRUE(dialog.cancelWasClicked()) << "until Flash is clicked: Escape must not flash anything";
         click(widgetsIn<Wt::WPushButton>(&dialog).at(cancel ? 1 : 0));
         EXPECT_EQ(dialog.cancelWasClicked(), cancel);

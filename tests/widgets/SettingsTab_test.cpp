@@ -14,6 +14,8 @@
 #include <Wt/WPushButton>
 #include <Wt/WTableView>
 
+#include <functional>
+
 namespace {
 
 constexpr SettingsTableSpec kTexts{.resource = "r", .width = 250};
@@ -32,7 +34,7 @@ constexpr SettingsRow kTextRows[] = {
     {.label = "[RSnnn]EID", .make = makeSettingsField<WTextZeq>, .key = "t"},
 };
 
-constexpr SettingsTableSpec kNumbers{.resource = "r", .refusalFails = false};
+constexpr SettingsTableSpec kNumbers{.resource = "r"};
 constexpr SettingsRow kNumberRows[] = {
     {.label = "[RSnnn]Timeout",
      .make = makeSettingsField<WLineEditUInt32Zeq>,
@@ -42,8 +44,6 @@ constexpr SettingsRow kNumberRows[] = {
      .mandatory = true},
     {.label = "[RSnnn]Enabled", .make = makeSettingsField<WEnableDisable>, .key = "e"},
 };
-
-enum Row { kGroup, kName, kNotes, kEid };
 
 class Tab : public WSettingsTab {
 public:
@@ -65,9 +65,9 @@ protected:
         store.put("changeStatus", 6, R"("lastChange":1)");
     }
 
-    WLineEditZeq& name() { return *tab.texts->widget<WLineEditZeq>(kName); }
-    WTextAreaZeq& notes() { return *tab.texts->widget<WTextAreaZeq>(kNotes); }
-    WLineEditUInt32Zeq& number() { return *tab.numbers->widget<WLineEditUInt32Zeq>(0); }
+    WLineEditZeq& name() { return *tab.texts->widget<WLineEditZeq>("t"); }
+    WTextAreaZeq& notes() { return *tab.texts->widget<WTextAreaZeq>("d"); }
+    WLineEditUInt32Zeq& number() { return *tab.numbers->widget<WLineEditUInt32Zeq>("n"); }
     std::size_t requestsOfRead(bool ignoreChangeStatus, const Db::Indexes& indexes, bool force) {
         store.forget();
         tab.readFromDatabase(ignoreChangeStatus, indexes, force);
@@ -77,19 +77,93 @@ protected:
     Tab tab{page()};
 };
 
-// Five bound fields, each with an exchange of its own; one small read for each kind of data.
+// One request for each table, one for the change counters of all kinds.
 TEST_F(SettingsTab, ARefreshCostsWhatItMust) {
-    EXPECT_EQ(requestsOfRead(true, {1}, false), 5U);
-    EXPECT_EQ(requestsOfRead(false, {1}, false), 6U) << "news of the first kind is enough";
-    EXPECT_EQ(requestsOfRead(false, {1}, false), 7U) << "and the second is news as well, once";
-    EXPECT_EQ(requestsOfRead(false, {1}, false), 2U) << "nothing new: nothing read";
-    EXPECT_EQ(requestsOfRead(false, {1}, true), 7U);
+    EXPECT_EQ(requestsOfRead(true, {1}, false), 2U);
+    EXPECT_EQ(requestsOfRead(false, {1}, false), 3U) << "both kinds are news, once";
+    EXPECT_EQ(requestsOfRead(false, {1}, false), 1U) << "nothing new: nothing read";
+    store.put("changeStatus", 6, R"("lastChange":2)");
+    EXPECT_EQ(requestsOfRead(false, {1}, false), 3U) << "any kind is enough";
+    EXPECT_EQ(requestsOfRead(false, {1}, true), 2U);
+    EXPECT_EQ(requestsOfRead(false, {1, 3}, false), 2U) << "other records are read whatever is new";
+    EXPECT_EQ(requestsOfRead(true, {1}, false), 2U);
     name().setFocus();
     EXPECT_EQ(requestsOfRead(true, {3}, true), 0U) << "a field is in use";
     EXPECT_EQ(name().text().toUTF8(), "A");
     name().setFocus(false);
-    EXPECT_EQ(requestsOfRead(true, {3}, true), 5U);
+    EXPECT_EQ(requestsOfRead(true, {3}, true), 2U);
     EXPECT_EQ(name().text().toUTF8(), "B");
+}
+
+TEST_F(SettingsTab, AFailedReadIsMadeUpForWithoutNews) {
+    tab.readFromDatabase(true, {1}, false);
+    tab.readFromDatabase(false, {1}, false); // no more news
+    store.refuse("get", "r", 1);
+    tab.readFromDatabase(false, {1}, true);
+    store.put("r", 1, R"("t":"Z")");
+    store.accept("get", "r", 1);
+    tab.readFromDatabase(false, {1}, false);
+    EXPECT_EQ(name().text().toUTF8(), "Z");
+}
+
+TEST_F(SettingsTab, WithoutWatchedKindsEveryRefreshReads) {
+    class Unwatched : public WSettingsTab {
+    public:
+        explicit Unwatched(Wt::WContainerWidget* parent)
+            : WSettingsTab(parent, ChangeTracker::SUBSECTION_RX_ATTRIBS, {}) {
+            setTables({new WSettingsTable(kTexts, kTextRows)});
+        }
+    } unwatched(page());
+    for (int refresh = 0; refresh < 2; ++refresh) {
+        store.forget();
+        unwatched.readFromDatabase(false, {1}, false);
+        EXPECT_EQ(store.requests().size(), 1U);
+    }
+}
+
+// With unsaved edits the page may come to save no record, or to show another one.
+TEST_F(SettingsTab, AMarkNeverOutlivesItsRecord) {
+    const struct {
+        const char* what;
+        std::function<void()> happens;
+    } rows[] = {
+        {"saved without a record", [this] { EXPECT_EQ(tab.writeToDatabase({}, errors), 0U); }},
+        {"another record is read", [this] { tab.readFromDatabase(false, {3}, false); }},
+        {"another record, and a field is in use",
+         [this] {
+             notes().setFocus();
+             tab.readFromDatabase(true, {3}, true);
+             notes().setFocus(false);
+         }},
+        {"no record is read", [this] { tab.readFromDatabase(true, {}, false); }},
+        {"cancelled while the service refuses",
+         [this] {
+             store.refuse("get", "r", 1);
+             tab.readFromDatabase(false, {1}, true);
+             store.accept("get", "r", 1);
+         }},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        tab.readFromDatabase(true, {1}, true);
+        type(name(), "EDIT");
+        type(number(), "77");
+        row.happens();
+        EXPECT_FALSE(name().hasChangedContent());
+        EXPECT_FALSE(number().hasChangedContent());
+        EXPECT_FALSE(tab.texts->tableChanged());
+        tab.readFromDatabase(true, {3}, false);
+        EXPECT_EQ(name().text().toUTF8(), "B");
+        type(notes(), "why");
+        tab.writeToDatabase({3}, errors);
+        EXPECT_EQ(store.field("r", 3, "t"), "\"B\"");
+        EXPECT_EQ(store.field("r", 3, "n"), "8");
+    }
+    tab.readFromDatabase(true, {1}, true);
+    type(name(), "EDIT");
+    tab.readFromDatabase(true, {1}, false);
+    EXPECT_EQ(name().text().toUTF8(), "EDIT") << "the same record keeps its edits";
+    EXPECT_TRUE(name().hasChangedContent());
 }
 
 TEST_F(SettingsTab, OnlyWhatWasChangedIsWrittenToEveryRecord) {
@@ -102,7 +176,6 @@ TEST_F(SettingsTab, OnlyWhatWasChangedIsWrittenToEveryRecord) {
     tab.contentChanged().connect([&] { ++changes; });
     type(notes(), "why");
     EXPECT_EQ(changes, 1);
-    EXPECT_EQ(tab.writeToDatabase({}, errors), 0U);
     EXPECT_EQ(tab.writeToDatabase({1, 3}, errors), 0U);
     EXPECT_EQ(store.requests(), (std::vector<std::string>{
                                     R"({"method":"SET","params":{"d":"why","index":1},"resource":"r"})",
@@ -121,9 +194,8 @@ TEST_F(SettingsTab, ARefusedRecordDoesNotKeepTheOthers) {
     EXPECT_EQ(store.field("r", 5, "t"), "\"A\"");
     EXPECT_EQ(errors.size(), 1U);
     EXPECT_FALSE(name().hasChangedContent());
-    // A table may be told that refusals only go to the log.
     type(number(), "5");
-    EXPECT_EQ(tab.writeToDatabase({5}, errors), 0U);
+    EXPECT_EQ(tab.writeToDatabase({5}, errors), 1U);
     EXPECT_EQ(errors.size(), 2U);
 }
 
@@ -205,38 +277,6 @@ TEST_F(SettingsTab, TheListStaysLockedWhileItsSectionHasEdits) {
     tab.indicateChangedContent(false);
     EXPECT_FALSE(list->isDisabled());
     EXPECT_FALSE(list->hasStyleClass("mirl-wtableview-disabled"));
-}
-
-constexpr SettingsTableSpec kNested{
-    .resource = "swx", .rowResource = "swx/network/ipv4", .path = {"network", "ipv4"}};
-constexpr SettingsRow kNestedRows[] = {
-    {.label = "[RSnnn]IPv4 Address", .make = makeSettingsField<WLineEditZeq>, .key = "ipAddress"},
-    {.label = "[RSnnn]Subnet Mask", .make = makeSettingsField<WLineEditZeq>, .key = "subnetMask"},
-};
-
-TEST_F(SettingsTab, NestedFieldsAreReadWithOneRequestAndWrittenInPlace) {
-    store.put("swx", 1, R"("network":{"ipv4":{"ipAddress":"10.0.0.1","subnetMask":"255.0.0.0"}})");
-    store.put("swx", 2, R"("network":{"ipv4":{"ipAddress":"10.0.0.2","subnetMask":"255.0.0.0"}})");
-    store.put("swx", 3, R"("network":{})");
-    WSettingsTable table(kNested, kNestedRows, page());
-    auto& address = *table.widget<WLineEditZeq>(0);
-    auto& mask = *table.widget<WLineEditZeq>(1);
-    store.forget();
-    table.readFromDatabase({1, 2}, false);
-    EXPECT_EQ(store.requests().size(), 1U);
-    EXPECT_EQ(address.text().toUTF8(), "");
-    EXPECT_EQ(mask.text().toUTF8(), "255.0.0.0");
-    table.readFromDatabase({2}, false);
-    EXPECT_EQ(address.text().toUTF8(), "10.0.0.2");
-    table.readFromDatabase({99}, true);
-    table.readFromDatabase({}, true);
-    EXPECT_EQ(address.text().toUTF8(), "10.0.0.2") << "a failed read leaves the fields";
-    type(mask, "255.255.0.0");
-    store.forget();
-    EXPECT_EQ(table.writeToDatabase({2}, errors), 0U);
-    EXPECT_EQ(
-        store.requests().back(),
-        R"({"method":"SET","params":{"index":2,"network":{"ipv4":{"subnetMask":"255.255.0.0"}}},"resource":"swx"})");
 }
 
 } // namespace

@@ -45,7 +45,7 @@ export function validate(rule, text) {
     return !expression || expression.test(text) ? GOOD : bad(rule.noMatch);
   }
   if (rule.bottom !== undefined && rule.top !== undefined) {
-    if (!/^[+-]?[0-9]+$/.test(text)) return bad(rule.notANumber);
+    if (!/^-?[0-9]+$/.test(text)) return bad(rule.notANumber);
     if (Number(text) < rule.bottom) return bad(rule.tooSmall);
     if (Number(text) > rule.top) return bad(rule.tooLarge);
   }

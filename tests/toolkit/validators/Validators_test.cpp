@@ -76,7 +76,7 @@ TEST(IntValidator, range) {
     } rows[] = {
         {"0", false, true},    {"127", false, true},  {"128", false, false},
         {"-1", false, false},  {"", false, true},     {"", true, false},
-        {"+5", false, true},   {"+-5", false, false}, {"+", false, false},
+        {"+5", false, false},  {"+-5", false, false}, {"+", false, false},
         {"-", false, false},   {"5 ", false, false},  {" 5", false, false},
         {"0x5", false, false}, {"1e2", false, false}, {"99999999999999999999", false, false},
         {"007", false, true},  {"5.0", false, false}, {"-99999999999999999999", false, false},

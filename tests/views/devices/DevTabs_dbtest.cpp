@@ -227,8 +227,77 @@ TEST_F(DevTabs, OnlyTheTabOnShowIsRead) {
     showTab("Attributes");
     const unsigned long before = zeqExchangeCount();
     view->readFromDatabase(true, false);
-    // Five kinds of news, and four attributes.
-    EXPECT_EQ(zeqExchangeCount() - before, 9u);
+    // Five kinds of news, and the Receiver.
+    EXPECT_EQ(zeqExchangeCount() - before, 6u);
+}
+
+// What was typed before a choice ruled it out keeps nothing else from being saved.
+TEST_F(DevTabs, WhatIsDisabledOrInvalidIsNotSaved) {
+    show({"SCADA A"}, "Settings");
+    choose("wakeOnLan", 0);
+    type("wakeOnLanMacAddress", "nonsense");
+    choose("wakeOnLan", 1);
+    choose("usbMode", 1);
+    save();
+    EXPECT_EQ(stored("tx", 1, "usbMode"), "keyboard_mouse_only");
+    EXPECT_NE(stored("tx", 1, "wakeOnLanMacAddress"), "nonsense");
+
+    show({"Annex Switch"}, "IPv4");
+    type("ipAddress", "256.1.1.1");
+    choose("ipv4ConfMethod", 0);
+    save();
+    EXPECT_EQ(field<Wt::WComboBox>("ipv4ConfMethod")->currentIndex(), 0);
+
+    store("rx", 7, "sessionInactivityTimeout", 30u);
+    store("rx", 8, "sessionInactivityTimeout", 30u);
+    show({"Desk 4", "Desk 5"}, "Settings");
+    type("sessionInactivityTimeout", "");
+    choose("usbMode", 1);
+    save();
+    EXPECT_EQ(stored("rx", 7, "usbMode"), "keyboard_mouse_only");
+    EXPECT_EQ(stored("rx", 7, "sessionInactivityTimeout"), "30");
+}
+
+TEST_F(DevTabs, WhatIsRefusedIsTold) {
+    const struct {
+        const char *device, *tab, *resource, *key;
+        unsigned index;
+    } rows[] = {{"Desk 4", "Settings", "rx", "usbMode", 7},
+                {"Weather", "Settings", "tx", "usbMode", 0},
+                {"Annex Switch", "NTP", "swx", "ntpEnable", 2}};
+    for (const auto& row : rows) {
+        show({row.device}, row.tab);
+        choose(row.key, 1);
+        std::vector<std::string> errors;
+        EXPECT_NE(tab().writeToDatabase({9999}, errors), 0u) << row.device;
+        EXPECT_EQ(errors.size(), 1u) << row.device;
+        cancel();
+    }
+}
+
+TEST_F(DevTabs, FrequenciesOfSeveralReceiversAreMadeOfWhatTheyHaveInCommon) {
+    show({"Desk 1 Left", "Desk 4"}, "Video");
+    auto* video = table<WDevViewRxVideoTable>();
+    ASSERT_NE(video, nullptr);
+    int blanks = 0;
+    for (int column = 1; column <= 3; ++column) {
+        const auto value = [&](int row) {
+            const std::string text = textIn(video->elementAt(row, column));
+            return text.substr(0, text.find('\n'));
+        };
+        bool horizontal = true;
+        for (const int row : {2, 3, 7, 8, 9}) horizontal = horizontal && !value(row).empty();
+        bool all = horizontal;
+        for (const int row : {13, 14, 15}) all = all && !value(row).empty();
+        blanks += horizontal ? 0 : 1;
+        if (!horizontal) {
+            EXPECT_EQ(value(5), "") << column;
+        }
+        if (!all) {
+            EXPECT_EQ(value(11), "") << column;
+        }
+    }
+    EXPECT_GT(blanks, 0) << "the two differ";
 }
 
 } // namespace

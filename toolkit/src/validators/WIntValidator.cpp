@@ -53,7 +53,7 @@ WString WIntValidator::invalidTooLargeText() const {
 WValidator::Result WIntValidator::validate(const WString& input) const {
     const std::string text = input.toUTF8();
     if (text.empty()) return WValidator::validate(input);
-    const char* first = text.data() + (text.size() > 1 && text[0] == '+' && text[1] != '-');
+    const char* first = text.data();
     const char* last = text.data() + text.size();
     int number = 0;
     const auto [end, error] = std::from_chars(first, last, number);
@@ -65,7 +65,7 @@ WValidator::Result WIntValidator::validate(const WString& input) const {
 }
 
 std::string WIntValidator::inputFilter() const {
-    return "[-+0-9]";
+    return "[-0-9]";
 }
 
 } // namespace Wt

@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
-bool anySwxInConflict(const std::vector<unsigned>& indexes) {
-    return std::any_of(indexes.begin(), indexes.end(), [](unsigned index) {
+bool noSwxInConflict(const std::vector<unsigned>& indexes) {
+    return std::none_of(indexes.begin(), indexes.end(), [](unsigned index) {
         const auto state = readSwxState(index);
         return !state || state->inConflict();
     });

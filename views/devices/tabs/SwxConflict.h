@@ -2,5 +2,6 @@
 
 #include <vector>
 
-/// Whether a Switch of these is in conflict with another master, or its status cannot be read.
-bool anySwxInConflict(const std::vector<unsigned>& indexes);
+/// Whether none of these Switches is in conflict with another master. One whose status cannot be read counts
+/// as in conflict.
+bool noSwxInConflict(const std::vector<unsigned>& indexes);

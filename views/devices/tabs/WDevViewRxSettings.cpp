@@ -8,10 +8,10 @@
 
 namespace {
 
-// A refusal is logged; only a lost connection is told to the user.
-constexpr SettingsTableSpec kSpec{.resource = "rx", .refusalFails = false};
+constexpr SettingsTableSpec kSpec{.resource = "rx"};
 
-enum Row1 { kAutoLogin, kAutoLoginUsr, kAutoConnect, kAutoConnectTarget, kAutoConnectMode };
+constexpr SettingsChoice kLogsIn = {.key = "autoLoginControl", .is = "enabled"};
+constexpr SettingsChoice kConnects = {.key = "autoConnectControl", .is = "enabled"};
 
 constexpr SettingsRow kRows1[] = {
     {.label = "[RSnnn]Auto Login",
@@ -21,18 +21,23 @@ constexpr SettingsRow kRows1[] = {
     {.label = "[RSnnn]Auto Login Username",
      .make = makeSettingsField<WUsr>,
      .key = "autoLoginUserIndex",
-     .tooltip = "tt.dev.rx.setting.autoLoginUsr"},
+     .tooltip = "tt.dev.rx.setting.autoLoginUsr",
+     .enabledWhen = kLogsIn,
+     .neededWhen = kLogsIn},
     {.label = "[RSnnn]Auto Connect",
      .make = makeSettingsField<WEnableDisable>,
      .key = "autoConnectControl",
      .tooltip = "tt.dev.rx.setting.autoConnectEnable"},
     {.label = "[RSnnn]Auto Connect Target",
      .make = makeSettingsField<WTargetAny>,
-     .tooltip = "tt.dev.rx.setting.autoConnectTarget"},
+     .tooltip = "tt.dev.rx.setting.autoConnectTarget",
+     .enabledWhen = kConnects,
+     .neededWhen = kConnects},
     {.label = "[RSnnn]Auto Connect Mode",
      .make = makeSettingsField<WAutoConnMode>,
      .key = "autoConnectMode",
-     .tooltip = "tt.dev.rx.setting.autoConnectMode"},
+     .tooltip = "tt.dev.rx.setting.autoConnectMode",
+     .enabledWhen = kConnects},
     {.label = "[RSnnn]USB Mode",
      .make = makeSettingsField<WUsbMode>,
      .key = "usbMode",
@@ -93,23 +98,6 @@ constexpr SettingsRow kRows2[] = {
 WDevViewRxSettingsTable1::WDevViewRxSettingsTable1(Wt::WContainerWidget* parent)
     : WSettingsTable(kSpec, kRows1, parent) {}
 
-// The text on show decides, not the item.
-void WDevViewRxSettingsTable1::enableDependents() {
-    const Wt::WString enabled = tr("[RSnnn]Enabled");
-    setRowEnabled(kAutoLoginUsr, widget<Wt::WComboBox>(kAutoLogin)->currentText() == enabled);
-    const bool connects = widget<Wt::WComboBox>(kAutoConnect)->currentText() == enabled;
-    setRowEnabled(kAutoConnectTarget, connects);
-    setRowEnabled(kAutoConnectMode, connects);
-}
-
-bool WDevViewRxSettingsTable1::isAllValid() {
-    const auto lacks = [this](std::size_t control, std::size_t choice) {
-        return widget<Wt::WComboBox>(control)->currentIndex() == 0 &&
-               widget<Wt::WComboBox>(choice)->currentText().empty();
-    };
-    return !lacks(kAutoLogin, kAutoLoginUsr) && !lacks(kAutoConnect, kAutoConnectTarget);
-}
-
 WDevViewRxSettingsTable2::WDevViewRxSettingsTable2(Wt::WContainerWidget* parent)
     : WSettingsTable(kSpec, kRows2, parent) {}
 
@@ -119,14 +107,4 @@ WDevViewRxSettings::WDevViewRxSettings(Wt::WContainerWidget* parent)
                     InfoMgr_InfoID::Targets}),
       mTable1(new WDevViewRxSettingsTable1) {
     setTables({mTable1, new WDevViewRxSettingsTable2});
-    mTable1->contentChanged().connect(this, &WDevViewRxSettings::contentChangedHandler);
-}
-
-void WDevViewRxSettings::contentChangedHandler() {
-    mTable1->enableDependents();
-}
-
-void WDevViewRxSettings::readTables(const std::vector<unsigned>& indexes, bool force) {
-    WSettingsTab::readTables(indexes, force);
-    contentChangedHandler();
 }

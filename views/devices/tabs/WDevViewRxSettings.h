@@ -7,13 +7,6 @@
 class WDevViewRxSettingsTable1 : public WSettingsTable {
 public:
     explicit WDevViewRxSettingsTable1(Wt::WContainerWidget* parent = nullptr);
-
-    /// Enables what automatic login and connection need, as far as they are chosen.
-    void enableDependents();
-
-    /// Automatic login needs a user, automatic connection a target.
-    bool isAllValid() override;
-    bool isAnyValid() override { return true; }
 };
 
 /// Video, audio, input, timeouts.
@@ -26,10 +19,8 @@ class WDevViewRxSettings : public WSettingsTab {
 public:
     explicit WDevViewRxSettings(Wt::WContainerWidget* parent = nullptr);
 
-    void contentChangedHandler();
-
-protected:
-    void readTables(const std::vector<unsigned>& indexes, bool force) override;
+    /// Has what automatic login and connection need follow them.
+    void contentChangedHandler() { mTable1->followChoices(); }
 
 private:
     WDevViewRxSettingsTable1* mTable1;

@@ -2,75 +2,84 @@
 
 #include "db/Convert.h"
 #include "db/DeviceState.h"
-#include "db/ZeqExchange.h"
-#include "platform/client/ZeqReq.h"
+#include "db/HeldRecords.h"
 #include "widgets/ValueTexts.h"
 #include "widgets/WUInt32Zeq.h"
 #include "widgets/WVideoResolution.h"
 
-#include <Wt/WTableCell>
+#include <array>
 
 namespace {
 
-constexpr int kValueWidth = 200;      // pixels
 constexpr double kKiloToMega = 0.001; // the clock is stored in kHz and shown in MHz
-constexpr const char* kValueCell = "mirl-multi-col-attribute-table-read-only-cell";
 
-enum class Kind { Group, Resolution, Number, Clock, Computed, Polarity };
+// Each value column is a timing object of the Receiver's record.
+constexpr const char* kTimings[] = {"rx/inputVideoTiming", "rx/outputVideoTiming", "rx/monPrefVideoTiming"};
 
-struct VideoRow {
-    const char* label;
-    Kind kind;
-    const char* key = "";
+constexpr SettingsTableSpec kSpec{
+    .resource = "rx",
+    .headings = {"", "[RSnnn]Transmitter Input", "[RSnnn]Receiver Output", "[RSnnn]Monitor Preferred"},
+    .width = 200,
+    .cellStyle = "mirl-multi-col-attribute-table-read-only-cell",
+    .columns = kTimings};
+
+template <class Text>
+SettingsField shown(Text* text) {
+    text->setInline(false); // or its width counts for nothing
+    SettingsField field;
+    field.widget = text;
+    field.bound = text;
+    return field;
+}
+
+template <class Text>
+SettingsField makeShown(const char* resource, const char* key, bool indexed, Wt::WContainerWidget* cell) {
+    return shown(new Text(resource, key, indexed, cell));
+}
+
+SettingsField makeClock(const char* resource, const char* key, bool indexed, Wt::WContainerWidget* cell) {
+    auto* clock = new WUInt32Zeq(resource, key, indexed, cell);
+    clock->setDisplayScaling(kKiloToMega);
+    return shown(clock);
+}
+
+SettingsField makeResolution(const char* resource, const char* key, bool indexed,
+                             Wt::WContainerWidget* cell) {
+    return shown(new WVideoResolution(resource, key, "verticalResolution", indexed, cell));
+}
+
+constexpr SettingsFieldMaker kNumber = makeShown<WUInt32Zeq>;
+constexpr SettingsFieldMaker kPolarity = makeShown<WVideoSyncPolarity>;
+
+constexpr const char* kResolution = "horizontalResolution";
+constexpr const char* kClock = "pixelClockFrequency";
+constexpr const char* kFrequency = "frequency"; // these two are computed
+constexpr const char* kFrameRate = "frameRate";
+
+constexpr SettingsRow kRows[] = {
+    {.label = "[RSnnn]General"},
+    {.label = "[RSnnn]Resolution (pixels)", .make = makeResolution, .key = kResolution},
+    {.label = "[RSnnn]Pixel Clock (MHz)", .make = makeClock, .key = kClock},
+    {.label = "[RSnnn]Horizontal"},
+    {.label = "[RSnnn]Frequency (kHz)", .make = kNumber, .key = kFrequency, .byOwner = true},
+    {.label = "[RSnnn]Sync Polarity", .make = kPolarity, .key = "horizontalSyncPolarity"},
+    {.label = "[RSnnn]Front Porch (pixels)", .make = kNumber, .key = "horizontalFrontPorch"},
+    {.label = "[RSnnn]Sync Width (pixels)", .make = kNumber, .key = "horizontalSyncWidth"},
+    {.label = "[RSnnn]Back Porch (pixels)", .make = kNumber, .key = "horizontalBackPorch"},
+    {.label = "[RSnnn]Vertical"},
+    {.label = "[RSnnn]Frame Rate (Hz)", .make = kNumber, .key = kFrameRate, .byOwner = true},
+    {.label = "[RSnnn]Sync Polarity", .make = kPolarity, .key = "verticalSyncPolarity"},
+    {.label = "[RSnnn]Front Porch (lines)", .make = kNumber, .key = "verticalFrontPorch"},
+    {.label = "[RSnnn]Sync Width (lines)", .make = kNumber, .key = "verticalSyncWidth"},
+    {.label = "[RSnnn]Back Porch (lines)", .make = kNumber, .key = "verticalBackPorch"},
 };
 
-enum Row {
-    kGeneral,
-    kResolution,
-    kClock,
-    kHorizontal,
-    kFrequency,
-    kHSync,
-    kHFrontPorch,
-    kHSyncWidth,
-    kHBackPorch,
-    kVertical,
-    kFrameRate,
-    kVSync,
-    kVFrontPorch,
-    kVSyncWidth,
-    kVBackPorch,
-    kRowCount
-};
+constexpr const char* kHorizontal[] = {"horizontalFrontPorch", "horizontalSyncWidth", "horizontalBackPorch"};
+constexpr const char* kVertical[] = {"verticalFrontPorch", "verticalSyncWidth", "verticalBackPorch"};
 
-constexpr VideoRow kRows[] = {
-    {"[RSnnn]General", Kind::Group},
-    {"[RSnnn]Resolution (pixels)", Kind::Resolution},
-    {"[RSnnn]Pixel Clock (MHz)", Kind::Clock, "pixelClockFrequency"},
-    {"[RSnnn]Horizontal", Kind::Group},
-    {"[RSnnn]Frequency (kHz)", Kind::Computed},
-    {"[RSnnn]Sync Polarity", Kind::Polarity, "horizontalSyncPolarity"},
-    {"[RSnnn]Front Porch (pixels)", Kind::Number, "horizontalFrontPorch"},
-    {"[RSnnn]Sync Width (pixels)", Kind::Number, "horizontalSyncWidth"},
-    {"[RSnnn]Back Porch (pixels)", Kind::Number, "horizontalBackPorch"},
-    {"[RSnnn]Vertical", Kind::Group},
-    {"[RSnnn]Frame Rate (Hz)", Kind::Computed},
-    {"[RSnnn]Sync Polarity", Kind::Polarity, "verticalSyncPolarity"},
-    {"[RSnnn]Front Porch (lines)", Kind::Number, "verticalFrontPorch"},
-    {"[RSnnn]Sync Width (lines)", Kind::Number, "verticalSyncWidth"},
-    {"[RSnnn]Back Porch (lines)", Kind::Number, "verticalBackPorch"},
-};
-static_assert(std::size(kRows) == kRowCount);
-
-constexpr const char* kHeadings[] = {"[RSnnn]Transmitter Input", "[RSnnn]Receiver Output",
-                                     "[RSnnn]Monitor Preferred"};
-
-constexpr const char* kObjects[] = {"inputVideoTiming", "outputVideoTiming", "monPrefVideoTiming"};
-
-unsigned shownNumber(const Wt::WText* text) {
-    unsigned value = 0;
-    Convert_stringToUInt32(text->text().toUTF8(), value);
-    return value;
+bool isReady(unsigned rxIndex) {
+    const auto state = readRxState(rxIndex);
+    return state && state->ready();
 }
 
 void showUnlessZero(WUInt32Zeq* text, unsigned value) {
@@ -82,101 +91,38 @@ void showUnlessZero(WUInt32Zeq* text, unsigned value) {
 
 } // namespace
 
-WDevViewRxVideoTable::WDevViewRxVideoTable(Wt::WContainerWidget* parent) : Wt::WTable(parent) {
-    setHeaderCount(1);
-    elementAt(0, 0)->setStyleClass("mirl-attribute-table-heading");
-    for (int row = 0; row < kRowCount; ++row) {
-        auto* label = new Wt::WText(tr(kRows[row].label), elementAt(row + 1, 0));
-        label->setStyleClass(kRows[row].kind == Kind::Group ? "mirl-attribute-table-group-label"
-                                                            : "mirl-attribute-table-label");
-    }
-    for (int place = 0; place < kColumnCount; ++place) {
-        mColumns[static_cast<std::size_t>(place)].object = kObjects[place];
-        elementAt(0, place + 1)->setStyleClass("mirl-attribute-table-heading");
-        new Wt::WText(tr(kHeadings[place]), elementAt(0, place + 1));
-        addRows(mColumns[static_cast<std::size_t>(place)], place + 1);
-    }
+WDevViewRxVideoTable::WDevViewRxVideoTable(Wt::WContainerWidget* parent)
+    : WSettingsTable(kSpec, kRows, parent) {}
+
+void WDevViewRxVideoTable::readFromDatabase(const Indexes& indexes, bool force) {
+    HeldRecords own;
+    const HeldRecords::Use use(own);
+    if (indexes.size() == 1 && !isReady(indexes.front())) return;
+    WSettingsTable::readFromDatabase(indexes, force);
+    for (std::size_t column = 0; column < std::size(kTimings); ++column) computeFrequencies(column);
 }
 
-void WDevViewRxVideoTable::addRows(Column& column, int place) {
-    for (int row = 0; row < kRowCount; ++row) {
-        const VideoRow& spec = kRows[row];
-        if (spec.kind == Kind::Group) continue;
-        Wt::WTableCell* cell = elementAt(row + 1, place);
-        cell->setStyleClass(kValueCell);
-        Wt::WText* text = nullptr;
-        WWidgetZeq* bound = nullptr;
-        if (spec.kind == Kind::Resolution) {
-            column.resolution =
-                new WVideoResolution("rx", "horizontalResolution", "verticalResolution", true, cell);
-            text = column.resolution;
-            bound = column.resolution;
-        } else if (spec.kind == Kind::Polarity) {
-            auto* polarity = new WVideoSyncPolarity("rx", spec.key, true, cell);
-            text = polarity;
-            bound = polarity;
-        } else {
-            auto* number = new WUInt32Zeq("rx", spec.key, true, cell);
-            if (spec.kind == Kind::Clock) number->setDisplayScaling(kKiloToMega);
-            column.numbers[static_cast<std::size_t>(row)] = number;
-            text = number;
-            bound = number;
-        }
-        text->setInline(false); // or its width counts for nothing
-        text->setWidth(kValueWidth);
-        column.texts.push_back(text);
-        if (spec.kind != Kind::Computed) column.bound.push_back(bound);
-    }
-}
+void WDevViewRxVideoTable::computeFrequencies(std::size_t column) {
+    std::array<unsigned, 3> horizontal{};
+    std::array<unsigned, 3> vertical{};
+    bool known = true;
+    const auto take = [&](const char* key) {
+        const auto* number = widget<WUInt32Zeq>(key, column);
+        known = known && !number->text().empty();
+        return number->getValue();
+    };
+    const auto* resolution = widget<WVideoResolution>(kResolution, column);
+    known = !resolution->text().empty();
+    const unsigned clock = take(kClock);
+    for (std::size_t i = 0; i < horizontal.size(); ++i) horizontal[i] = take(kHorizontal[i]);
+    const unsigned hRes = resolution->horizontalResolution();
+    const auto [hFront, hSync, hBack] = horizontal;
+    const unsigned frequency = Convert_videoTimingToHorFreq(clock, hRes, hFront, hSync, hBack);
+    showUnlessZero(widget<WUInt32Zeq>(kFrequency, column), known ? frequency : 0);
 
-void WDevViewRxVideoTable::clearValues() {
-    for (const Column& column : mColumns) {
-        for (Wt::WText* text : column.texts) text->setText("");
-    }
-}
-
-void WDevViewRxVideoTable::readFromDatabase(const std::vector<unsigned>& indexes, bool /*force*/) {
-    if (indexes.size() == 1) {
-        const auto state = readRxState(indexes[0]);
-        if (!state || !state->ready()) return;
-    }
-    if (indexes.empty()) return;
-    ZeqExchange exchange(ZeqReqUtil_newGetResource, "rx", __func__);
-    if (!exchange.ready()) return;
-    for (const unsigned index : indexes) ZeqReqUtil_setIntegerQuery(exchange.request(), "index", index);
-    ZeqReqUtil_setSelect(exchange.request(), "index");
-    for (const Column& column : mColumns) ZeqReqUtil_setSelect(exchange.request(), column.object);
-    exchange.sendQuietly();
-    if (!exchange.response()) {
-        clearValues();
-        return;
-    }
-    for (Column& column : mColumns) {
-        const ZeqPtr timings(ZeqObj_collapse(exchange.response(), "index", column.object));
-        if (!timings) {
-            clearValues();
-            return;
-        }
-        fill(column, timings.get(), indexes);
-    }
-}
-
-void WDevViewRxVideoTable::fill(Column& column, const json_t* timings, const std::vector<unsigned>& indexes) {
-    for (WWidgetZeq* bound : column.bound) bound->getZeqParam(timings, indexes, true);
-    computeFrequencies(column);
-}
-
-void WDevViewRxVideoTable::computeFrequencies(Column& column) {
-    const auto& numbers = column.numbers;
-    const unsigned clock = numbers[kClock]->getValue();
-    const unsigned hRes = column.resolution->horizontalResolution();
-    const unsigned vRes = column.resolution->verticalResolution();
-    const unsigned hFront = shownNumber(numbers[kHFrontPorch]);
-    const unsigned hSync = shownNumber(numbers[kHSyncWidth]);
-    const unsigned hBack = shownNumber(numbers[kHBackPorch]);
-    showUnlessZero(numbers[kFrequency], Convert_videoTimingToHorFreq(clock, hRes, hFront, hSync, hBack));
-    showUnlessZero(numbers[kFrameRate],
-                   Convert_videoTimingToFrameRate(
-                       clock, hRes, hFront, hSync, hBack, vRes, shownNumber(numbers[kVFrontPorch]),
-                       shownNumber(numbers[kVSyncWidth]), shownNumber(numbers[kVBackPorch])));
+    for (std::size_t i = 0; i < vertical.size(); ++i) vertical[i] = take(kVertical[i]);
+    const auto [vFront, vSync, vBack] = vertical;
+    const unsigned rate = Convert_videoTimingToFrameRate(
+        clock, hRes, hFront, hSync, hBack, resolution->verticalResolution(), vFront, vSync, vBack);
+    showUnlessZero(widget<WUInt32Zeq>(kFrameRate, column), known ? rate : 0);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "views/devices/tabs/DevTableStatusTab.h"
+#include "frame/ShownTables.h"
 #include "widgets/WSettingsTable.h"
 
 // What devices are and do at present. Several devices show what they have in common.
@@ -9,25 +9,25 @@ class WDevViewRxStatusTable : public WSettingsTable {
 public:
     explicit WDevViewRxStatusTable(Wt::WContainerWidget* parent = nullptr);
 };
-class WDevViewRxStatus : public DevTableStatusTab<WDevViewRxStatusTable> {
+class WDevViewRxStatus : public ShownTable<WDevViewRxStatusTable> {
 public:
-    using DevTableStatusTab::DevTableStatusTab;
+    using ShownTable::ShownTable;
 };
 
 class WDevViewTxStatusTable : public WSettingsTable {
 public:
     explicit WDevViewTxStatusTable(Wt::WContainerWidget* parent = nullptr);
 };
-class WDevViewTxStatus : public DevTableStatusTab<WDevViewTxStatusTable> {
+class WDevViewTxStatus : public ShownTable<WDevViewTxStatusTable> {
 public:
-    using DevTableStatusTab::DevTableStatusTab;
+    using ShownTable::ShownTable;
 };
 
 class WDevViewSwxStatusTable : public WSettingsTable {
 public:
     explicit WDevViewSwxStatusTable(Wt::WContainerWidget* parent = nullptr);
 };
-class WDevViewSwxStatus : public DevTableStatusTab<WDevViewSwxStatusTable> {
+class WDevViewSwxStatus : public ShownTable<WDevViewSwxStatusTable> {
 public:
-    using DevTableStatusTab::DevTableStatusTab;
+    using ShownTable::ShownTable;
 };

@@ -5,8 +5,10 @@
 
 namespace {
 
-constexpr SettingsTableSpec kSpec{
-    .resource = "swx", .headings = {kAttribHeading, "[RSnnn]Value"}, .width = kAttribWidth};
+constexpr SettingsTableSpec kSpec{.resource = "swx",
+                                  .headings = {kAttribHeading, "[RSnnn]Value"},
+                                  .width = kAttribWidth,
+                                  .editable = noSwxInConflict};
 
 constexpr auto kRows = attribRows({.nameLabel = "[RSnnn]Switch Name",
                                    .nameTip = "tt.dev.swx.attr.name",
@@ -18,12 +20,6 @@ constexpr auto kRows = attribRows({.nameLabel = "[RSnnn]Switch Name",
 
 WDevViewSwxAttribsTable::WDevViewSwxAttribsTable(Wt::WContainerWidget* parent)
     : WSettingsTable(kSpec, kRows, parent) {}
-
-void WDevViewSwxAttribsTable::readFromDatabase(const Indexes& indexes, bool force) {
-    WSettingsTable::readFromDatabase(indexes, force);
-    const bool editable = !anySwxInConflict(indexes);
-    for (std::size_t row = 0; row < kRows.size(); ++row) setRowEnabled(row, editable);
-}
 
 WDevViewSwxAttribs::WDevViewSwxAttribs(Wt::WContainerWidget* parent)
     : WSettingsTab(parent, ChangeTracker::SUBSECTION_SWX_ATTRIBS, {InfoMgr_InfoID::Switches}) {

@@ -7,8 +7,6 @@
 class WDevViewSwxAttribsTable : public WSettingsTable {
 public:
     explicit WDevViewSwxAttribsTable(Wt::WContainerWidget* parent = nullptr);
-
-    void readFromDatabase(const Indexes& indexes, bool force) override;
 };
 
 class WDevViewSwxAttribs : public WSettingsTab {

@@ -8,14 +8,17 @@ namespace {
 
 constexpr SettingsTableSpec kSpec{.resource = "swx", .save = SettingsTableSpec::Save::OneExchangePerField};
 
-constexpr std::size_t kModeRow = 0;
+bool isThisSwx(const WWidgetZeq::Indexes& indexes) {
+    return indexes == WWidgetZeq::Indexes{kThisSwxIndex};
+}
 
 constexpr SettingsRow kRows[] = {
     {.label = "[RSnnn]Cascade Participation",
      .make = makeSettingsField<WCascadeMode>,
      .key = "mode",
      .tooltip = "tt.dev.swx.mode",
-     .cellStyle = kReadWriteNonTextCell},
+     .cellStyle = kReadWriteNonTextCell,
+     .editable = isThisSwx},
     {.label = "swx.deviceDetails.label.CascadeRole",
      .make = makeSettingsField<WTextCascadeRole>,
      .key = "cascadeRole",
@@ -26,11 +29,6 @@ constexpr SettingsRow kRows[] = {
 
 WDevViewSwxModeTable::WDevViewSwxModeTable(Wt::WContainerWidget* parent)
     : WSettingsTable(kSpec, kRows, parent) {}
-
-void WDevViewSwxModeTable::readFromDatabase(const Indexes& indexes, bool force) {
-    WSettingsTable::readFromDatabase(indexes, force);
-    setRowEnabled(kModeRow, indexes == Indexes{kThisSwxIndex});
-}
 
 WDevViewSwxMode::WDevViewSwxMode(Wt::WContainerWidget* parent)
     : WSettingsTab(parent, ChangeTracker::SUBSECTION_SWX_MODE, {InfoMgr_InfoID::Switches}) {

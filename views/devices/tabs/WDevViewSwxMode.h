@@ -7,8 +7,6 @@
 class WDevViewSwxModeTable : public WSettingsTable {
 public:
     explicit WDevViewSwxModeTable(Wt::WContainerWidget* parent = nullptr);
-
-    void readFromDatabase(const Indexes& indexes, bool force) override;
 };
 
 class WDevViewSwxMode : public WSettingsTab {

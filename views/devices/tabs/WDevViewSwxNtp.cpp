@@ -8,66 +8,54 @@
 
 namespace {
 
-// A refusal is logged; only a lost connection is told to the user.
-constexpr SettingsTableSpec kSpec{
-    .resource = "swx", .headings = {"[RSnnn]Item", "[RSnnn]Value"}, .refusalFails = false};
+constexpr SettingsTableSpec kSpec{.resource = "swx", .headings = {"[RSnnn]Item", "[RSnnn]Value"}};
 
-enum Row { kControl, kPrimary, kSecondary, kStatus, kTime };
+constexpr const char* kStatusKey = "ntpStatus";
 
 // The addresses look like the combo box above them.
 constexpr SettingsRow kRows[] = {
     {.label = "[RSnnn]NTP",
      .make = makeSettingsField<WEnableDisable>,
      .key = "ntpEnable",
-     .tooltip = "tt.dev.swx.ntp.enable"},
+     .tooltip = "tt.dev.swx.ntp.enable",
+     .editable = noSwxInConflict},
     {.label = "[RSnnn]Primary NTP Server IP Address",
      .make = makeSettingsField<WHostAddr>,
      .key = "primaryNtpIpAddress",
      .tooltip = "tt.dev.swx.ntp.primaryAddress",
-     .style = kComboBoxStyle},
+     .style = kComboBoxStyle,
+     .enabledWhen = {.key = "ntpEnable", .is = "enabled"}},
+    // On purpose: this one follows the choice at the next read only, and has no say over several Switches.
     {.label = "[RSnnn]Secondary NTP Server IP Address",
      .make = makeSettingsField<WHostAddr>,
      .key = "secondaryNtpIpAddress",
      .tooltip = "tt.dev.swx.ntp.secondaryAddress",
-     .style = kComboBoxStyle},
-    {.label = "[RSnnn]NTP Status", .make = makeSettingsField<WNtpStatus>, .key = "ntpStatus"},
-    {.label = "[RSnnn]Time", .make = makeSettingsField<WNtpTime>, .key = "currentSysTime"},
+     .style = kComboBoxStyle,
+     .enabledWhen = {.key = "ntpEnable", .is = "enabled", .follows = SettingsChoice::AtNextRead},
+     .judgedForSeveral = false},
+    {.label = "[RSnnn]NTP Status",
+     .make = makeSettingsField<WNtpStatus>,
+     .key = kStatusKey,
+     .editable = neverEditable},
+    {.label = "[RSnnn]Time",
+     .make = makeSettingsField<WNtpTime>,
+     .key = "currentSysTime",
+     .editable = neverEditable},
 };
 
 } // namespace
 
 WDevViewSwxNtpTable::WDevViewSwxNtpTable(Wt::WContainerWidget* parent)
-    : WSettingsTable(kSpec, kRows, parent) {
-    widget<WEnableDisable>(kControl)->changed().connect(
-        this, &WDevViewSwxNtpTable::ntpControlSelectionChangedHandler);
-}
-
-void WDevViewSwxNtpTable::ntpControlSelectionChangedHandler() {
-    setRowEnabled(kPrimary, widget<WEnableDisable>(kControl)->isChosenEnabled());
-}
+    : WSettingsTable(kSpec, kRows, parent) {}
 
 void WDevViewSwxNtpTable::clearStatus() {
-    widget<WNtpStatus>(kStatus)->setText("");
+    widget<WNtpStatus>(kStatusKey)->setText("");
 }
 
 void WDevViewSwxNtpTable::readFromDatabase(const Indexes& indexes, bool force) {
     WSettingsTable::readFromDatabase(indexes, force);
-    setRowEnabled(kControl, !anySwxInConflict(indexes));
-    const bool on = widget<WEnableDisable>(kControl)->currentIndex() == 0;
-    setRowEnabled(kPrimary, on);
-    setRowEnabled(kSecondary, on);
-    if (!on) widget<WNtpStatus>(kStatus)->setText(tr("[RSnnn]Inactive"));
-    setRowEnabled(kStatus, false);
-    setRowEnabled(kTime, false);
-}
-
-bool WDevViewSwxNtpTable::isAllValid() {
-    return widget<WEnableDisable>(kControl)->isChosenDisabled() ||
-           (widget<WHostAddr>(kPrimary)->isValid() && widget<WHostAddr>(kSecondary)->isValid());
-}
-
-bool WDevViewSwxNtpTable::isAnyValid() {
-    return widget<WEnableDisable>(kControl)->isChosenDisabled() || widget<WHostAddr>(kPrimary)->isValid();
+    if (!widget<WEnableDisable>("ntpEnable")->isChosenEnabled())
+        widget<WNtpStatus>(kStatusKey)->setText(tr("[RSnnn]Inactive"));
 }
 
 WDevViewSwxNtp::WDevViewSwxNtp(Wt::WContainerWidget* parent)

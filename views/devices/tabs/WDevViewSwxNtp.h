@@ -9,13 +9,11 @@ public:
     explicit WDevViewSwxNtpTable(Wt::WContainerWidget* parent = nullptr);
 
     /// The user switched NTP on or off: the primary address follows at once, the secondary at the next read.
-    void ntpControlSelectionChangedHandler();
+    void ntpControlSelectionChangedHandler() { followChoices(); }
     /// Empties the status: after new settings the old one says nothing.
     void clearStatus();
 
     void readFromDatabase(const Indexes& indexes, bool force) override;
-    bool isAllValid() override;
-    bool isAnyValid() override;
 };
 
 class WDevViewSwxNtp : public WSettingsTab {

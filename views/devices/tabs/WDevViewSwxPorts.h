@@ -1,7 +1,7 @@
 #pragma once
 
 #include "frame/RecordPane.h"
-#include "views/devices/tabs/DevStatusTab.h"
+#include "frame/StatusTab.h"
 
 /// What is plugged into the ports of a Switch. Meant for one Switch: with several, the rows of each later one
 /// take the place of those before, and the rows that are left over stay empty.
@@ -15,7 +15,7 @@ private:
     bool readSwitch(struct ZeqClient_s* client, unsigned swxIndex);
 };
 
-class WDevViewSwxPorts : public Wt::WContainerWidget, public DevStatusTab {
+class WDevViewSwxPorts : public Wt::WContainerWidget, public StatusTab {
 public:
     explicit WDevViewSwxPorts(Wt::WContainerWidget* parent = nullptr);
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "frame/RecordPane.h"
-#include "views/devices/tabs/DevTableStatusTab.h"
+#include "frame/TableStatusTab.h"
 
 /// Who is connected to a Transmitter: a row for each session. Empty for several Transmitters.
 class WDevViewTxSesStatusTable : public RecordPane {
@@ -11,7 +11,7 @@ public:
     void readFromDatabase(const std::vector<unsigned>& indexes, bool force);
 };
 
-class WDevViewTxSesStatus : public DevTableStatusTab<WDevViewTxSesStatusTable> {
+class WDevViewTxSesStatus : public TableStatusTab<WDevViewTxSesStatusTable> {
 public:
-    using DevTableStatusTab::DevTableStatusTab;
+    using TableStatusTab::TableStatusTab;
 };

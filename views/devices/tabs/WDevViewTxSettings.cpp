@@ -7,10 +7,7 @@
 
 namespace {
 
-// A refusal is logged; only a lost connection is told to the user.
-constexpr SettingsTableSpec kSpec{.resource = "tx", .refusalFails = false};
-
-enum Row1 { kIcon, kWakeOnLan, kMacAddress };
+constexpr SettingsTableSpec kSpec{.resource = "tx"};
 
 constexpr SettingsRow kRows1[] = {
     {.label = "[RSnnn]Icon",
@@ -24,7 +21,9 @@ constexpr SettingsRow kRows1[] = {
     {.label = "[RSnnn]Wake on LAN MAC Address",
      .make = makeSettingsField<WMacAddr>,
      .key = "wakeOnLanMacAddress",
-     .tooltip = "tt.dev.tx.setting.wakeOnLanMacAddress"},
+     .tooltip = "tt.dev.tx.setting.wakeOnLanMacAddress",
+     .enabledWhen = {.key = "wakeOnLan", .is = "enabled"},
+     .judgedForSeveral = false},
     {.label = "[RSnnn]USB Mode",
      .make = makeSettingsField<WUsbMode>,
      .key = "usbMode",
@@ -57,24 +56,7 @@ constexpr SettingsRow kRows2[] = {
 } // namespace
 
 WDevViewTxSettingsTable1::WDevViewTxSettingsTable1(Wt::WContainerWidget* parent)
-    : WSettingsTable(kSpec, kRows1, parent) {
-    widget<WEnableDisable>(kWakeOnLan)
-        ->changed()
-        .connect(this, &WDevViewTxSettingsTable1::wakeOnLanSelectionChangedHandler);
-}
-
-void WDevViewTxSettingsTable1::wakeOnLanSelectionChangedHandler() {
-    setRowEnabled(kMacAddress, widget<WEnableDisable>(kWakeOnLan)->isChosenEnabled());
-}
-
-void WDevViewTxSettingsTable1::readFromDatabase(const Indexes& indexes, bool force) {
-    WSettingsTable::readFromDatabase(indexes, force);
-    wakeOnLanSelectionChangedHandler();
-}
-
-bool WDevViewTxSettingsTable1::isAllValid() {
-    return !widget<WEnableDisable>(kWakeOnLan)->isChosenEnabled() || widget<WMacAddr>(kMacAddress)->isValid();
-}
+    : WSettingsTable(kSpec, kRows1, parent) {}
 
 WDevViewTxSettingsTable2::WDevViewTxSettingsTable2(Wt::WContainerWidget* parent)
     : WSettingsTable(kSpec, kRows2, parent) {}

@@ -9,11 +9,7 @@ public:
     explicit WDevViewTxSettingsTable1(Wt::WContainerWidget* parent = nullptr);
 
     /// The MAC address counts only while wake on LAN is enabled.
-    void wakeOnLanSelectionChangedHandler();
-
-    void readFromDatabase(const Indexes& indexes, bool force) override;
-    bool isAllValid() override;
-    bool isAnyValid() override { return true; }
+    void wakeOnLanSelectionChangedHandler() { followChoices(); }
 };
 
 /// Access, traffic, audio.

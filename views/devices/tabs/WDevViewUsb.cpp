@@ -3,34 +3,68 @@
 #include "db/Db.h"
 #include "db/DeviceState.h"
 
-#include <Wt/WHBoxLayout>
+#include <array>
 
 namespace {
 
-constexpr int kSpacing = 10; // pixels
+using enum UsbFormat;
 
-constexpr UsbDiagRow kRxRows[] = {
-    {"[RSnnn]Receiver SRP"},
-    {"[RSnnn]Version", "srpVersion", UsbFormat::Version},
-    {"[RSnnn]Status", "srpStatus", UsbFormat::Hex2},
-    {"[RSnnn]Flags", "srpFlags", UsbFormat::Hex2},
-    {"[RSnnn]Receiver SCP"},
-    {"[RSnnn]Error", "scpError", UsbFormat::Hex2},
-    {"[RSnnn]Flags", "scpFlags", UsbFormat::Hex8},
-    {"[RSnnn]PS Held", "scpPSHeldCount", UsbFormat::Hex2},
-    {"[RSnnn]Per Held", "scpPerHeldCount", UsbFormat::Hex2},
-    {"[RSnnn]Ctl Held", "scpCtlHeldCount", UsbFormat::Hex2},
-    {"[RSnnn]Bulk Held", "scpBulkHeldCount", UsbFormat::Hex2},
-    {"[RSnnn]Retry Held", "scpRetryHeldCount", UsbFormat::Hex2},
-    {"[RSnnn]uCount", "scpUCount", UsbFormat::Hex4},
-    {"[RSnnn]Per Drop", "scpPerDropCount", UsbFormat::Hex8},
-    {"[RSnnn]OSD Active", "scpOsdActive", UsbFormat::Hex2},
-    {"[RSnnn]Mem Reset", "scpMemResetReq", UsbFormat::Hex2},
-    {"[RSnnn]Con Req", "scpConnectReq", UsbFormat::Hex2},
-    {"[RSnnn]Con Active", "scpConnectActive", UsbFormat::Hex2},
-    {"[RSnnn]Discon Status", "scpDisconnectStatus", UsbFormat::Hex2},
-    {"[RSnnn]Ext Active", "scpExtensionActive", UsbFormat::Hex2},
+constexpr SettingsTableSpec kRxSpec = usbSpec("rxUsbDiag");
+constexpr SettingsTableSpec kTxSpec = usbSpec("txUsbDiag");
+
+constexpr SettingsRow kRxRows[] = {
+    usbGroup("[RSnnn]Receiver SRP"),
+    usbRow<Version>("[RSnnn]Version", "srpVersion"),
+    usbRow<Hex2>("[RSnnn]Status", "srpStatus"),
+    usbRow<Hex2>("[RSnnn]Flags", "srpFlags"),
+    usbGroup("[RSnnn]Receiver SCP"),
+    usbRow<Hex2>("[RSnnn]Error", "scpError"),
+    usbRow<Hex8>("[RSnnn]Flags", "scpFlags"),
+    usbRow<Hex2>("[RSnnn]PS Held", "scpPSHeldCount"),
+    usbRow<Hex2>("[RSnnn]Per Held", "scpPerHeldCount"),
+    usbRow<Hex2>("[RSnnn]Ctl Held", "scpCtlHeldCount"),
+    usbRow<Hex2>("[RSnnn]Bulk Held", "scpBulkHeldCount"),
+    usbRow<Hex2>("[RSnnn]Retry Held", "scpRetryHeldCount"),
+    usbRow<Hex4>("[RSnnn]uCount", "scpUCount"),
+    usbRow<Hex8>("[RSnnn]Per Drop", "scpPerDropCount"),
+    usbRow<Hex2>("[RSnnn]OSD Active", "scpOsdActive"),
+    usbRow<Hex2>("[RSnnn]Mem Reset", "scpMemResetReq"),
+    usbRow<Hex2>("[RSnnn]Con Req", "scpConnectReq"),
+    usbRow<Hex2>("[RSnnn]Con Active", "scpConnectActive"),
+    usbRow<Hex2>("[RSnnn]Discon Status", "scpDisconnectStatus"),
+    usbRow<Hex2>("[RSnnn]Ext Active", "scpExtensionActive"),
 };
+
+/// Transmitter's side, in the words of the page it stands on.
+struct UsbTxGroupKeys {
+    const char* hcp;
+    const char* hrp;
+    const char* hsp;
+};
+constexpr std::array<SettingsRow, 20> usbTxRows(const UsbTxGroupKeys& groups) {
+    return {{
+        usbGroup(groups.hcp),
+        usbRow<Version>("[RSnnn]Version", "hcpVersion"),
+        usbRow<Hex2>("[RSnnn]Status", "hcpStatus"),
+        usbRow<Hex2>("[RSnnn]Flags", "hcpFlags"),
+        usbRow<Hex2>("[RSnnn]EState", "hcpEState"),
+        usbRow<Hex2>("[RSnnn]Hub1", "hcpHub1"),
+        usbRow<Hex2>("[RSnnn]Hub2", "hcpHub2"),
+        usbRow<Hex2>("[RSnnn]HID", "hcpHid"),
+        usbRow<Hex2>("[RSnnn]TxState", "hcpTxState"),
+        usbRow<Hex2>("[RSnnn]GFlags", "hcpGFlags"),
+        usbRow<Hex2>("[RSnnn]TFlags", "hcpTFlags"),
+        usbRow<Hex2>("[RSnnn]Count", "hcpCount"),
+        usbRow<Hex2>("[RSnnn]LastDevNum", "hcpLastDevNum"),
+        usbRow<Hex2>("[RSnnn]LastDevEndPt", "hcpLastDevEndPt"),
+        usbGroup(groups.hrp),
+        usbRow<Version>("[RSnnn]Version", "hrpVersion"),
+        usbRow<Hex2>("[RSnnn]Status", "hrpStatus"),
+        usbGroup(groups.hsp),
+        usbRow<Version>("[RSnnn]Version", "hspVersion"),
+        usbRow<Hex2>("[RSnnn]Status", "hspStatus"),
+    }};
+}
 
 constexpr auto kRxPageTxRows = usbTxRows(
     {"[RSnnn]Transmitter HCP", "[RSnnn]Transmitter HRP", "rcv.deviceDetails.usb.label.TransmitterHSP"});
@@ -39,7 +73,7 @@ constexpr auto kTxPageRows = usbTxRows({"[RSnnn]HCP", "[RSnnn]HRP", "xmt.deviceD
 } // namespace
 
 WDevViewRxUsbRxTable::WDevViewRxUsbRxTable(Wt::WContainerWidget* parent)
-    : UsbDiagTable("rxUsbDiag", kRxRows, parent) {}
+    : UsbDiagTable(kRxSpec, kRxRows, parent) {}
 
 bool WDevViewRxUsbRxTable::findRecord(unsigned rxIndex, unsigned& recordIndex) {
     recordIndex = rxIndex;
@@ -48,7 +82,7 @@ bool WDevViewRxUsbRxTable::findRecord(unsigned rxIndex, unsigned& recordIndex) {
 }
 
 WDevViewRxUsbTxTable::WDevViewRxUsbTxTable(Wt::WContainerWidget* parent)
-    : UsbDiagTable("txUsbDiag", kRxPageTxRows, parent) {}
+    : UsbDiagTable(kTxSpec, kRxPageTxRows, parent) {}
 
 bool WDevViewRxUsbTxTable::findRecord(unsigned rxIndex, unsigned& recordIndex) {
     std::vector<std::string> errors;
@@ -58,7 +92,7 @@ bool WDevViewRxUsbTxTable::findRecord(unsigned rxIndex, unsigned& recordIndex) {
 }
 
 WDevViewTxUsbTable::WDevViewTxUsbTable(Wt::WContainerWidget* parent)
-    : UsbDiagTable("txUsbDiag", kTxPageRows, parent) {}
+    : UsbDiagTable(kTxSpec, kTxPageRows, parent) {}
 
 bool WDevViewTxUsbTable::findRecord(unsigned txIndex, unsigned& recordIndex) {
     recordIndex = txIndex;
@@ -67,23 +101,4 @@ bool WDevViewTxUsbTable::findRecord(unsigned txIndex, unsigned& recordIndex) {
 }
 
 WDevViewRxUsb::WDevViewRxUsb(Wt::WContainerWidget* parent)
-    : Wt::WContainerWidget(parent), mTxTable(new WDevViewRxUsbTxTable), mRxTable(new WDevViewRxUsbRxTable) {
-    auto* layout = new Wt::WHBoxLayout;
-    layout->setSpacing(kSpacing);
-    layout->addWidget(mTxTable, 0, Wt::AlignTop);
-    layout->addWidget(mRxTable, 0, Wt::AlignTop);
-    layout->addWidget(new Wt::WTable, 1);
-    setLayout(layout);
-}
-
-void WDevViewRxUsb::readFromDatabase(const std::vector<unsigned>& indexes) {
-    mTxTable->readFromDatabase(indexes);
-    mRxTable->readFromDatabase(indexes);
-}
-
-WDevViewTxUsb::WDevViewTxUsb(Wt::WContainerWidget* parent)
-    : Wt::WContainerWidget(parent), mTable(new WDevViewTxUsbTable(this)) {}
-
-void WDevViewTxUsb::readFromDatabase(const std::vector<unsigned>& indexes) {
-    mTable->readFromDatabase(indexes);
-}
+    : ShownTables({new WDevViewRxUsbTxTable, new WDevViewRxUsbRxTable}, parent) {}

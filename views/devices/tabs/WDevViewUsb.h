@@ -1,9 +1,7 @@
 #pragma once
 
-#include "views/devices/tabs/DevStatusTab.h"
+#include "frame/ShownTables.h"
 #include "views/devices/tabs/UsbDiagTable.h"
-
-#include <Wt/WContainerWidget>
 
 /// Receiver's side of its USB transport. Empty while the Receiver is not ready.
 class WDevViewRxUsbRxTable : public UsbDiagTable {
@@ -32,23 +30,12 @@ protected:
     bool findRecord(unsigned txIndex, unsigned& recordIndex) override;
 };
 
-class WDevViewRxUsb : public Wt::WContainerWidget, public DevStatusTab {
+class WDevViewRxUsb : public ShownTables {
 public:
     explicit WDevViewRxUsb(Wt::WContainerWidget* parent = nullptr);
-
-    void readFromDatabase(const std::vector<unsigned>& indexes) override;
-
-private:
-    WDevViewRxUsbTxTable* mTxTable;
-    WDevViewRxUsbRxTable* mRxTable;
 };
 
-class WDevViewTxUsb : public Wt::WContainerWidget, public DevStatusTab {
+class WDevViewTxUsb : public ShownTable<WDevViewTxUsbTable> {
 public:
-    explicit WDevViewTxUsb(Wt::WContainerWidget* parent = nullptr);
-
-    void readFromDatabase(const std::vector<unsigned>& indexes) override;
-
-private:
-    WDevViewTxUsbTable* mTable;
+    using ShownTable::ShownTable;
 };

@@ -1,14 +1,14 @@
 #pragma once
 
-#include "views/devices/tabs/DevStatusTab.h"
+#include "frame/StatusTab.h"
 
 #include <Wt/WContainerWidget>
 
 /// A status tab that is one table with readFromDatabase(indexes, force).
 template <class Table>
-class DevTableStatusTab : public Wt::WContainerWidget, public DevStatusTab {
+class TableStatusTab : public Wt::WContainerWidget, public StatusTab {
 public:
-    explicit DevTableStatusTab(Wt::WContainerWidget* parent = nullptr)
+    explicit TableStatusTab(Wt::WContainerWidget* parent = nullptr)
         : Wt::WContainerWidget(parent), mTable(new Table(this)) {}
 
     void readFromDatabase(const std::vector<unsigned>& indexes) override {

@@ -1,5 +1,0 @@
-#pragma once
-
-#include "frame/StatusTab.h"
-
-using DevStatusTab = StatusTab;
