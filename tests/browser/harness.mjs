@@ -37,7 +37,11 @@ export class Context {
    * test expects. @param {object} options of newContext, and `expectErrors` */
   async page(options = {}) {
     const { expectErrors = false, ...rest } = options;
-    const context = await this.browser.newContext({ ignoreHTTPSErrors: true, viewport: { width: 1280, height: 800 }, ...rest });
+    const context = await this.browser.newContext({
+      ignoreHTTPSErrors: true,
+      viewport: { width: 1280, height: 800 },
+      ...rest,
+    });
     this.contexts.push(context);
     const page = await context.newPage();
     page.setDefaultTimeout(15_000);
@@ -64,7 +68,10 @@ export class Context {
     let n = 0;
     for (const context of this.contexts) {
       for (const page of context.pages()) {
-        if (failed) await page.screenshot({ path: join(outDir, `FAILED-${this.name.replace(/\W+/g, '-')}-${++n}.png`) }).catch(() => {});
+        if (failed)
+          await page
+            .screenshot({ path: join(outDir, `FAILED-${this.name.replace(/\W+/g, '-')}-${++n}.png`) })
+            .catch(() => {});
       }
       await context.close().catch(() => {});
     }
@@ -74,7 +81,9 @@ export class Context {
 
 function limit(promise, ms) {
   let timer;
-  const late = new Promise((_, reject) => { timer = setTimeout(() => reject(new Error(`did not end within ${ms / 1000} s`)), ms); });
+  const late = new Promise((_, reject) => {
+    timer = setTimeout(() => reject(new Error(`did not end within ${ms / 1000} s`)), ms);
+  });
   return Promise.race([promise, late]).finally(() => clearTimeout(timer));
 }
 
@@ -107,7 +116,12 @@ export async function runAll(only, words = '') {
       const seconds = ((Date.now() - begin) / 1000).toFixed(1);
       if (problem) {
         failed++;
-        console.log(`FAILED: ${file}: ${name} (${seconds} s)\n  ${String(problem.stack || problem).split('\n').slice(0, 12).join('\n  ')}`);
+        console.log(
+          `FAILED: ${file}: ${name} (${seconds} s)\n  ${String(problem.stack || problem)
+            .split('\n')
+            .slice(0, 12)
+            .join('\n  ')}`
+        );
       } else {
         passed++;
         console.log(`passed: ${file}: ${name} (${seconds} s)`);
