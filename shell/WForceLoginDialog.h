@@ -9,8 +9,8 @@ class WPushButton;
 class WDialogHeading;
 class WEstabSesRxTable;
 
-/// Asks at which Receiver a user is to be logged in. Run with exec(); offers the Receivers that the user may
-/// use now.
+/// Asks at which Receiver a user is to be logged in. Run with exec();
+/// offers the Receivers that the user may use now.
 class WForceLoginDialog : public Wt::WDialog {
 public:
     explicit WForceLoginDialog(unsigned int usrIndex);

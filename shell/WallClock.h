@@ -6,6 +6,6 @@
 /// whoever sets the Switch's clock.
 std::time_t WallClock_now();
 
-/// Where the time comes from, for the whole process; null = the system's clock. Any thread may read it
-/// meanwhile.
+/// Where the time comes from, for the whole process; null = the system's clock.
+/// Any thread may read it meanwhile.
 void WallClock_setSource(std::time_t (*source)());
