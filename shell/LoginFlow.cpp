@@ -115,11 +115,10 @@ void MirlApplication::loginButtonClickedHandler() {
 void MirlApplication::loginFailed() {
     if (++sLoginFailureCount > kFailuresAllowed) sLoginLockoutTimeSec = nowSec();
     deleteOwned(mAuthFailureBox);
-    mAuthFailureBox =
-        new WMsgBoxSimple(WMsgBoxSimple::Error, tr("[RSnnn]Authentication failure"),
-                          tr("[RSnnn]Incorrect username, password, or privileges. Username and password are "
-                             "case sensitive."),
-                          tr("[RSnnn]Ok"));
+    mAuthFailureBox = new WMsgBoxSimple(WMsgBoxSimple::Error, tr("[RSnnn]Authentication failure"),
+                                        tr("[RSnnn]Incorrect username, password, or privileges. "
+                                           "Username and password are case sensitive."),
+                                        tr("[RSnnn]Ok"));
     showOverLogin(*mAuthFailureBox);
 }
 
@@ -139,8 +138,7 @@ void MirlApplication::forgotPasswordClickedHandler() {
     mForgotPasswordBox = new WMsgBoxSimple(
         WMsgBoxSimple::Info, tr("[RSnnn]Forgot Password"),
         tr("[RSnnn]Contact Technical Support for help resetting the administrator password. "
-           "To perform the reset, you will need physical access to the serial port on this "
-           "Switch."),
+           "To perform the reset, you will need physical access to the serial port on this Switch."),
         tr("[RSnnn]Ok"));
     showOverLogin(*mForgotPasswordBox);
 }

@@ -23,8 +23,8 @@
 #include <Wt/WTableCell>
 #include <Wt/WText>
 
-/// One main tab: its label, its place among the section tab items (-1 for none), and what to call on its
-/// view.
+/// One main tab: its label, its place among the section tab items (-1 for none),
+/// and what to call on its view.
 struct MirlApplication::MainTab {
     const char* label;
     int section;

@@ -35,13 +35,13 @@ class WSysSettingsView;
 class WUsrView;
 struct ZeqClient_s;
 
-/// One browser session: its connection to the internal database service, the road from banner and login to
-/// the pages, its timers and its unsaved-change marks. Lives from the browser's first visit to logout or
-/// expiry.
+/// One browser session: its connection to the internal database service,
+/// the road from banner and login to the pages, its timers and its unsaved-change marks.
+/// Lives from the browser's first visit to logout or expiry.
 class MirlApplication : public Wt::WApplication {
 public:
-    /// Connects to the database service and puts up the session's first screen: may wait up to 5 s in nested
-    /// loops.
+    /// Connects to the database service and puts up the session's first screen:
+    /// may wait up to 5 s in nested loops.
     explicit MirlApplication(const Wt::WEnvironment& env);
     ~MirlApplication() override;
 
@@ -49,8 +49,8 @@ public:
     static MirlApplication* current();
 
     // Database client. Opened on demand, given back while the session waits on banner or login.
-    /// The session's client, opened if need be. May be invalid: test it with ZeqClient_isValid. Owned by
-    /// this.
+    /// The session's client, opened if need be. May be invalid: test it with ZeqClient_isValid.
+    /// Owned by this.
     ZeqClient_s* getZeqClient();
     void closeZeqClient();
 
@@ -92,8 +92,8 @@ public:
     void exitApplication();
 
 protected:
-    /// Every event of the session passes here: keeps the time of the user's last action and ends an idle
-    /// session.
+    /// Every event of the session passes here: keeps the time of the user's last action and ends
+    /// an idle session.
     void notify(const Wt::WEvent& event) override;
 
 private:
@@ -107,8 +107,8 @@ private:
     void showConnectionError();
     /// False when it cannot be read; the former limit then stays.
     bool readInactivityTimeout();
-    /// Called with the kind of every event. Timers and the like are no activity: they are what ends an idle
-    /// session.
+    /// Called with the kind of every event. Timers and the like are no activity:
+    /// they are what ends an idle session.
     void watchInactivity(Wt::EventType type);
     bool idleLimitExceeded();
 
@@ -138,8 +138,8 @@ private:
     void placeTableAndVersion();
     void mainTabChangedHandler();
 
-    // Shared by the sessions of the process, without a lock: a lost update costs one uncounted failure at
-    // worst.
+    // Shared by the sessions of the process, without a lock:
+    // a lost update costs one uncounted failure at worst.
     static std::atomic<std::int32_t> sAppInstanceCount; // live sessions, for the log
     static std::atomic<std::uint32_t>
         sLoginFailureCount; // failed logins in a row, over all sessions and names

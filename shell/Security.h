@@ -7,8 +7,8 @@
 /// success and 1 for failure; what the service refused is appended to errors in the user's words and logged.
 
 /// Opens an admin session. usrIndex and passwordIsInitialized are meaningful after success only;
-/// passwordIsInitialized false means that the user has yet to set a first password. A lost service reads as a
-/// refusal.
+/// passwordIsInitialized false means that the user has yet to set a first password.
+/// A lost service reads as a refusal.
 int Security_loginMirlUser(const char* username, const char* password, unsigned int& usrIndex,
                            bool& passwordIsInitialized);
 
@@ -21,6 +21,6 @@ int Security_setPassword(const char* username, const char* password);
 int Security_loginRxUser(unsigned int usrIndex, unsigned int rxIndex, std::vector<std::string>& errors);
 int Security_logoutUserByRxIndex(unsigned int rxIndex, std::vector<std::string>& errors);
 
-/// Ends all Receiver logins of a user; one that cannot be ended makes the result 1 and does not keep the
-/// others.
+/// Ends all Receiver logins of a user; one that cannot be ended makes the result 1 and does not
+/// keep the others.
 int Security_logoutUserByUserIndex(unsigned int usrIndex, std::vector<std::string>& errors);

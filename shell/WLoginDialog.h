@@ -10,8 +10,8 @@ class WLineEdit;
 class WPushButton;
 } // namespace Wt
 
-/// Asks for user name and password. Only the fields and what stands around them: the session connects the
-/// widgets.
+/// Asks for user name and password. Only the fields and what stands around them:
+/// the session connects the widgets.
 class WLoginDialog : public Wt::WDialog {
 public:
     WLoginDialog();

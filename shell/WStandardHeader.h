@@ -4,8 +4,8 @@
 
 #include <string>
 
-/// Head of every page: the brand's logos, who is logged in to which Switch, and the links. The text is fixed
-/// at login.
+/// Head of every page: the brand's logos, who is logged in to which Switch, and the links.
+/// The text is fixed at login.
 class WStandardHeader : public Wt::WContainerWidget {
 public:
     /// username: UTF-8.

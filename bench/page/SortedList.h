@@ -4,9 +4,9 @@
 #include <Wt/WStandardItemModel>
 #include <Wt/WTableView>
 
-/// A list as the product's pages have it: a model that every refresh empties and fills again, a proxy that
-/// sorts and filters, a view that hides the record index. The view belongs to the parent, the models to the
-/// view.
+/// A list as the product's pages have it: a model that every refresh empties and fills again,
+/// a proxy that sorts and filters, a view that hides the record index.
+/// The view belongs to the parent, the models to the view.
 class SortedList {
 public:
     static constexpr int kColumns = 6;

@@ -1,5 +1,5 @@
-// Serves the synthetic page. Takes the command line of any program on the toolkit; prints "port N" once it
-// listens.
+// Serves the synthetic page. Takes the command line of any program on the toolkit;
+// prints "port N" once it listens.
 #include "page/SyntheticPage.h"
 
 #include <Wt/WServer>

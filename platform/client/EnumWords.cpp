@@ -17,7 +17,7 @@ constexpr const char* kEnabledWords[] = {"disabled", "enabled"};
 
 } // namespace
 
-// An access mode nobody knows yet counts as the widest.
+// On purpose: an access mode nobody knows yet counts as the widest, where other words count as the first.
 const EnumWords kAccessMode{kAccessModeWords, 3};
 const EnumWords kUserRole{kUserRoleWords};
 const EnumWords kSwxMode{kSwxModeWords};

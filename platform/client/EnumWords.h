@@ -1,5 +1,5 @@
-// Enumerations: the words of the database and their numbers, which count from 1. Internal to the client
-// library.
+// Enumerations: the words of the database and their numbers, which count from 1.
+// Internal to the client library.
 #ifndef PLATFORM_CLIENT_ENUMWORDS_H
 #define PLATFORM_CLIENT_ENUMWORDS_H
 

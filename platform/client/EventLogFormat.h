@@ -1,5 +1,5 @@
-// Arguments of a log message with their types, and a check of literal formats while compiling. Internal to
-// EventLog.h.
+// Arguments of a log message with their types, and a check of literal formats while compiling.
+// Internal to EventLog.h.
 #ifndef PLATFORM_CLIENT_EVENTLOGFORMAT_H
 #define PLATFORM_CLIENT_EVENTLOGFORMAT_H
 

@@ -11,8 +11,8 @@ namespace {
 
 using Kind = EventLogArg::Kind;
 
-/// Integer argument as a printf conversion sees it: small ones promoted to int, others cut to the size that
-/// was passed.
+/// Integer argument as a printf conversion sees it: small ones promoted to int,
+/// others cut to the size that was passed.
 unsigned long long unsignedOf(const EventLogArg& arg) {
     if (arg.size >= sizeof(long long)) return arg.bits;
     return static_cast<unsigned>(arg.bits);

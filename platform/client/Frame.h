@@ -13,8 +13,8 @@ namespace zeq {
 constexpr std::size_t kFrameHeaderBytes = 4;
 constexpr std::size_t kRequestMaxBytes = 1u << 20;
 constexpr std::size_t kAnswerMaxBytes = 64u << 20;
-/// Levels of JSON, the outermost being level 1. Parser and destructor of a tree recurse, on small thread
-/// stacks.
+/// Levels of JSON, the outermost being level 1. Parser and destructor of a tree recurse,
+/// on small thread stacks.
 constexpr int kJsonMaxDepth = 32;
 
 std::array<char, kFrameHeaderBytes> frameHeader(std::size_t payloadBytes);

@@ -17,8 +17,8 @@ ZeqClient_s* ZeqClient_new(void);
 /// new one is opened.
 int ZeqClient_isValid(const ZeqClient_s* client);
 
-/// Ends the connection and frees the handle, also that of a connection which has already ended. Null is
-/// allowed.
+/// Ends the connection and frees the handle, also that of a connection which has already ended.
+/// Null is allowed.
 void ZeqClient_close(ZeqClient_s* client);
 
 /// Sends the request and waits for its answer, at most 30 s (environment ZEQ_TIMEOUT_MS, in milliseconds).

@@ -36,8 +36,8 @@ int ZeqObj_setObject(json_t* object, const char* key, json_t* child) {
 }
 
 int ZeqObj_setString(json_t* object, const char* key, const char* text) {
-    // Broken UTF-8 is kept as it is: sending then fails as a whole, and is logged, instead of losing one key
-    // silently.
+    // On purpose: broken UTF-8 is kept as it is. Sending then fails as a whole, and is logged,
+    // instead of losing one key silently.
     return setValue(object, key, text ? json_string_nocheck(text) : nullptr);
 }
 

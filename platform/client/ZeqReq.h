@@ -1,5 +1,5 @@
-// Requests: by resource name (ZeqReqUtil_*) and ready made for one kind of record (ZeqReq_*). Conventions:
-// ZeqTypes.h.
+// Requests: by resource name (ZeqReqUtil_*) and ready made for one kind of record
+// (ZeqReq_*). Conventions: ZeqTypes.h.
 #ifndef PLATFORM_CLIENT_ZEQREQ_H
 #define PLATFORM_CLIENT_ZEQREQ_H
 
@@ -25,8 +25,8 @@ int ZeqReqUtil_setStringParam(json_t* request, const char* key, const char* text
 int ZeqReqUtil_setBooleanParam(json_t* request, const char* key, int value);
 int ZeqReqUtil_setObjectParam(json_t* request, const char* key, json_t* object);
 
-/// Selects a record of a read. Called again with the same key it selects one more: the answer then has a row
-/// for each.
+/// Selects a record of a read. Called again with the same key it selects one more:
+/// the answer then has a row for each.
 int ZeqReqUtil_setIntegerQuery(json_t* request, const char* key, json_int_t value);
 int ZeqReqUtil_setSelect(json_t* request, const char* key);
 

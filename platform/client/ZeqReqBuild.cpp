@@ -9,8 +9,8 @@ json_t* withIndex(json_t* request, uint32_t index) {
     return request;
 }
 
-/// A number that has no word goes out as it is: the service refuses it, rather than this library inventing a
-/// value.
+/// A number that has no word goes out as it is: the service refuses it,
+/// rather than this library inventing a value.
 int setEnumParam(json_t* request, const char* key, const zeq::EnumWords& words, int number) {
     const char* word = zeq::enumWord(words, number);
     return word ? ZeqReqUtil_setStringParam(request, key, word)

@@ -9,8 +9,8 @@ using zeq::JsonPtr;
 
 namespace {
 
-/// Attaches the select list given as JSON text, with or without its brackets. False when it is not a list of
-/// texts.
+/// Attaches the select list given as JSON text, with or without its brackets.
+/// False when it is not a list of texts.
 bool attachSelect(json_t* request, const char* select) {
     if (!select) return true;
     std::string text(select);

@@ -30,9 +30,9 @@ unsigned ZeqRspUtil_getIndexedBinaryParam(const json_t* table, int row, const ch
 /// Frees the whole tree, whatever it is.
 void ZeqRspUtil_free(json_t* response);
 
-// Getters of one record: a row, or a response of one row. Enumerations come as their numbers, counted from 1
-// in the order given; a word that is not listed reads as the first number (access modes: as 3), an absent key
-// as 0.
+// Getters of one record: a row, or a response of one row. Enumerations come as their numbers,
+// counted from 1 in the order given; a word that is not listed reads as the first number
+// (access modes: as 3), an absent key as 0.
 uint32_t ZeqRsp_connectionGetIndex(const json_t* record);
 uint32_t ZeqRsp_connectionGetRxIndex(const json_t* record);
 uint32_t ZeqRsp_connectionGetTxIndex(const json_t* record);

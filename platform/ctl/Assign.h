@@ -2,7 +2,7 @@
 #ifndef PLATFORM_CTL_ASSIGN_H
 #define PLATFORM_CTL_ASSIGN_H
 
-#include "platform/ctl/Catalogue.h"
+#include "platform/ctl/RemoteCatalogue.h"
 
 #include <istream>
 

@@ -8,9 +8,9 @@ namespace {
 
 constexpr CommandRow kCommands[] = {
     {"get", "get RESOURCE [INDEX[,INDEX...]] [KEY=VALUE...] [KEY...]", "read records",
-     "One key of one record prints the bare value, which is what scripts want. A singleton such as "
-     "systemGlobals\n"
-     "has no index. KEY=VALUE looks records up by another key. Nested keys are written with slashes.\n"
+     "One key of one record prints the bare value, which is what scripts want. A singleton such as\n"
+     "systemGlobals has no index. KEY=VALUE looks records up by another key. Nested keys are written\n"
+     "with slashes.\n"
      "\n"
      "  zeqctl get rx 3 name\n"
      "  zeqctl get rx 3,4,5 name status\n"
@@ -19,23 +19,18 @@ constexpr CommandRow kCommands[] = {
      "  zeqctl get systemGlobals mirlInactivityTimeout\n",
      "rk", runGet},
     {"list", "list RESOURCE [KEY=VALUE...] [KEY...]", "show records as a table",
-     "All records, or those that have the values. Without keys, those keys that tell the records apart. "
-     "Times are "
-     "local.\n"
-     "An empty table is no failure.\n"
+     "All records, or those that have the values. Without keys, those keys that tell the records\n"
+     "apart. Times are local. An empty table is no failure.\n"
      "\n"
      "  zeqctl list rx\n"
      "  zeqctl list rx status=offline\n"
      "  zeqctl list user index name role\n",
      "rk", runList},
     {"set", "set RESOURCE [INDEX[,INDEX...]] KEY=VALUE...", "change a record",
-     "All values of one record go in one request: all are stored, or none. Several indexes are written one "
-     "after the\n"
-     "other, and the first refusal ends the command. VALUE is text, or a number where the key holds one; "
-     "KEY:=JSON\n"
-     "gives any JSON; KEY=@FILE takes the content of a file, KEY=@- that of standard input, which keeps "
-     "secrets out\n"
-     "of the list of processes.\n"
+     "All values of one record go in one request: all are stored, or none. Several indexes are\n"
+     "written one after the other, and the first refusal ends the command. VALUE is text, or a number\n"
+     "where the key holds one; KEY:=JSON gives any JSON; KEY=@FILE takes the content of a file, KEY=@-\n"
+     "that of standard input, which keeps secrets out of the list of processes.\n"
      "\n"
      "  zeqctl set rx 3 name=\"Desk 3\" location=\"Control room\"\n"
      "  zeqctl set swx 1 network/ipv4/ipAddress=10.0.0.2\n"
@@ -54,16 +49,15 @@ constexpr CommandRow kCommands[] = {
      "  zeqctl delete user 7\n",
      "r", runDelete},
     {"watch", "watch RESOURCE [INDEX[,INDEX...]] [KEY...]", "print changes as they happen",
-     "Looks every second (--interval) and prints a line for each change, until Ctrl-C or --count changes. "
-     "Goes on when\n"
-     "the service restarts.\n"
+     "Looks every second (--interval) and prints a line for each change, until Ctrl-C or --count\n"
+     "changes. Goes on when the service restarts.\n"
      "\n"
      "  zeqctl watch rx status upgradeStatus upgradePercent\n"
      "  zeqctl watch connection --json\n",
      "rk", runWatch},
     {"describe", "describe [RESOURCE]", "tell which resources and keys there are",
-     "Without a resource, all of them; with one, its methods, and the type, access, limits and default of "
-     "its keys.\n"
+     "Without a resource, all of them; with one, its methods, and the type, access, limits and\n"
+     "default of its keys.\n"
      "\n"
      "  zeqctl describe\n"
      "  zeqctl describe rx\n",
@@ -100,7 +94,7 @@ void runCommand(const std::vector<std::string>& arguments, std::istream& in, std
     if (!arguments.empty() && arguments.front() == "__complete") {
         // The words behind it are the user's own, half typed.
         Options none = parseOptions({});
-        Service service(none.socket, none.timeout);
+        RemoteService service(none.socket, none.timeout);
         Context context{service, none, {arguments.begin() + 1, arguments.end()}, in, out, err};
         return runComplete(context);
     }
@@ -110,7 +104,7 @@ void runCommand(const std::vector<std::string>& arguments, std::istream& in, std
         return;
     }
     const CommandRow* command = select(options);
-    Service service(options.socket, options.timeout);
+    RemoteService service(options.socket, options.timeout);
     Context context{service, options, {}, in, out, err};
     if (!options.words.empty()) context.words.assign(options.words.begin() + 1, options.words.end());
     command->run(context);

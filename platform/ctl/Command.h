@@ -2,8 +2,8 @@
 #ifndef PLATFORM_CTL_COMMAND_H
 #define PLATFORM_CTL_COMMAND_H
 
-#include "platform/ctl/Options.h"
-#include "platform/ctl/Service.h"
+#include "platform/ctl/CommandLine.h"
+#include "platform/ctl/RemoteService.h"
 
 #include <istream>
 #include <ostream>
@@ -14,7 +14,7 @@
 namespace zeqctl {
 
 struct Context {
-    Service& service;
+    RemoteService& service;
     const Options& options;
     std::vector<std::string> words; ///< what follows the command's name
     std::istream& in;
@@ -27,8 +27,8 @@ struct CommandRow {
     const char* synopsis;
     const char* summary;
     const char* details; ///< taught by --help after the command
-    /// What the words after the name are, for completion: r resource, k keys, a assignments, or the words
-    /// themselves.
+    /// What the words after the name are, for completion: r resource, k keys, a assignments,
+    /// or the words themselves.
     const char* completes;
     void (*run)(Context& context);
 };

@@ -1,5 +1,5 @@
-#include "platform/ctl/Catalogue.h"
 #include "platform/ctl/Command.h"
+#include "platform/ctl/RemoteCatalogue.h"
 
 #include <sstream>
 
@@ -42,7 +42,7 @@ void printAssignments(std::ostream& out, const ResourceInfo& info, const std::st
             if (key.key == begun) out << begun << '=' << value << '\n';
 }
 
-void printEids(std::ostream& out, Service& service) {
+void printEids(std::ostream& out, RemoteService& service) {
     for (const char* resource : {"swx", "rx", "tx"}) {
         const JsonPtr rows = service.get(resource, nullptr, {"eid"});
         for (std::size_t i = 0; i < json_array_size(rows.get()); ++i)
@@ -76,7 +76,7 @@ void runComplete(Context& context) {
     const CommandRow* command = findCommand(context.words[1]);
     const std::string completes = command ? command->completes : "";
     const std::size_t position = context.words.size() - 1;
-    Service service(context.options.socket, kPatience);
+    RemoteService service(context.options.socket, kPatience);
     try {
         if (position == 1 && completes == "c") {
             for (const CommandRow& row : commands()) context.out << row.name << '\n';

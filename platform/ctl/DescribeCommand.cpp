@@ -1,6 +1,6 @@
-#include "platform/ctl/Catalogue.h"
 #include "platform/ctl/Command.h"
 #include "platform/ctl/Print.h"
+#include "platform/ctl/RemoteCatalogue.h"
 
 namespace zeqctl {
 

@@ -8,9 +8,9 @@ namespace {
 constexpr const char* kIntroduction =
     "usage: zeqctl [OPTION...] COMMAND [WORD...]\n"
     "\n"
-    "Reads and changes the records of a Switch's database service. Records live in resources: rx "
-    "(Receivers), tx\n"
-    "(Transmitters), swx (Switches), user, connection ... Each has an index, and keys with values.\n"
+    "Reads and changes the records of a Switch's database service. Records live in resources:\n"
+    "rx (Receivers), tx (Transmitters), swx (Switches), user, connection ... Each has an index,\n"
+    "and keys with values.\n"
     "\n"
     "  zeqctl list rx                      which Receivers there are\n"
     "  zeqctl get rx 3                     all about Receiver 3\n"
@@ -21,8 +21,8 @@ constexpr const char* kIntroduction =
     "\n";
 
 constexpr const char* kExitCodes =
-    "\nExit codes: 0 done, 1 refused by the service, 2 wrong usage, 3 no service or no "
-    "answer, 4 output not written.\n";
+    "\nExit codes: 0 done, 1 refused by the service, 2 wrong usage, 3 no service or no answer, "
+    "4 output not written.\n";
 
 void helpOnAll(std::ostream& out) {
     out << kIntroduction;

@@ -1,5 +1,5 @@
-// Records on the terminal: as one value, lines, a table, or JSON. Secrets never appear, control characters
-// are escaped.
+// Records on the terminal: as one value, lines, a table, or JSON.
+// Secrets never appear, control characters are escaped.
 #ifndef PLATFORM_CTL_PRINT_H
 #define PLATFORM_CTL_PRINT_H
 
@@ -18,8 +18,8 @@ bool isSecret(const std::string& key);
 /// The value at a path of keys with slashes; null when there is none.
 const json_t* valueAt(const json_t* record, const std::string& path);
 
-/// As a person reads it: objects and lists as compact JSON, an absent value as "", points in time in local
-/// time.
+/// As a person reads it: objects and lists as compact JSON, an absent value as "",
+/// points in time in local time.
 std::string valueText(const json_t* value, const std::string& key);
 
 /// As a script wants it: times as seconds, newlines as they are.

@@ -40,7 +40,7 @@ constexpr const char* kListKeys[] = {"index",
                                      "sessionStartTime",
                                      "lastChange"};
 
-std::vector<std::string> listKeys(Service& service, const std::string& resource) {
+std::vector<std::string> listKeys(RemoteService& service, const std::string& resource) {
     const ResourceInfo info = readCatalogue(service, resource);
     const bool indexed = info.shape != "singleton" && resource == info.name;
     std::vector<std::string> keys;

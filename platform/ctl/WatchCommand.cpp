@@ -1,7 +1,7 @@
 // Looks at records again and again and prints what differs.
-#include "platform/ctl/Catalogue.h"
 #include "platform/ctl/Print.h"
 #include "platform/ctl/ReadCommands.h"
+#include "platform/ctl/RemoteCatalogue.h"
 
 #include <ctime>
 #include <map>

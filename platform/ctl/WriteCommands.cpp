@@ -8,7 +8,7 @@ namespace {
 
 /// The catalogue's word on the resource. Without one all values are texts, and the service says what it
 /// thinks of them.
-ResourceInfo infoOf(Service& service, const std::string& resource) {
+ResourceInfo infoOf(RemoteService& service, const std::string& resource) {
     try {
         return readCatalogue(service, resource);
     } catch (const Refusal&) {
@@ -31,9 +31,9 @@ JsonPtr indexList(const std::string& word) {
     return JsonPtr(json_pack("[o]", indexes.release()));
 }
 
-/// Writes one record after the other; the first refusal ends it and says which record it was. A null list is
-/// a singleton.
-void writeEach(Service& service, const char* method, const std::string& resource, json_t* params,
+/// Writes one record after the other; the first refusal ends it and says which record it was.
+/// A null list is a singleton.
+void writeEach(RemoteService& service, const char* method, const std::string& resource, json_t* params,
                const json_t* indexes) {
     if (!indexes) service.write(method, resource, params);
     for (std::size_t i = 0; i < json_array_size(indexes); ++i) {

@@ -1,6 +1,6 @@
 #include "platform/service/Options.h"
 
-#include "platform/service/net/Limits.h"
+#include "platform/service/net/SocketLimits.h"
 
 #include <charconv>
 #include <cstdlib>
@@ -36,8 +36,8 @@ const OptionRow kOptions[] = {
     {"--demo-dir", "DIR", &Options::demoDir, "folder of the demo's data files; else ZEQD_DEMO_DIR"},
     {"--devices", "N", &Options::devices, "a new demo is grown to N Receivers and Transmitters"},
     {"--admin-password", "TEXT", &Options::adminPassword,
-     "of the demo's administrator; else ZEQD_ADMIN_PASSWORD, which other users cannot see; else "
-     "control-room-1"},
+     "of the demo's administrator; else ZEQD_ADMIN_PASSWORD, which other users cannot see; "
+     "else control-room-1"},
     {"--clients", "N", &Options::clients, "most clients at a time (1024)"},
     {"--settings-dir", "DIR", &Options::settingsDir, "folder for settings files (/data/settings)"},
     {"--time-factor", "N", &Options::timeFactor, "simulated time runs N times as fast (1)"},
@@ -132,9 +132,10 @@ std::string helpText() {
         left.resize(left.ends_with('\n') ? left.size() + kColumn : kColumn, ' ');
         out += left + std::string(row.help) + "\n";
     }
-    out += "\nIt ends with 0 when it is told to (SIGTERM, SIGINT), with 42 when the simulated Switch reboots "
-           "and it\n"
-           "is to be started again, with 1 when something failed, with 2 when the command line is wrong.\n";
+    out +=
+        "\nIt ends with 0 when it is told to (SIGTERM, SIGINT), with 42 when the simulated Switch reboots\n"
+        "and it is to be started again, with 1 when something failed, with 2 when the command line is\n"
+        "wrong.\n";
     return out;
 }
 

@@ -6,7 +6,7 @@
 #include "platform/service/domain/Devices.h"
 #include "platform/service/engine/SystemClock.h"
 #include "platform/service/net/Server.h"
-#include "platform/service/record/JsonText.h"
+#include "platform/service/record/RecordJson.h"
 #include "platform/service/sim/Fetch.h"
 #include "platform/service/store/SqliteDisk.h"
 #include "platform/service/store/Transaction.h"

@@ -16,7 +16,11 @@ test('no violation in the colours of any brand', async (t) => {
     for (const colorScheme of schemes) {
       const page = await t.page(axeOptions(colorScheme));
       await bringAxe(page);
-      for (const [name, go] of /** @type {const} */ ([['login', openLogin], ['first page', login], ['devices', openDevices]])) {
+      for (const [name, go] of /** @type {const} */ ([
+        ['login', openLogin],
+        ['first page', login],
+        ['devices', openDevices],
+      ])) {
         await go(page, system);
         for (const line of await violations(page)) wrong.push(`${brand}, ${colorScheme}, ${name}: ${line}`);
       }

@@ -15,15 +15,19 @@ export const approving = process.env.MIRL_APPROVE === '1';
 /** Pixels that may differ: less than a letter of a label has. */
 const TOLERANCE = 40;
 
-/** How long a page may take until it looks as approved (milliseconds). After some failures it is the pages' fault, and the
- * rest gets less. */
+/**
+ * How long a page may take until it looks as approved (milliseconds). After some failures
+ * it is the pages' fault, and the rest gets less.
+ */
 const PATIENCE = 15_000;
 const LITTLE_PATIENCE = 1_000;
 const ENOUGH_FAILURES = 3;
 
-/** Who draws here: the version of the browser, and a digest of what it makes of a sample of letters and controls. Another
- * browser, font or processor may draw every letter a little differently; then there is nothing to compare.
- * @param {import('playwright-core').Browser} browser */
+/**
+ * Who draws here: the version of the browser, and a digest of what it makes of a sample of letters and controls.
+ * Another browser, font or processor may draw every letter a little differently; then there is nothing to compare.
+ * @param {import('playwright-core').Browser} browser
+ */
 async function drawnBy(browser) {
   const page = await browser.newPage({ viewport: { width: 400, height: 300 }, colorScheme: 'light' });
   await page.setContent(sample);
@@ -48,7 +52,11 @@ export class Approved {
     const theirs = existsSync(recordPath) ? JSON.parse(readFileSync(recordPath, 'utf8')) : { chromium: 'none' };
     const other = Object.keys(theirs).filter((key) => theirs[key] !== mine[key]);
     approved.compares = other.length === 0;
-    if (other.length) console.log(`note: pictures are taken but not compared: ${other.map((key) => `${key} is ${mine[key]} here, was ${theirs[key]} when they were approved`).join('; ')}`);
+    if (other.length)
+      console.log(
+        'note: pictures are taken but not compared: ' +
+          other.map(key => `${key} is ${mine[key]} here, was ${theirs[key]} when they were approved`).join('; ')
+      );
     return approved;
   }
 

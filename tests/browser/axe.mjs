@@ -9,7 +9,11 @@ const source = readFileSync(join(here, 'node_modules/axe-core/axe.min.js'), 'utf
 const tags = ['wcag2a', 'wcag2aa', 'wcag21a', 'wcag21aa', 'wcag22aa'];
 
 /** Options of a page that axe may be put into. @param {'light' | 'dark'} colorScheme */
-export const axeOptions = (colorScheme) => ({ colorScheme, bypassCSP: true, reducedMotion: /** @type {const} */ ('reduce') });
+export const axeOptions = colorScheme => ({
+  colorScheme,
+  bypassCSP: true,
+  reducedMotion: /** @type {const} */ ('reduce'),
+});
 
 /** @param {Page} page */
 export const bringAxe = (page) => page.addInitScript(source);
@@ -18,8 +22,15 @@ export const bringAxe = (page) => page.addInitScript(source);
 export async function violations(page) {
   const found = await page.evaluate(async (values) => {
     // eslint-disable-next-line no-undef
-    const result = await window.axe.run(document, { runOnly: { type: 'tag', values }, rules: { 'target-size': { enabled: true } } });
-    return result.violations.map((v) => ({ id: v.id, help: v.help, nodes: v.nodes.slice(0, 3).map((n) => `${n.target.join(' ')} (${(n.failureSummary ?? '').split('\n')[1]?.trim()})`) }));
+    const result = await window.axe.run(document, {
+      runOnly: { type: 'tag', values },
+      rules: { 'target-size': { enabled: true } },
+    });
+    return result.violations.map(v => ({
+      id: v.id,
+      help: v.help,
+      nodes: v.nodes.slice(0, 3).map(n => `${n.target.join(' ')} (${(n.failureSummary ?? '').split('\n')[1]?.trim()})`),
+    }));
   }, tags);
   return found.map((v) => `${v.id}: ${v.help}\n      ${v.nodes.join('\n      ')}`);
 }

@@ -21,14 +21,30 @@ export class Gallery {
     this.spool = join(data, 'spool');
     mkdirSync(this.spool);
     const build = join(top, `build-${process.env.MIRL_KIND ?? 'release'}`);
-    this.process = spawn(join(build, 'tests/bound_gallery/bound_gallery'),
-      ['--docroot=docroot', '--https-address=127.0.0.1', `--https-port=${this.port}`, `--ssl-certificate=${data}/tls/cert.pem`,
-        `--ssl-private-key=${data}/tls/key.pem`, `--max-request-size=${MAX_UPLOAD}`, `--spool-folder=${this.spool}`],
-      { cwd: build, stdio: 'ignore', env: { ...process.env, ZEQ_SOCKET: this.system.said.socket, MIRL_ATTRIBUTES: `${data}/attributes` } });
+    this.process = spawn(
+      join(build, 'tests/bound_gallery/bound_gallery'),
+      [
+        '--docroot=docroot',
+        '--https-address=127.0.0.1',
+        `--https-port=${this.port}`,
+        `--ssl-certificate=${data}/tls/cert.pem`,
+        `--ssl-private-key=${data}/tls/key.pem`,
+        `--max-request-size=${MAX_UPLOAD}`,
+        `--spool-folder=${this.spool}`,
+      ],
+      {
+        cwd: build,
+        stdio: 'ignore',
+        env: { ...process.env, ZEQ_SOCKET: this.system.said.socket, MIRL_ATTRIBUTES: `${data}/attributes` },
+      }
+    );
     endsWithUs(this.process);
     this.ended = new Promise((resolve) => { this.process.once('exit', resolve); this.process.once('error', resolve); });
     await until('the gallery answers', () => new Promise((resolve) => {
-      get(this.address, { rejectUnauthorized: false }, (answer) => { answer.resume(); resolve(true); }).on('error', () => resolve(false));
+      get(this.address, { rejectUnauthorized: false }, answer => {
+        answer.resume();
+        resolve(true);
+      }).on('error', () => resolve(false));
     }), 60_000);
     return this;
   }
@@ -38,7 +54,11 @@ export class Gallery {
     page.setDefaultTimeout(60_000); // three hundred widgets take a busy machine a while
     await page.goto(this.address);
     await page.locator('#errors').waitFor(); // the last one to be built
-    await until('all pictures are there', () => page.locator('img').evaluateAll((all) => all.every((img) => img.complete)), 60_000);
+    await until(
+      'all pictures are there',
+      () => page.locator('img').evaluateAll(all => all.every(img => img.complete)),
+      60_000
+    );
   }
 
   spooled() {
@@ -62,7 +82,10 @@ export function sharedGallery() {
   };
 }
 
-/** A widget by its class and state. @param {import('playwright-core').Page} page @param {string} name @param {keyof typeof states} state */
+/**
+ * A widget by its class and state.
+ * @param {import('playwright-core').Page} page @param {string} name @param {keyof typeof states} state
+ */
 export const specimen = (page, name, state) => page.locator(`[id="${name}/${states[state]}"]`);
 
 /** What the gallery said last. @param {import('playwright-core').Page} page */
@@ -70,13 +93,19 @@ export const log = (page) => page.locator('#log').innerText();
 
 const readings = async (page) => Number(await page.locator('#refreshes').innerText());
 
-/** Waits until the gallery has read all its widgets `times` more by itself. @param {import('playwright-core').Page} page */
+/**
+ * Waits until the gallery has read all its widgets `times` more by itself.
+ * @param {import('playwright-core').Page} page
+ */
 export async function refreshes(page, times) {
   const before = await readings(page);
   await until(`${times} refreshes`, async () => (await readings(page)) >= before + times, 60_000);
 }
 
-/** Has the gallery read all its widgets anew. @param {import('playwright-core').Page} page @param {'refresh' | 'force'} how */
+/**
+ * Has the gallery read all its widgets anew.
+ * @param {import('playwright-core').Page} page @param {'refresh' | 'force'} how
+ */
 export async function readAgain(page, how = 'refresh') {
   const before = await readings(page);
   await page.locator(`#${how}`).click();

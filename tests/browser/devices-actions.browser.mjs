@@ -101,7 +101,14 @@ test('a reboot with this Switch, through to the page\'s return', async (t) => {
   await t.picture(page, 'devices-reboot-told');
   await page.getByRole('button', { name: /start again/i }).waitFor({ timeout: 60_000 });
   await t.picture(page, 'devices-reboot-connection-gone');
-  await until('another process runs', () => { const [pid] = system.pids('mirl'); return pid && pid !== before; }, 60_000);
+  await until(
+    'another process runs',
+    () => {
+      const [pid] = system.pids('mirl');
+      return pid && pid !== before;
+    },
+    60_000
+  );
   await backToLogin(page);
   system.ctl('time', 'faster', '20');
   await login(page, system);

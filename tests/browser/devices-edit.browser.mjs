@@ -29,11 +29,15 @@ test('fifty Receivers get a location and a name at once', async (t) => {
   await until('the list is locked', async () => (await deviceList(page).getAttribute('aria-disabled')) === 'true');
   await t.picture(page, 'devices-fifty-edited');
   await save(page);
-  const changed = () => receivers(system, 'name', 'location').filter((rx) => rx.name === 'Wall' && rx.location === 'Hall 7, "east" & west');
+  const changed = () =>
+    receivers(system, 'name', 'location').filter(rx => rx.name === 'Wall' && rx.location === 'Hall 7, "east" & west');
   await until('fifty are stored', () => changed().length === 50);
   assert.ok(changed().every((rx) => rx.index > 20));
   await page.getByLabel('Filter by name').locator('visible=true').fill('^wall$');
-  await until('the list has them', async () => (await rowCount(page)) === 50 && (await deviceRow(page, 'Wall').count()) > 1);
+  await until(
+    'the list has them',
+    async () => (await rowCount(page)) === 50 && (await deviceRow(page, 'Wall').count()) > 1
+  );
   await t.picture(page, 'devices-fifty-saved');
   assert.equal(receivers(system, 'location')[0].location, 'Control room, desk 1', 'others keep theirs');
 });
@@ -98,7 +102,9 @@ test('names that are markup, formats, directions or far too long', async (t) => 
   const kept = hostile[3];
   for (const text of ['\u202eright to left', 'na\u00efve', 'bell\u0007']) {
     await field(page, 'Receiver Name').fill(text);
-    await until('Cancel can be pressed', () => page.getByRole('button', { name: 'Cancel' }).locator('visible=true').isEnabled());
+    await until('Cancel can be pressed', () =>
+      page.getByRole('button', { name: 'Cancel' }).locator('visible=true').isEnabled()
+    );
     assert.equal(await saveButton(page).isEnabled(), false, JSON.stringify(text));
     await page.getByRole('button', { name: 'Cancel' }).locator('visible=true').click();
     await shows(page, 'Receiver Name', kept);
@@ -120,7 +126,10 @@ test('the selected device goes away; unsaved edits stay where they are', async (
   await select(page, 'Rack Drawer');
   await shows(page, 'Receiver Name', 'Rack Drawer');
   system.ctl('delete', 'rx', '16');
-  await until('its details are gone', async () => (await page.locator('.mirl-details-tab:visible').getByRole('tab').count()) === 0);
+  await until(
+    'its details are gone',
+    async () => (await page.locator('.mirl-details-tab:visible').getByRole('tab').count()) === 0
+  );
   await t.picture(page, 'devices-selected-gone');
 
   await select(page, 'Lobby Display');

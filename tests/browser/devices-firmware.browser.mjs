@@ -28,7 +28,10 @@ async function newFile(page, source) {
   await inDialog(page, 'Source').selectOption(source);
 }
 
-/** Sends a file through the upload dialog of the open description. @param {{name: string, mimeType: string, buffer: Buffer}} file */
+/**
+ * Sends a file through the upload dialog of the open description.
+ * @param {{name: string, mimeType: string, buffer: Buffer}} file
+ */
 async function upload(page, file) {
   await inDialog(page, 'File').click();
   await dialog(page).getByText('Choose the file to be transferred').waitFor();
@@ -40,7 +43,9 @@ async function upload(page, file) {
 }
 
 const proceed = async (page) => {
-  await until('Proceed can be pressed', () => dialog(page).getByRole('button', { name: 'Proceed', exact: true }).isEnabled());
+  await until('Proceed can be pressed', () =>
+    dialog(page).getByRole('button', { name: 'Proceed', exact: true }).isEnabled()
+  );
   await press(page, 'Proceed');
 };
 
@@ -64,7 +69,11 @@ test('a file is uploaded under names made to hurt, and its update runs to the en
   await until('two rows are left', async () => (await deviceRows(page).count()) === 2);
   await select(page, 'Weather', 'Historian');
   // A browser sends a quote of a file name as %22.
-  for (const [name, target] of [['"; rm -rf x; "', '/tmp/%22; rm -rf x; %22'], ['$(touch x).fw', '/tmp/$(touch x).fw'], ['../../etc/passwd', '/tmp/passwd']]) {
+  for (const [name, target] of [
+    ['"; rm -rf x; "', '/tmp/%22; rm -rf x; %22'],
+    ['$(touch x).fw', '/tmp/$(touch x).fw'],
+    ['../../etc/passwd', '/tmp/passwd'],
+  ]) {
     await newFile(page, 'Local file');
     await upload(page, { name, mimeType: 'application/octet-stream', buffer });
     await t.picture(page, 'devices-firmware-uploaded');
@@ -82,7 +91,12 @@ test('a file is uploaded under names made to hurt, and its update runs to the en
   await upload(page, { name: 'mirl "test" 3.9.1.fw', mimeType: 'application/octet-stream', buffer });
   await press(page, 'Close');
   await proceed(page);
-  await answer(page, '2 devices have been commanded to update firmware. Please check the device list and event log for status. The device(s) will automatically reboot', 'Close');
+  await answer(
+    page,
+    '2 devices have been commanded to update firmware. Please check the device list and event log for status. ' +
+      'The device(s) will automatically reboot',
+    'Close'
+  );
   const percents = new Set();
   system.ctl('time', 'faster', '3');
   t.after(() => { system.ctl('time', 'faster', '1'); });
@@ -109,7 +123,10 @@ test('files from HTTP, and every way an update fails', async (t) => {
   t.after(server.close);
   const page = await devicesPage(t, system);
   system.ctl('set', 'systemGlobals', 'resetAfterUpgrade=disabled');
-  t.after(() => { system.ctl('set', 'systemGlobals', 'resetAfterUpgrade=enabled'); system.ctl('time', 'faster', '1'); });
+  t.after(() => {
+    system.ctl('set', 'systemGlobals', 'resetAfterUpgrade=enabled');
+    system.ctl('time', 'faster', '1');
+  });
   system.ctl('time', 'faster', '100');
   const rows = [
     ['Camera Matrix', '/nowhere.fw', /Firmware update failed - file transfer/],
@@ -119,7 +136,7 @@ test('files from HTTP, and every way an update fails', async (t) => {
     ['Office PC 1', '/tx.fw', /Firmware update failed - reflash/],
     ['Office PC 2', '/tx.fw', /Firmware updated, needs reboot/],
   ];
-  const eid = (name) => JSON.parse(system.ctl('--json', 'list', 'tx', 'name', 'eid')).find((tx) => tx.name === name).eid;
+  const eid = name => JSON.parse(system.ctl('--json', 'list', 'tx', 'name', 'eid')).find(tx => tx.name === name).eid;
   system.ctl('set', 'simControl', 'action=fail_push', `eid=${eid('Radio Console')}`);
   system.ctl('set', 'simControl', 'action=fail_flash', `eid=${eid('Office PC 1')}`);
   for (const [name, path, status] of rows) {
@@ -135,7 +152,8 @@ test('remembered files: a login asked for, deletion, and no ninth', async (t) =>
   forget(system);
   const server = await fileServer({ '/swx.fw': firmware('swx', '4.3.0') }, { login: 'fetch:s3cret "word"' });
   t.after(server.close);
-  for (let n = 1; n <= 7; n++) system.ctl('create', 'upgrade', 'protocol=ftp', 'location=10.0.0.9', `filename=old-${n}.fw`);
+  for (let n = 1; n <= 7; n++)
+    system.ctl('create', 'upgrade', 'protocol=ftp', 'location=10.0.0.9', `filename=old-${n}.fw`);
   system.ctl('create', 'upgrade', 'protocol=http', `location=${server.place}`, 'filename=/swx.fw', 'username=fetch');
   const page = await devicesPage(t, system);
   await select(page, 'Annex Switch');
@@ -149,8 +167,12 @@ test('remembered files: a login asked for, deletion, and no ninth', async (t) =>
   await act(page, 'Update');
   await dialog(page).getByText('10.0.0.9/old-1.fw').click();
   await dialog(page).getByText('10.0.0.9/old-2.fw').click({ modifiers: ['Control'] });
-  await until('two can be deleted, but not used', async () =>
-    (await dialog(page).getByRole('button', { name: 'Delete', exact: true }).isEnabled()) && !(await dialog(page).getByRole('button', { name: 'Proceed', exact: true }).isEnabled()));
+  await until(
+    'two can be deleted, but not used',
+    async () =>
+      (await dialog(page).getByRole('button', { name: 'Delete', exact: true }).isEnabled()) &&
+      !(await dialog(page).getByRole('button', { name: 'Proceed', exact: true }).isEnabled())
+  );
   await press(page, 'Delete');
   await until('two are forgotten', () => files(system).length === 6);
   await dialog(page).getByText(`${server.place}/swx.fw`).click();

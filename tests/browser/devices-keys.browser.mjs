@@ -18,7 +18,8 @@ async function tabTo(page, what, element) {
   throw new Error(`Tab does not reach ${what}`);
 }
 
-const selected = (page, name) => until(`${name} is selected`, async () => (await deviceRow(page, name).getAttribute('aria-selected')) === 'true');
+const selected = (page, name) =>
+  until(`${name} is selected`, async () => (await deviceRow(page, name).getAttribute('aria-selected')) === 'true');
 
 test('filter, select, edit, save, reboot and flash by keyboard alone', async (t) => {
   const system = await shared.get();

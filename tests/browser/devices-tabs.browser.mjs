@@ -12,7 +12,7 @@ export const done = shared.done;
 const table = (page) => page.locator('.mirl-details-tab:visible tr:visible').evaluateAll((rows) =>
   rows.map((row) => [...row.children].map((cell) => (/** @type {HTMLElement} */ (cell)).innerText.trim()).join('|')));
 /** Waits for a row of the tab on show. */
-const tableShows = (page, line) => until(`a row ${line}`, async () => (await table(page)).some((row) => line.test(row)));
+const tableShows = (page, line) => until(`a row ${line}`, async () => (await table(page)).some(row => line.test(row)));
 
 test('video and USB of a running session', async (t) => {
   const system = await shared.get();
@@ -34,7 +34,10 @@ test('video and USB of a running session', async (t) => {
   await openTab(page, 'Sessions');
   await until('both sessions are told', async () => {
     const rows = await page.locator('.mirl-details-tab:visible [role="row"]:visible').allInnerTexts();
-    return rows.some((row) => /mhansen\s+Desk 1 Left\s+00A702-020011/.test(row)) && rows.some((row) => /Shift Lead Left/.test(row));
+    return (
+      rows.some(row => /mhansen\s+Desk 1 Left\s+00A702-020011/.test(row)) &&
+      rows.some(row => /Shift Lead Left/.test(row))
+    );
   });
   await t.picture(page, 'devices-tx-sessions');
   await select(page, 'SCADA A', 'SCADA B');
@@ -49,7 +52,9 @@ test('IPv4 of one Switch and of both', async (t) => {
   await openTab(page, 'IPv4');
   await shows(page, 'IPv4 Address', '10.20.1.11');
   await field(page, 'IPv4 Address').fill('10.20.1.999');
-  await until('the address is judged', () => page.getByRole('button', { name: 'Cancel' }).locator('visible=true').isEnabled());
+  await until('the address is judged', () =>
+    page.getByRole('button', { name: 'Cancel' }).locator('visible=true').isEnabled()
+  );
   assert.equal(await saveButton(page).isEnabled(), false);
   await t.picture(page, 'devices-ipv4-bad');
   await field(page, 'IPv4 Address').fill('10.20.1.12');
@@ -116,7 +121,9 @@ test('mode and ports of a Switch', async (t) => {
   await t.picture(page, 'devices-mode-warning');
   await answer(page, 'Master/Slave Mode Change', 'Close');
   await page.getByRole('button', { name: 'Cancel' }).locator('visible=true').click();
-  await until('nothing was changed', async () => /master/.test(await field(page, 'Cascade Participation').locator('option:checked').innerText()));
+  await until('nothing was changed', async () =>
+    /master/.test(await field(page, 'Cascade Participation').locator('option:checked').innerText())
+  );
 });
 
 test('wake on LAN, and the icon of two Transmitters', async (t) => {
@@ -132,7 +139,9 @@ test('wake on LAN, and the icon of two Transmitters', async (t) => {
   await t.picture(page, 'devices-wake-on-lan');
   await field(page, 'Wake on LAN MAC Address').fill('00:11:22:33:44:5F');
   await save(page);
-  await until('it is stored', () => /^00.?11.?22.?33.?44.?5f$/i.test(system.ctl('get', 'tx', '7', 'wakeOnLanMacAddress')));
+  await until('it is stored', () =>
+    /^00.?11.?22.?33.?44.?5f$/i.test(system.ctl('get', 'tx', '7', 'wakeOnLanMacAddress'))
+  );
   assert.equal(system.ctl('get', 'tx', '7', 'wakeOnLan'), 'enabled');
 
   await select(page, 'Weather', 'Historian');

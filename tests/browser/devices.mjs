@@ -28,7 +28,10 @@ export async function select(page, ...names) {
   for (const [n, name] of names.entries()) {
     const row = await showRow(page, name);
     await row.click(n ? { modifiers: ['Control'] } : {});
-    await until(`${name} is selected`, async () => (await row.getAttribute('aria-selected', { timeout: 1000 })) === 'true');
+    await until(
+      `${name} is selected`,
+      async () => (await row.getAttribute('aria-selected', { timeout: 1000 })) === 'true'
+    );
   }
 }
 
@@ -74,7 +77,10 @@ export async function save(page) {
 export const shows = (page, label, value) =>
   until(`${label}: ${value}`, async () => (await field(page, label).inputValue()) === value);
 
-/** Waits until the list's row of that name holds the words. @param {Page} page @param {string} name @param {RegExp} words */
+/**
+ * Waits until the list's row of that name holds the words.
+ * @param {Page} page @param {string} name @param {RegExp} words
+ */
 export async function rowShows(page, name, words, ms) {
   const row = await showRow(page, name);
   await until(`${name}: ${words}`, async () => words.test(await row.innerText()), ms);

@@ -16,7 +16,10 @@ test('the database service is killed and comes back under an open page', async (
   await openDevices(page);
   const before = system.pids('zeqd');
   system.kill('zeqd');
-  await until('another service runs', () => { const now = system.pids('zeqd'); return now.length === 1 && now[0] !== before[0]; });
+  await until('another service runs', () => {
+    const now = system.pids('zeqd');
+    return now.length === 1 && now[0] !== before[0];
+  });
   await until('it answers', () => system.ctl('get', 'swx', '1', 'index') === '1');
   await showRow(page, name);
   await rename(page, name, 'After the fall');
@@ -29,7 +32,10 @@ test('the interface is killed; ./run starts it again and the page says so', asyn
   await login(page, system);
   const before = system.pids('mirl');
   system.kill('mirl');
-  await until('another process runs', () => { const now = system.pids('mirl'); return now.length === 1 && now[0] !== before[0]; });
+  await until('another process runs', () => {
+    const now = system.pids('mirl');
+    return now.length === 1 && now[0] !== before[0];
+  });
   await page.getByRole('button', { name: /start again/i }).click();
   await page.locator('.mirl-login-line-edit').first().waitFor();
   await login(page, system);
@@ -95,8 +101,21 @@ test('hostile requests get a clear status and harm no session', async (t) => {
     ['GET /' + 'a'.repeat(20000) + ' HTTP/1.1\r\n' + host + '\r\n', /^HTTP\/1\.1 4(14|31)/],
     ['GET / HTTP/1.1\r\nX: ' + 'b'.repeat(40000) + '\r\n\r\n', /^HTTP\/1\.1 431/],
     ['nonsense\r\n\r\n', /^HTTP\/1\.1 400/],
-    ['POST /wt-session/start HTTP/1.1\r\n' + host + `Origin: http://127.0.0.1:${system.port}\r\n` + 'Content-Length: 20971520\r\n\r\n' + 'x'.repeat(100000), /^HTTP\/1\.1 413/],
-    ['GET /wt-session/ws HTTP/1.1\r\n' + host + 'Origin: https://elsewhere.example\r\nUpgrade: websocket\r\nConnection: Upgrade\r\nSec-WebSocket-Key: dGhlIHNhbXBsZSBub25jZQ==\r\nSec-WebSocket-Version: 13\r\n\r\n', /^HTTP\/1\.1 403/],
+    [
+      'POST /wt-session/start HTTP/1.1\r\n' +
+        host +
+        `Origin: http://127.0.0.1:${system.port}\r\n` +
+        'Content-Length: 20971520\r\n\r\n' +
+        'x'.repeat(100000),
+      /^HTTP\/1\.1 413/,
+    ],
+    [
+      'GET /wt-session/ws HTTP/1.1\r\n' +
+        host +
+        'Origin: https://elsewhere.example\r\nUpgrade: websocket\r\nConnection: Upgrade\r\n' +
+        'Sec-WebSocket-Key: dGhlIHNhbXBsZSBub25jZQ==\r\nSec-WebSocket-Version: 13\r\n\r\n',
+      /^HTTP\/1\.1 403/,
+    ],
   ];
   for (const [request, status] of rows) {
     const answer = await raw(system.port, request);
@@ -123,6 +142,7 @@ test('answers carry the security headers', async (t) => {
     assert.match(policy, /require-trusted-types-for 'script'/, path);
     assert.match(policy, /frame-ancestors 'none'/, path);
     assert.equal(headers.get('x-content-type-options'), 'nosniff', path);
-    for (const name of ['strict-transport-security', 'referrer-policy', 'permissions-policy']) assert.ok(headers.get(name), `${path}: ${name}`);
+    for (const name of ['strict-transport-security', 'referrer-policy', 'permissions-policy'])
+      assert.ok(headers.get(name), `${path}: ${name}`);
   }
 });

@@ -6,7 +6,10 @@ import { createServer } from 'node:http';
 export function firmware(type, version) {
   const payload = randomBytes(20_000);
   const sum = createHash('sha256').update(payload).digest('hex');
-  return Buffer.concat([Buffer.from(`ZEQFW 1\ntype=${type}\nversion=${version}\nsize=${payload.length}\nsha256=${sum}\n\n`), payload]);
+  return Buffer.concat([
+    Buffer.from(`ZEQFW 1\ntype=${type}\nversion=${version}\nsize=${payload.length}\nsha256=${sum}\n\n`),
+    payload,
+  ]);
 }
 
 /** Serves files by path over plain HTTP on loopback; with `login`, to who brings it in basic authentication.

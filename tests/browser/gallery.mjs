@@ -99,8 +99,18 @@ export class Gallery {
 
   async launch() {
     const program = join(top, `build-${process.env.MIRL_KIND ?? 'release'}/tests/gallery/gallery`);
-    this.process = spawn(program, ['--http-address=127.0.0.1', `--http-port=${this.port}`, `--spool-folder=${this.spool}`,
-      `--docroot=${this.folder};/favicon.ico`, '--accesslog=-', ...this.args], { stdio: ['ignore', 'ignore', 'pipe'] });
+    this.process = spawn(
+      program,
+      [
+        '--http-address=127.0.0.1',
+        `--http-port=${this.port}`,
+        `--spool-folder=${this.spool}`,
+        `--docroot=${this.folder};/favicon.ico`,
+        '--accesslog=-',
+        ...this.args,
+      ],
+      { stdio: ['ignore', 'ignore', 'pipe'] }
+    );
     endsWithUs(this.process);
     this.process.stderr.on('data', (data) => { this.output += data; });
     this.ended = once(this.process, 'exit');
@@ -134,8 +144,11 @@ export class Gallery {
   }
 }
 
-/** A gallery of the test's own, and a page on it.
- * @param {import('./harness.mjs').Context} t @param {string} sections @param {{args?: string[]} & Object<string, any>} options */
+/**
+ * A gallery of the test's own, and a page on it.
+ * @param {import('./harness.mjs').Context} t @param {string} sections
+ * @param {{args?: string[]} & Object<string, any>} options
+ */
 export async function openGallery(t, sections, { args = [], ...options } = {}) {
   const gallery = await new Gallery(args).start();
   t.after(() => gallery.remove());
@@ -147,7 +160,10 @@ export async function openGallery(t, sections, { args = [], ...options } = {}) {
 /** What an element says. @param {import('playwright-core').Page} page @param {string} id */
 export const said = (page, id) => page.locator(`#${id}`).textContent();
 
-/** Waits until an element says it. @param {import('playwright-core').Page} page @param {string} id @param {string | RegExp} text */
+/**
+ * Waits until an element says it.
+ * @param {import('playwright-core').Page} page @param {string} id @param {string | RegExp} text
+ */
 export const saying = (page, id, text) => until(`#${id} says ${text}`, async () => {
   const now = (await said(page, id)) ?? '';
   return typeof text === 'string' ? now === text : text.test(now);

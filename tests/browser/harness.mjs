@@ -49,7 +49,11 @@ export class Context {
    * test expects. @param {object} options of newContext, and `expectErrors` */
   async page(options = {}) {
     const { expectErrors = false, ...rest } = options;
-    const context = await this.browser.newContext({ ignoreHTTPSErrors: true, viewport: { width: 1280, height: 800 }, ...rest });
+    const context = await this.browser.newContext({
+      ignoreHTTPSErrors: true,
+      viewport: { width: 1280, height: 800 },
+      ...rest,
+    });
     this.contexts.push(context);
     const page = await context.newPage();
     page.setDefaultTimeout(15_000);
@@ -76,7 +80,10 @@ export class Context {
     let n = 0;
     for (const context of this.contexts) {
       for (const page of context.pages()) {
-        if (failed) await page.screenshot({ path: join(outDir, `FAILED-${this.name.replace(/\W+/g, '-')}-${++n}.png`) }).catch(() => {});
+        if (failed)
+          await page
+            .screenshot({ path: join(outDir, `FAILED-${this.name.replace(/\W+/g, '-')}-${++n}.png`) })
+            .catch(() => {});
       }
       await context.close().catch(() => {});
     }

@@ -31,7 +31,10 @@ test('a wrong password, then the right one; log out', async (t) => {
   await mainTab(page, 'Dashboard').waitFor();
   await page.locator('.mirl-logout-button').click();
   await page.locator('.mirl-login-line-edit').first().waitFor();
-  await until('the service has no login left', () => JSON.parse(system.ctl('--json', 'list', 'adminSession')).length === 0);
+  await until(
+    'the service has no login left',
+    () => JSON.parse(system.ctl('--json', 'list', 'adminSession')).length === 0
+  );
 });
 
 test('five failures from two browsers lock everybody out', async (t) => {
@@ -56,7 +59,12 @@ test('an administrator without a password sets the first one', async (t) => {
   await t.picture(page, 'first-password');
   const [first, second] = [box.locator('input').nth(0), box.locator('input').nth(1)];
   const button = box.getByRole('button', { name: 'Set Password' });
-  const rows = [['short', 'shorT', false], ['with blank', 'with blank', false], ['', '', false], ['Gl4ss-harbour', 'Gl4ss-harbour', true]];
+  const rows = [
+    ['short', 'shorT', false],
+    ['with blank', 'with blank', false],
+    ['', '', false],
+    ['Gl4ss-harbour', 'Gl4ss-harbour', true],
+  ];
   for (const [a, b, good] of rows) {
     await first.fill(a);
     await second.fill(b);

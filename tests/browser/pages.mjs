@@ -3,7 +3,16 @@ import { until } from './system.mjs';
 
 /** @typedef {import('playwright-core').Page} Page */
 
-export const tabs = ['Dashboard', 'Sessions', 'Users', 'Devices', 'Cascade', 'Peripherals', 'System Settings', 'Events'];
+export const tabs = [
+  'Dashboard',
+  'Sessions',
+  'Users',
+  'Devices',
+  'Cascade',
+  'Peripherals',
+  'System Settings',
+  'Events',
+];
 
 /** The login dialog, ready for typing. @param {Page} page @param {import('./system.mjs').System} system */
 export async function openLogin(page, system) {
@@ -27,7 +36,11 @@ export async function login(page, system, user = system.user, password = system.
 }
 
 /** A tab of the main interface; its label may end in "*". @param {Page} page @param {string} name */
-export const mainTab = (page, name) => page.locator('.mirl-main-tab').first().getByRole('tab', { name: new RegExp(`^${name}\\*?$`) });
+export const mainTab = (page, name) =>
+  page
+    .locator('.mirl-main-tab')
+    .first()
+    .getByRole('tab', { name: new RegExp(`^${name}\\*?$`) });
 
 /** @param {Page} page */
 export async function openDevices(page) {
@@ -39,10 +52,14 @@ export async function openDevices(page) {
 export const deviceList = (page) => page.locator('[role="grid"]:visible').first();
 
 /** Rows of the list that is on show. @param {Page} page */
-export const deviceRows = (page) => deviceList(page).locator('[role="row"]').filter({ has: page.locator('[role="gridcell"]') });
+export const deviceRows = page =>
+  deviceList(page)
+    .locator('[role="row"]')
+    .filter({ has: page.locator('[role="gridcell"]') });
 
 /** The row of the device of that name. @param {Page} page @param {string} name */
-export const deviceRow = (page, name) => deviceRows(page).filter({ has: page.locator('[role="gridcell"]').getByText(name, { exact: true }) });
+export const deviceRow = (page, name) =>
+  deviceRows(page).filter({ has: page.locator('[role="gridcell"]').getByText(name, { exact: true }) });
 
 /** The list keeps only the rows near its viewport in the page: scrolls it until the device of that name is there.
  * @param {Page} page @param {string} name */
@@ -55,7 +72,10 @@ export async function showRow(page, name) {
     await row.first().evaluate((e) => e.scrollIntoView({ block: 'center' }), null, { timeout: 1000 });
     await page.waitForTimeout(80);
     return (await row.count()) > 0 && row.first().evaluate((e) => {
-      const [own, list] = [e.getBoundingClientRect(), (/** @type {Element} */ (e.closest('[role="grid"]'))).getBoundingClientRect()];
+      const [own, list] = [
+        e.getBoundingClientRect(),
+        /** @type {Element} */ (e.closest('[role="grid"]')).getBoundingClientRect(),
+      ];
       return own.top < list.bottom && own.bottom > list.top;
     }, null, { timeout: 1000 });
   };

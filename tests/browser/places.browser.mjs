@@ -1,4 +1,5 @@
-// Every place of the interface, light and dark: no violation of WCAG 2.2 A and AA, and it looks as approved in two widths.
+// Every place of the interface, light and dark: no violation of WCAG 2.2 A and AA,
+// and it looks as approved in two widths.
 // npm run approve takes all pictures anew; look at every one of them before you commit it.
 import { mkdirSync } from 'node:fs';
 import { axeOptions, bringAxe, violations } from './axe.mjs';
@@ -11,8 +12,11 @@ import { System } from './system.mjs';
 
 /** @typedef {import('./places.mjs').Place} Place */
 
-/** Goes to the places one after the other and says what is wrong with them. @param {import('./harness.mjs').Context} t
- * @param {'light' | 'dark'} colorScheme @param {Place[]} places @param {boolean} inside whether they lie behind the login */
+/**
+ * Goes to the places one after the other and says what is wrong with them.
+ * @param {import('./harness.mjs').Context} t @param {'light' | 'dark'} colorScheme @param {Place[]} places
+ * @param {boolean} inside whether they lie behind the login
+ */
 async function walk(t, colorScheme, places, inside) {
   mkdirSync(takenDir, { recursive: true });
   const approved = await Approved.open(t.browser);
@@ -48,7 +52,8 @@ async function walk(t, colorScheme, places, inside) {
     await visit(page, place, where);
     await page.close();
   }
-  if (wrong.length) throw new Error(`${wrong.length} faults; pictures are in ${takenDir}:\n    ${wrong.join('\n    ')}`);
+  if (wrong.length)
+    throw new Error(`${wrong.length} faults; pictures are in ${takenDir}:\n    ${wrong.join('\n    ')}`);
 }
 
 /** Many places, one after the other: longer than other tests (milliseconds). */

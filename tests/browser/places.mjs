@@ -4,30 +4,51 @@ import { until } from './system.mjs';
 
 /** @typedef {import('playwright-core').Page} Page */
 /** @typedef {import('./system.mjs').System} System */
-/** A place: how to get there and away, the part of the page that its picture shows (all, if none), and the options of
- * ./run if it needs a system of its own.
- * @typedef {{name: string, go: (page: Page, system: System) => Promise<void>, leave?: (page: Page, system: System) => Promise<void>,
- *   part?: string, args?: string[]}} Place */
+/**
+ * A place: how to get there and away, the part of the page that its picture shows (all, if none), and
+ * the options of ./run if it needs a system of its own.
+ * @typedef {{name: string, go: (page: Page, system: System) => Promise<void>,
+ *   leave?: (page: Page, system: System) => Promise<void>,
+ *   part?: string, args?: string[]}} Place
+ */
 
 /** Parts of a page that pictures show: the topmost dialog, the details of what is selected. */
 export const dialogPart = '.Wt-dialog';
 export const detailsPart = '.mirl-context-panel:has(.mirl-details-tab)';
 
-/** The details pane of that kind is on show, with all its tabs, and no other: the pane of the kind selected before may have
- * a tab of the same name and stay for a moment. @param {Page} page */
+/**
+ * The details pane of that kind is on show, with all its tabs, and no other: the pane of the kind selected
+ * before may have a tab of the same name and stay for a moment.
+ * @param {Page} page
+ */
 const paneOf = (page, { type, tabs: names }) => until(`the details pane of a ${type}`, async () => {
-  const shown = await page.locator('.mirl-details-tab:visible').getByRole('tab').locator('visible=true').allInnerTexts();
+  const shown = await page
+    .locator('.mirl-details-tab:visible')
+    .getByRole('tab')
+    .locator('visible=true')
+    .allInnerTexts();
   return shown.map((text) => text.trim().replace(/\*$/, '')).join() === names.join();
 });
 
 /** @param {Page} page @param {string} name */
-export const detailsTab = (page, name) => page.locator('.mirl-details-tab:visible').getByRole('tab', { name: new RegExp(`^${name}\\*?$`) });
+export const detailsTab = (page, name) =>
+  page.locator('.mirl-details-tab:visible').getByRole('tab', { name: new RegExp(`^${name}\\*?$`) });
 
 /** Types of devices as the list shows them, with the tabs of their details pane. */
 export const kinds = [
   { type: 'Receiver (G1)', short: 'rx', device: 'Desk 4', tabs: ['Attributes', 'Settings', 'Status', 'Video', 'USB'] },
-  { type: 'Transmitter (DVI)', short: 'tx', device: 'Alarm Server', tabs: ['Attributes', 'Settings', 'Status', 'Sessions', 'USB'] },
-  { type: 'Switch', short: 'swx', device: 'Annex Switch', tabs: ['Mode', 'Attributes', 'IPv4', 'IPv6', 'NTP', 'Status', 'Ports'] },
+  {
+    type: 'Transmitter (DVI)',
+    short: 'tx',
+    device: 'Alarm Server',
+    tabs: ['Attributes', 'Settings', 'Status', 'Sessions', 'USB'],
+  },
+  {
+    type: 'Switch',
+    short: 'swx',
+    device: 'Annex Switch',
+    tabs: ['Mode', 'Attributes', 'IPv4', 'IPv6', 'NTP', 'Status', 'Ports'],
+  },
 ];
 
 /** Before the login; each starts from a fresh page. @type {Place[]} */
@@ -52,7 +73,12 @@ export const outside = [
   {
     name: 'banner',
     go: async (page, system) => {
-      system.ctl('set', 'systemGlobals', 'mirlBannerEnable=enabled', 'mirlBannerText=Authorised use only.\nAll activity is logged.');
+      system.ctl(
+        'set',
+        'systemGlobals',
+        'mirlBannerEnable=enabled',
+        'mirlBannerText=Authorised use only.\nAll activity is logged.'
+      );
       await page.goto(system.address);
       await page.locator('.mirl-banner-text').waitFor();
     },
@@ -112,7 +138,10 @@ const newFile = (protocol) => async (page) => {
   await page.getByRole('dialog').last().getByRole('combobox').selectOption({ label: protocol });
 };
 
-/** A details tab of a device, after `then`. @param {string} short of the kind @param {string} device @param {string} tab */
+/**
+ * A details tab of a device, after `then`.
+ * @param {string} short of the kind @param {string} device @param {string} tab
+ */
 const detailsOf = (short, device, tab, then) => async (page) => {
   await openDevices(page);
   await (await showRow(page, device)).click();
@@ -124,7 +153,10 @@ const detailsOf = (short, device, tab, then) => async (page) => {
 
 /** Throws away what was typed. @param {Page} page */
 async function cancelEdits(page) {
-  const cancel = page.locator('.mirl-details-tab:visible').getByRole('button', { name: 'Cancel' }).locator('visible=true');
+  const cancel = page
+    .locator('.mirl-details-tab:visible')
+    .getByRole('button', { name: 'Cancel' })
+    .locator('visible=true');
   await cancel.click();
   await until('nothing is edited', () => cancel.isDisabled());
 }
@@ -132,7 +164,12 @@ async function cancelEdits(page) {
 /** Pages behind the login, in an order in which one leads to the next. @type {Place[]} */
 export const pages = [
   { name: 'first-page', go: async () => {} },
-  ...tabs.map((name) => ({ name: `tab-${name.toLowerCase().replace(/ /g, '-')}`, go: async (page) => { await mainTab(page, name).click(); } })),
+  ...tabs.map(name => ({
+    name: `tab-${name.toLowerCase().replace(/ /g, '-')}`,
+    go: async page => {
+      await mainTab(page, name).click();
+    },
+  })),
   { name: 'devices', go: openDevices },
 ];
 
@@ -145,7 +182,10 @@ export const details = kinds.flatMap((kind) => kind.tabs.map((tab) => ({
     await (await showRow(page, kind.device)).click();
     await paneOf(page, kind);
     await detailsTab(page, tab).click();
-    await until(`${tab} is on show`, async () => (await detailsTab(page, tab).getAttribute('aria-selected')) === 'true');
+    await until(
+      `${tab} is on show`,
+      async () => (await detailsTab(page, tab).getAttribute('aria-selected')) === 'true'
+    );
   },
 })));
 
@@ -154,13 +194,13 @@ export const boxes = [
   box('box-restore', receiver, 'Restore Full', { says: 'to factory default settings?' }),
   box('box-restore-self', thisSwitch, 'Restore Full', {
     says: 'A complete factory default may cause',
-    then: (page) => answer(page, 'Restore settings'),
+    then: page => answer(page, 'Restore settings'),
     leave: ['Skip device', 'Ok'],
   }),
   box('box-restore-partial', thisSwitch, 'Restore Partial', { says: 'Network settings are kept' }),
   box('box-restored', thisSwitch, 'Restore Partial', {
     says: 'has been initiated on 0 of 1',
-    then: async (page) => {
+    then: async page => {
       await answer(page, 'Restore settings');
       await dialogSays(page, 'to your own Switch');
       await answer(page, 'Skip device');
@@ -168,23 +208,34 @@ export const boxes = [
     leave: ['Ok'],
   }),
   box('box-reboot', receiver, 'Reboot', { says: 'Are you sure you want to reboot' }),
-  box('box-reboot-self', thisSwitch, 'Reboot', { says: 'currently connected to', then: (page) => answer(page, 'Reboot') }),
+  box('box-reboot-self', thisSwitch, 'Reboot', {
+    says: 'currently connected to',
+    then: page => answer(page, 'Reboot'),
+  }),
   box('box-remove', receiver, 'Remove', { says: 'Are you sure you want to remove' }),
   box('box-remove-self', thisSwitch, 'Remove', { says: 'not allowed', leave: ['Close'] }),
   box('box-remove-offline', null, 'Remove Offline', { says: 'all offline device(s)' }),
   box('box-flash', receiver, 'Flash', { says: 'flashes for this time' }),
-  box('box-flashed', receiver, 'Flash', { says: 'commanded to start', then: (page) => answer(page, 'Flash'), leave: ['Close'] }),
-  box('box-update', receiver, 'Update', {
-    says: 'previously used',
-    then: (page) => page.getByRole('dialog').locator('[role="row"]').filter({ hasText: 'rx-' }).click(),
+  box('box-flashed', receiver, 'Flash', {
+    says: 'commanded to start',
+    then: page => answer(page, 'Flash'),
     leave: ['Close'],
   }),
-  ...['FTP', 'TFTP', 'Local file'].map((protocol) => box(`box-update-${protocol.toLowerCase().replace(' ', '-')}`, receiver, 'Update', {
-    says: 'Choose the source', then: newFile(protocol), leave: ['Close'],
-  })),
+  box('box-update', receiver, 'Update', {
+    says: 'previously used',
+    then: page => page.getByRole('dialog').locator('[role="row"]').filter({ hasText: 'rx-' }).click(),
+    leave: ['Close'],
+  }),
+  ...['FTP', 'TFTP', 'Local file'].map(protocol =>
+    box(`box-update-${protocol.toLowerCase().replace(' ', '-')}`, receiver, 'Update', {
+      says: 'Choose the source',
+      then: newFile(protocol),
+      leave: ['Close'],
+    })
+  ),
   box('box-upload', receiver, 'Update', {
     says: 'Choose the file to be transferred',
-    then: async (page) => {
+    then: async page => {
       await newFile('Local file')(page);
       const name = page.getByRole('dialog').last().getByRole('textbox');
       await until('one field is left', async () => (await name.count()) === 1);
@@ -195,11 +246,11 @@ export const boxes = [
   {
     name: 'icon-choice',
     part: dialogPart,
-    go: detailsOf('tx', 'Alarm Server', 'Settings', async (page) => {
+    go: detailsOf('tx', 'Alarm Server', 'Settings', async page => {
       await page.locator('.mirl-details-tab:visible .Wt-stack[role="button"]').locator('visible=true').click();
       await dialogSays(page, 'Click an icon');
     }),
-    leave: async (page) => {
+    leave: async page => {
       await page.keyboard.press('Escape');
       await noDialog(page);
     },
@@ -207,13 +258,13 @@ export const boxes = [
   {
     name: 'box-mode-change',
     part: dialogPart,
-    go: detailsOf('swx', thisSwitch, 'Mode', async (page) => {
+    go: detailsOf('swx', thisSwitch, 'Mode', async page => {
       const choice = page.locator('.mirl-details-tab:visible').getByRole('combobox').locator('visible=true');
       await until('the mode can be chosen', () => choice.isEnabled());
       await choice.selectOption({ label: 'Switch is a cascade slave' });
       await dialogSays(page, 'takes part in the cascade');
     }),
-    leave: async (page) => {
+    leave: async page => {
       await answer(page, 'Close');
       await noDialog(page);
       await cancelEdits(page);
@@ -221,7 +272,7 @@ export const boxes = [
   },
   {
     name: 'edited',
-    go: detailsOf('rx', receiver, 'Settings', async (page) => {
+    go: detailsOf('rx', receiver, 'Settings', async page => {
       await field(page, 'Share Control Timeout (seconds)').fill('26');
       await field(page, 'Share Control Timeout (seconds)').blur();
       await until('the tab is marked', async () => (await detailsTab(page, 'Settings').innerText()).includes('*'));
@@ -231,13 +282,13 @@ export const boxes = [
   {
     name: 'box-unsaved',
     part: dialogPart,
-    go: detailsOf('rx', receiver, 'Attributes', async (page) => {
+    go: detailsOf('rx', receiver, 'Attributes', async page => {
       await field(page, 'Location').fill('Elsewhere');
       await until('Save can be pressed', () => saveButton(page).isEnabled());
       await page.locator('.mirl-logout-button').click();
       await dialogSays(page, 'unsaved changes');
     }),
-    leave: async (page) => {
+    leave: async page => {
       await answer(page, 'Cancel');
       await noDialog(page);
       await cancelEdits(page);
@@ -245,13 +296,13 @@ export const boxes = [
   },
   {
     name: 'nothing-matches',
-    go: async (page) => {
+    go: async page => {
       await openDevices(page);
       await page.getByLabel('Filter by name').fill('no such name');
       await page.getByLabel('Filter by name').press('Enter');
       await until('no row is left', async () => (await deviceRows(page).count()) === 0);
     },
-    leave: async (page) => {
+    leave: async page => {
       await page.getByLabel('Filter by name').fill('');
       await page.getByLabel('Filter by name').press('Enter');
       await deviceRows(page).first().waitFor();
@@ -260,11 +311,11 @@ export const boxes = [
   {
     name: 'preferences',
     part: dialogPart,
-    go: async (page) => {
+    go: async page => {
       await page.locator('.mirl-preferences-button').click();
       await page.getByRole('dialog').waitFor();
     },
-    leave: async (page) => {
+    leave: async page => {
       await answer(page, 'Cancel');
       await noDialog(page);
     },
@@ -277,12 +328,12 @@ export const boxes = [
       await detailsOf('rx', 'Training', 'Attributes', async () => {})(page);
       await field(page, 'Location').fill('Elsewhere');
       await until('Save can be pressed', () => saveButton(page).isEnabled());
-      const gone = JSON.parse(system.ctl('--json', 'list', 'rx', 'index', 'name')).find((row) => row.name === 'Training');
+      const gone = JSON.parse(system.ctl('--json', 'list', 'rx', 'index', 'name')).find(row => row.name === 'Training');
       system.ctl('delete', 'rx', String(gone.index));
       await saveButton(page).click();
       await dialogSays(page, 'Error writing');
     },
-    leave: async (page) => {
+    leave: async page => {
       await answer(page, 'Close');
       await noDialog(page);
     },

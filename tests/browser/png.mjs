@@ -12,7 +12,10 @@ const MAX_COLOURS = 256;
 /** Steps of a colour channel, tried from fine to coarse until the palette has room for all colours. */
 const STEPS = [4, 8, 16, 32, 64];
 
-/** Two pixels differ if their colours are further apart than this (0..1, of pixelmatch; edges of letters do not count). */
+/**
+ * Two pixels differ if their colours are further apart than this (0..1, of
+ * pixelmatch; edges of letters do not count).
+ */
 const COLOUR_TOLERANCE = 0.15;
 
 /** @param {Buffer} bytes a PNG file @returns {Image} */
@@ -70,17 +73,29 @@ function chunk(type, content) {
 export function writeSmall(path, image) {
   const { colours, pixels } = STEPS.reduce((found, step) => found ?? paletteOf(image, step), null);
   const lines = Buffer.alloc((image.width + 1) * image.height);
-  for (let y = 0; y < image.height; y++) pixels.copy(lines, y * (image.width + 1) + 1, y * image.width, (y + 1) * image.width);
+  for (let y = 0; y < image.height; y++)
+    pixels.copy(lines, y * (image.width + 1) + 1, y * image.width, (y + 1) * image.width);
   const head = Buffer.alloc(13);
   head.writeUInt32BE(image.width, 0);
   head.writeUInt32BE(image.height, 4);
   head.set([8, 3, 0, 0, 0], 8);
-  writeFileSync(path, Buffer.concat([Buffer.from('\x89PNG\r\n\x1a\n', 'latin1'), chunk('IHDR', head), chunk('PLTE', colours),
-    chunk('IDAT', deflateSync(lines, { level: 9 })), chunk('IEND', Buffer.alloc(0))]));
+  writeFileSync(
+    path,
+    Buffer.concat([
+      Buffer.from('\x89PNG\r\n\x1a\n', 'latin1'),
+      chunk('IHDR', head),
+      chunk('PLTE', colours),
+      chunk('IDAT', deflateSync(lines, { level: 9 })),
+      chunk('IEND', Buffer.alloc(0)),
+    ])
+  );
 }
 
-/** Compares with the approved file. Gives the number of pixels that differ, and what to look at: the approved one in grey,
- * differences in red. Pictures of different sizes differ everywhere. @param {Image} image @param {string} approvedPath */
+/**
+ * Compares with the approved file. Gives the number of pixels that differ, and what to look at: the approved one in
+ * grey, differences in red. Pictures of different sizes differ everywhere.
+ * @param {Image} image @param {string} approvedPath
+ */
 export function compare(image, approvedPath) {
   const approved = decode(readFileSync(approvedPath));
   const { width, height } = image;

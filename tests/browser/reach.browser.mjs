@@ -19,7 +19,10 @@ const focused = (page) => page.evaluate(() => {
   };
 });
 
-/** Presses the key until the focus is where `wanted` says. Gives all stops on the way. @param {Page} page @param {string} key */
+/**
+ * Presses the key until the focus is where `wanted` says. Gives all stops on the way.
+ * @param {Page} page @param {string} key
+ */
 async function go(page, key, wanted, limit = 60) {
   const stops = [];
   while (stops.length < limit) {
@@ -27,10 +30,12 @@ async function go(page, key, wanted, limit = 60) {
     stops.push(await focused(page));
     if (wanted(stops.at(-1))) return stops;
   }
-  throw new Error(`${key} never comes there; it came to: ${stops.map((at) => `${at.role} ${at.name.slice(0, 30)}`).join(', ')}`);
+  throw new Error(
+    `${key} never comes there; it came to: ${stops.map(at => `${at.role} ${at.name.slice(0, 30)}`).join(', ')}`
+  );
 }
 
-test('the focus can be seen at every stop, stays in a box, comes back from it; the details fold by keyboard', async (t) => {
+test('the focus can be seen at every stop, stays in a box, comes back; the details fold by keyboard', async t => {
   const system = await new System().start();
   t.after(() => system.remove());
   const page = await t.page({ reducedMotion: 'reduce' });
@@ -41,13 +46,13 @@ test('the focus can be seen at every stop, stays in a box, comes back from it; t
   await field(page, 'USB Log Level').waitFor();
 
   await mainTab(page, 'Devices').focus();
-  const stops = await go(page, 'Tab', (at) => at.role === 'body' || at.role === 'a');
-  const blind = stops.slice(0, -1).filter((at) => !at.ring);
+  const stops = await go(page, 'Tab', at => at.role === 'body' || at.role === 'a');
+  const blind = stops.slice(0, -1).filter(at => !at.ring);
   assert.deepEqual(blind, []);
   assert.ok(stops.length > 25, `only ${stops.length} stops`);
 
   await mainTab(page, 'Devices').focus();
-  await go(page, 'Tab', (at) => at.name === 'Reboot');
+  await go(page, 'Tab', at => at.name === 'Reboot');
   await page.keyboard.press('Enter');
   await until('the first answer has the focus', async () => {
     const at = await focused(page);
@@ -63,11 +68,15 @@ test('the focus can be seen at every stop, stays in a box, comes back from it; t
   await until('the focus is on the action again', async () => (await focused(page)).name === 'Reboot');
 
   const title = page.getByRole('button', { name: 'Device Details' });
-  await go(page, 'Tab', (at) => at.name === 'Device Details');
+  await go(page, 'Tab', at => at.name === 'Device Details');
   for (const folded of [true, false]) {
     await page.keyboard.press('Enter');
-    await until(folded ? 'the details are folded' : 'the details are back', async () =>
-      (await title.getAttribute('aria-expanded')) === String(!folded) && (await field(page, 'USB Log Level').count()) === (folded ? 0 : 1));
+    await until(
+      folded ? 'the details are folded' : 'the details are back',
+      async () =>
+        (await title.getAttribute('aria-expanded')) === String(!folded) &&
+        (await field(page, 'USB Log Level').count()) === (folded ? 0 : 1)
+    );
   }
 });
 
@@ -101,7 +110,10 @@ test('a small screen, one enlarged to 200 %, a tablet: every control can be reac
     assert.ok(wider <= 0, `${name}: the page is ${wider} px wider than the window`);
     if (options.hasTouch) {
       await deviceRow(page, 'Desk 5').tap();
-      await until('a tap selects', async () => (await deviceRow(page, 'Desk 5').getAttribute('aria-selected')) === 'true');
+      await until(
+        'a tap selects',
+        async () => (await deviceRow(page, 'Desk 5').getAttribute('aria-selected')) === 'true'
+      );
     }
     await page.close();
   }
@@ -115,10 +127,20 @@ test('forced colours: selection, tab and disabled fields can still be told', asy
   await openDevices(page);
   await selectReceiver(page, 'Desk 4');
   await t.picture(page, 'forced-colours');
-  const colourOf = (locator, property) => locator.evaluate((e, name) => getComputedStyle(e).getPropertyValue(name), property);
+  const colourOf = (locator, property) =>
+    locator.evaluate((e, name) => getComputedStyle(e).getPropertyValue(name), property);
   const row = deviceRow(page, 'Desk 4');
-  assert.notEqual(await colourOf(row, 'background-color'), await colourOf(deviceRow(page, 'Desk 5'), 'background-color'));
-  assert.notEqual(await colourOf(mainTab(page, 'Devices'), 'border-bottom-color'), await colourOf(mainTab(page, 'Users'), 'border-bottom-color'));
+  assert.notEqual(
+    await colourOf(row, 'background-color'),
+    await colourOf(deviceRow(page, 'Desk 5'), 'background-color')
+  );
+  assert.notEqual(
+    await colourOf(mainTab(page, 'Devices'), 'border-bottom-color'),
+    await colourOf(mainTab(page, 'Users'), 'border-bottom-color')
+  );
   await detailsTab(page, 'Settings').click();
-  assert.notEqual(await colourOf(field(page, 'Auto Login Username'), 'color'), await colourOf(field(page, 'Auto Login'), 'color'));
+  assert.notEqual(
+    await colourOf(field(page, 'Auto Login Username'), 'color'),
+    await colourOf(field(page, 'Auto Login'), 'color')
+  );
 });

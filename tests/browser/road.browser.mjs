@@ -59,7 +59,9 @@ test('a page without a pointer: log in and rename by keyboard alone', async (t) 
   const receiver = firstReceiver(system);
   await page.goto(system.address);
   await page.locator('.mirl-login-line-edit').first().waitFor();
-  await until('focus stands in the username', () => page.evaluate(() => document.activeElement?.classList.contains('mirl-login-line-edit')));
+  await until('focus stands in the username', () =>
+    page.evaluate(() => document.activeElement?.classList.contains('mirl-login-line-edit'))
+  );
   await page.keyboard.type(system.user);
   await page.keyboard.press('Tab');
   await page.keyboard.type(system.password);

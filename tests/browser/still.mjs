@@ -3,9 +3,13 @@ import { until } from './system.mjs';
 
 /** @typedef {import('playwright-core').Page} Page */
 
-/** One font that the packages of this system bring, whatever else a machine has; and nothing that shines through around the
- * corners of a dialog. */
-const SHEET = ':root { --font: "DejaVu Sans" !important; --mono: "DejaVu Sans Mono" !important; } .Wt-modal { background: var(--ground) !important; }';
+/**
+ * One font that the packages of this system bring, whatever else a machine has; and nothing
+ * that shines through around the corners of a dialog.
+ */
+const SHEET =
+  ':root { --font: "DejaVu Sans" !important; --mono: "DejaVu Sans Mono" !important; }' +
+  ' .Wt-modal { background: var(--ground) !important; }';
 
 /** Pictures that are the same, one after the other: half a second and more. */
 const ENOUGH = 4;
@@ -74,4 +78,5 @@ export const sample = `<!doctype html><body style="margin:8px;font:13px 'DejaVu 
 <p style="font-size:11px">\u25CF \u25B2 \u2716 \u25CB \u25BC &ndash; Devices &amp; Users</p>
 <p><button style="border-radius:5px;border:1px solid #77859a">Save</button> <input value="Text" size="8">
 <select><option>Enabled</option></select> <input type="checkbox" checked> <progress value="0.4"></progress></p>
-<div style="width:120px;height:40px;border-radius:8px;border:1px solid #abc;box-shadow:0 4px 12px rgb(0 0 0/30%)"></div>`;
+<div
+style="width:120px;height:40px;border-radius:8px;border:1px solid #abc;box-shadow:0 4px 12px rgb(0 0 0/30%)"></div>`;

@@ -8,7 +8,8 @@ const banner = (page) => page.locator('.wt-banner');
 
 /** A mark that a reload would wipe out. */
 const mark = (page) => page.evaluate(() => { document.body.dataset.seen = 'before'; });
-const marked = async (page) => assert.equal(await page.evaluate(() => document.body.dataset.seen), 'before', 'the page has reloaded');
+const marked = async page =>
+  assert.equal(await page.evaluate(() => document.body.dataset.seen), 'before', 'the page has reloaded');
 
 /** How many applications live, as another page is told. */
 async function living(observer) {
@@ -149,7 +150,14 @@ test('a long time offline costs few attempts, few timers and no growing list of 
   for (let minute = 0; minute < 10; minute++) {
     for (let second = 0; second < 60; second += 5) {
       await page.clock.runFor(5000);
-      await page.evaluate(() => new Promise((resolve) => { const c = new MessageChannel(); c.port1.onmessage = resolve; c.port2.postMessage(0); }));
+      await page.evaluate(
+        () =>
+          new Promise(resolve => {
+            const c = new MessageChannel();
+            c.port1.onmessage = resolve;
+            c.port2.postMessage(0);
+          })
+      );
     }
   }
   const attempts = gallery.road.opened - before;

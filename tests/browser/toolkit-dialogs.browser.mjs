@@ -35,7 +35,7 @@ test('focus goes in, is kept in, and returns', async (t) => {
   assert.equal(await page.locator('[inert]').count(), 0);
 });
 
-test('Enter in a field presses the default button with what was typed; on another button it presses that one', async (t) => {
+test('Enter in a field presses the default button with what was typed; on another button that one', async t => {
   const { page } = await openGallery(t, 'dialogs');
   await page.locator('#ask').click();
   await focusIs(page, 'answer');

@@ -19,7 +19,10 @@ test('a file goes to the spool folder, with its progress, and the page stays usa
   await send(page, 3_000_000);
   await saying(page, 'said', 'under way');
   const bar = page.getByRole('progressbar');
-  await until('the bar shows some of it', async () => { const now = Number(await bar.getAttribute('aria-valuenow')); return now > 0; });
+  await until('the bar shows some of it', async () => {
+    const now = Number(await bar.getAttribute('aria-valuenow'));
+    return now > 0;
+  });
   assert.equal(gallery.spooled(), 1);
   await page.locator('#name').fill('meanwhile');
   await page.locator('#button').click();

@@ -9,7 +9,8 @@ import { until } from './system.mjs';
 test('tabs by arrow keys, Home and End; what is disabled is passed over', async (t) => {
   const { page } = await openGallery(t, 'tabs');
   const tab = (name) => page.getByRole('tab', { name });
-  const selected = (name) => until(`${name} is selected`, async () => (await tab(name).getAttribute('aria-selected')) === 'true');
+  const selected = name =>
+    until(`${name} is selected`, async () => (await tab(name).getAttribute('aria-selected')) === 'true');
   await page.keyboard.press('Tab');
   assert.equal(await tab('first').evaluate((e) => e === document.activeElement), true);
   await page.keyboard.press('ArrowRight');
@@ -75,7 +76,8 @@ test('a divider by mouse, by finger and by keyboard', async (t) => {
     const [x, y] = [box.x + box.width / 2, box.y + box.height / 2];
     const cdp = await page.context().newCDPSession(page);
     await cdp.send('Input.dispatchTouchEvent', { type: 'touchStart', touchPoints: [{ x, y }] });
-    for (const down of [10, 20, 30]) await cdp.send('Input.dispatchTouchEvent', { type: 'touchMove', touchPoints: [{ x, y: y + down }] });
+    for (const down of [10, 20, 30])
+      await cdp.send('Input.dispatchTouchEvent', { type: 'touchMove', touchPoints: [{ x, y: y + down }] });
     await cdp.send('Input.dispatchTouchEvent', { type: 'touchEnd', touchPoints: [] });
   });
   await until('30 pixels by finger', async () => (await touch.height()) === 130);
@@ -86,7 +88,9 @@ test('roles, names and states are as axe wants them, also in a dialog', async (t
   await page.evaluate(readFileSync(join(here, 'node_modules/axe-core/axe.min.js'), 'utf8'));
   const wrong = async () => (await page.evaluate(async () => {
     // eslint-disable-next-line no-undef
-    const { violations } = await window.axe.run(document, { runOnly: { type: 'tag', values: ['wcag2a', 'wcag21a', 'wcag22a'] } });
+    const { violations } = await window.axe.run(document, {
+      runOnly: { type: 'tag', values: ['wcag2a', 'wcag21a', 'wcag22a'] },
+    });
     return violations.map((v) => `${v.id}: ${v.nodes.map((n) => n.html.slice(0, 150)).join(' | ')}`);
   }));
   assert.deepEqual(await wrong(), []);

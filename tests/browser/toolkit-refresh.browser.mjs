@@ -66,7 +66,7 @@ test('scroll position, selection, column width and focus stay under a refresh', 
   assert.equal(await focused(page), 'list');
   await list.evaluate((e) => { e.scrollTop = 0; });
   await rowAt(page, 'list', 2).waitFor();
-  const chosen = await page.locator('#list [aria-selected="true"]').evaluateAll((rows) => rows.map((r) => r.ariaRowIndex));
+  const chosen = await page.locator('#list [aria-selected="true"]').evaluateAll(rows => rows.map(r => r.ariaRowIndex));
   assert.deepEqual(chosen, ['4', '5', '6']);
 });
 

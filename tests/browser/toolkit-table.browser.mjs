@@ -15,7 +15,11 @@ test('only the rows near the viewport are in the page, wherever one scrolls', as
   assert.equal(await table.getAttribute('aria-rowcount'), '10001');
   for (const row of [5000, 9990, 0, 300]) {
     await table.evaluate((e, top) => { e.scrollTop = top; }, row * 20);
-    await until(`row ${row} is there`, async () => (await rowAt(page, row).count()) === 1 && (await rowAt(page, row).textContent())?.includes(`row ${row}`));
+    await until(
+      `row ${row} is there`,
+      async () =>
+        (await rowAt(page, row).count()) === 1 && (await rowAt(page, row).textContent())?.includes(`row ${row}`)
+    );
     assert.ok((await table.locator('[role="row"]').count()) < 120);
   }
   await page.locator('#scroll').click();
@@ -73,7 +77,8 @@ test('extended selection with Shift, Ctrl and the keyboard', async (t) => {
 
 test('columns: resized by mouse and keyboard, hidden and shown', async (t) => {
   const { page } = await openGallery(t, 'table');
-  const widths = () => page.locator('#table').evaluate((e) => ['0', '1', '2'].map((n) => e.style.getPropertyValue(`--wt-col-${n}`)));
+  const widths = () =>
+    page.locator('#table').evaluate(e => ['0', '1', '2'].map(n => e.style.getPropertyValue(`--wt-col-${n}`)));
   await header(page, 'state').focus();
   await page.keyboard.press('Shift+ArrowRight');
   await until('wider', async () => (await widths())[1] === '100px');
@@ -104,7 +109,10 @@ test('a row that comes costs one row, and the rows below stay the same elements'
   assert.ok(changes.length < 300, changes);
   assert.equal(await rowAt(page, 6).getAttribute('data-seen'), 'before');
   assert.match((await rowAt(page, 6).textContent()) ?? '', /^row 5/);
-  await until('the selection went with it', async () => (await rowAt(page, 6).getAttribute('aria-selected')) === 'true');
+  await until(
+    'the selection went with it',
+    async () => (await rowAt(page, 6).getAttribute('aria-selected')) === 'true'
+  );
   await cell(rowAt(page, 6)).click({ modifiers: ['Control'] });
   await saying(page, 'chosen', '0');
 });

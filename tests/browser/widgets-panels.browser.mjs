@@ -69,7 +69,10 @@ test('a divider dragged past the folding height', async (t) => {
   await upper.title.click();
   await until('a click folds it', async () => !(await upper.open()) && (await height(upper.panel)) <= TITLE + 2);
   await upper.title.click();
-  await until('and gives it its height back', async () => (await upper.open()) && Math.abs((await height(upper.panel)) - unfolded) <= 2);
+  await until(
+    'and gives it its height back',
+    async () => (await upper.open()) && Math.abs((await height(upper.panel)) - unfolded) <= 2
+  );
   assert.ok(await panelOf(page, 'lower').open(), 'the other one never folded');
 });
 
@@ -85,7 +88,7 @@ test('a divider moved by keyboard past the folding height', async (t) => {
       await page.keyboard.press(key);
       return false;
     });
-    assert.ok(await divider.evaluate((element) => element === document.activeElement), 'the focus stays on the divider');
+    assert.ok(await divider.evaluate(element => element === document.activeElement), 'the focus stays on the divider');
   };
   const before = await height(upper.panel);
   await page.keyboard.press('ArrowUp');
@@ -100,11 +103,20 @@ test('a divider moved by keyboard past the folding height', async (t) => {
 
   await upper.title.focus();
   await page.keyboard.press('Enter');
-  await until('Enter on the title folds it', async () => !(await upper.open()) && (await height(upper.panel)) <= TITLE + 2);
-  // A key in the very frame in which the panel got its height would meet the report of that height: as a user, press again.
+  await until(
+    'Enter on the title folds it',
+    async () => !(await upper.open()) && (await height(upper.panel)) <= TITLE + 2
+  );
+  // A key in the very frame in which the panel got its height would meet the report of that height:
+  // as a user, press again.
   await until('Space unfolds it', async () => {
     if (await upper.open()) return true;
-    await page.evaluate(() => new Promise((painted) => { requestAnimationFrame(() => requestAnimationFrame(painted)); }));
+    await page.evaluate(
+      () =>
+        new Promise(painted => {
+          requestAnimationFrame(() => requestAnimationFrame(painted));
+        })
+    );
     await page.keyboard.press('Space');
     return upper.open();
   });
@@ -127,7 +139,10 @@ test('the room of a folded details pane goes to the list', async (t) => {
   const many = await deviceRows(page).count();
   assert.ok(many > 12, `${many} rows`);
   await page.setViewportSize({ width: 1280, height: 600 });
-  await until('it follows the window', async () => page.viewportSize().height - ((await title.boundingBox())?.y ?? 0) < 70);
+  await until(
+    'it follows the window',
+    async () => page.viewportSize().height - ((await title.boundingBox())?.y ?? 0) < 70
+  );
   await page.setViewportSize({ width: 1280, height: 800 });
   await title.click();
   await until('the list is as it was', async () => Math.abs((await height(list)) - before) <= 2);

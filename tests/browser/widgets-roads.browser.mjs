@@ -15,11 +15,18 @@ test('a filter with a broken regular expression, and its repair', async (t) => {
   const page = await devicesPage(t, await shared.get());
   const filter = page.getByLabel('Filter by name').locator('visible=true');
   await select(page, 'Desk 4');
-  for (const [text, good] of [['Desk (', false], ['Desk (4|5)$', true], ['[', false], ['*', false], ['desk [45', false], ['', true]]) {
+  for (const [text, good] of [
+    ['Desk (', false],
+    ['Desk (4|5)$', true],
+    ['[', false],
+    ['*', false],
+    ['desk [45', false],
+    ['', true],
+  ]) {
     await filter.fill(String(text));
     if (good) await until(`"${text}" shows rows`, async () => (await deviceRows(page).count()) > 1);
     else await until(`"${text}" shows none`, async () => (await deviceRows(page).count()) === 0);
-    assert.equal(await filter.inputValue(), text, 'the text is the user\'s');
+    assert.equal(await filter.inputValue(), text, "the text is the user's");
   }
   await filter.fill('desk (4|5)$');
   await until('two rows', async () => (await deviceRows(page).count()) === 2);
@@ -64,7 +71,11 @@ test('Escape on a box with a ticked check box', async (t) => {
   system.ctl('set', 'user', '1', 'enableResetDevicesWarning=enabled');
 });
 
-const chosen = (size) => ({ name: 'firmware of Desk 7, \u00fc.bin', mimeType: 'application/octet-stream', buffer: randomBytes(size) });
+const chosen = size => ({
+  name: 'firmware of Desk 7, \u00fc.bin',
+  mimeType: 'application/octet-stream',
+  buffer: randomBytes(size),
+});
 
 /** The upload dialog with a file of that size chosen. */
 async function openUpload(page, size) {
@@ -93,7 +104,9 @@ test('an upload that is too large, and one that goes through', async (t) => {
   await dialog.getByText('Completed.').waitFor();
   assert.equal(own.spooled().length, 1);
   await dialog.getByRole('button', { name: 'Close' }).click();
-  await until('the dialog has ended', async () => /^upload 0 '.+' 'firmware of Desk 7, \u00fc.bin'$/.test(await log(page)));
+  await until('the dialog has ended', async () =>
+    /^upload 0 '.+' 'firmware of Desk 7, \u00fc.bin'$/.test(await log(page))
+  );
   await until('a file that nobody took is gone', () => own.spooled().length === 0);
 });
 
@@ -104,7 +117,12 @@ test('an upload that is cancelled half-way leaves nothing behind', async (t) => 
   // A line so slow that the file is still on its way when the user has enough.
   const line = await page.context().newCDPSession(page);
   await line.send('Network.enable');
-  await line.send('Network.emulateNetworkConditions', { offline: false, latency: 0, downloadThroughput: -1, uploadThroughput: 40_000 });
+  await line.send('Network.emulateNetworkConditions', {
+    offline: false,
+    latency: 0,
+    downloadThroughput: -1,
+    uploadThroughput: 40_000,
+  });
   const dialog = await openUpload(page, MAX_UPLOAD - 100_000);
   await dialog.getByRole('button', { name: 'Send', exact: true }).click();
   await dialog.getByText('Transferring file.').waitFor();
@@ -113,7 +131,12 @@ test('an upload that is cancelled half-way leaves nothing behind', async (t) => 
   await dialog.getByRole('button', { name: 'Cancel' }).click();
   await until('the dialog has ended', async () => (await log(page)) === "upload 5 '' ''");
   await until('the spool folder is empty', () => own.spooled().length === 0);
-  await line.send('Network.emulateNetworkConditions', { offline: false, latency: 0, downloadThroughput: -1, uploadThroughput: -1 });
+  await line.send('Network.emulateNetworkConditions', {
+    offline: false,
+    latency: 0,
+    downloadThroughput: -1,
+    uploadThroughput: -1,
+  });
 
   const again = await openUpload(page, 1000);
   await again.getByLabel('Close when transfer successfully completes.').check();
@@ -132,10 +155,14 @@ test('answers of a box: the buttons\' order, and Escape with a tick', async (t) 
     return dialog;
   };
   const dialog = await open();
-  const places = await Promise.all(['Perhaps', 'No', 'Yes'].map(async (name) => (await dialog.getByRole('button', { name }).boundingBox()).x));
+  const places = await Promise.all(
+    ['Perhaps', 'No', 'Yes'].map(async name => (await dialog.getByRole('button', { name }).boundingBox()).x)
+  );
   assert.ok(places[0] < places[1] && places[1] < places[2], `the first button stands rightmost: ${places}`);
   assert.equal(await dialog.getByRole('button', { name: 'Ignored' }).count(), 0);
-  await until('the first button has the focus', () => dialog.getByRole('button', { name: 'Yes' }).evaluate((e) => e === document.activeElement));
+  await until('the first button has the focus', () =>
+    dialog.getByRole('button', { name: 'Yes' }).evaluate(e => e === document.activeElement)
+  );
   await dialog.getByLabel('Do not ask again.').check();
   await page.keyboard.press('Escape');
   await until('Escape is no button', async () => (await log(page)) === 'box 0 ticked');

@@ -29,7 +29,9 @@ for (const colorScheme of /** @type {const} */ (['light', 'dark'])) {
     await gallery.open(page);
     await page.screenshot({ path: join(outDir, `widgets-${colorScheme}.png`), fullPage: true });
     // An address that the records do not share is an empty link to nowhere; it is kept as it is.
-    const wrong = (await violations(page)).filter((line) => !(line.startsWith('link-name') && line.includes('WAnchorZeq')));
+    const wrong = (await violations(page)).filter(
+      line => !(line.startsWith('link-name') && line.includes('WAnchorZeq'))
+    );
     assert.deepEqual(wrong, []);
     assert.doesNotMatch(await page.locator('body').innerText(), /\?\?/, 'a text without words');
   });
@@ -63,21 +65,34 @@ test('one, equal, different, failed and disabled', async (t) => {
     assert.equal(await shown(specimen(page, name, 'different')), different, `${name}, different records`);
   }
   // A refused read: fields keep what they show, read-only texts go empty, boxes over records take the blank item.
-  for (const [name, text] of [['WLineEditZeq', 'Desk <b>7</b>'], ['WCheckBoxZeq', 'on'], ['WUsbMode', 'All devices'], ['WTxIcon', 'Icon 7'],
-    ['WTextZeq', ''], ['WUInt32Zeq', ''], ['WUsr', ''], ['WTargetAny', '']])
+  for (const [name, text] of [
+    ['WLineEditZeq', 'Desk <b>7</b>'],
+    ['WCheckBoxZeq', 'on'],
+    ['WUsbMode', 'All devices'],
+    ['WTxIcon', 'Icon 7'],
+    ['WTextZeq', ''],
+    ['WUInt32Zeq', ''],
+    ['WUsr', ''],
+    ['WTargetAny', ''],
+  ])
     assert.equal(await shown(specimen(page, name, 'failed')), text, `${name}, failed read`);
 
   const hotkey = specimen(page, 'WOsdActivateHotkeyCustom', 'one').locator('select');
   assert.equal(await shown(hotkey.nth(0)), '4 - A');
   assert.equal(await shown(hotkey.nth(1)), '5 - B');
-  for (const name of ['WLineEditZeq', 'WTextAreaZeq', 'WUsbMode', 'WUsr']) assert.ok(await specimen(page, name, 'disabled').isDisabled(), name);
+  for (const name of ['WLineEditZeq', 'WTextAreaZeq', 'WUsbMode', 'WUsr'])
+    assert.ok(await specimen(page, name, 'disabled').isDisabled(), name);
   const noButton = specimen(page, 'WTxIcon', 'disabled');
   assert.equal(await noButton.getAttribute('aria-disabled'), 'true');
   await noButton.click({ force: true });
   await readAgain(page);
   assert.equal(await page.getByRole('dialog').locator('visible=true').count(), 0, 'a disabled icon opens no choice');
   for (const name of ['WEid', 'WIpV4Addr', 'WIpV6Addr', 'WIpAddr', 'WHostAddr', 'WMacAddr', 'WKeyCode', 'WMouseDelta'])
-    assert.equal(await specimen(page, name, 'invalid').getAttribute('aria-invalid'), 'true', `${name} tells that it is invalid`);
+    assert.equal(
+      await specimen(page, name, 'invalid').getAttribute('aria-invalid'),
+      'true',
+      `${name} tells that it is invalid`
+    );
 });
 
 test('what a screen reader calls the fields made of several', async (t) => {
@@ -100,14 +115,24 @@ test('an icon is chosen by keyboard', async (t) => {
   await page.keyboard.press('Space');
   const choice = page.getByRole('dialog').getByRole('button', { name: 'Icon 12', exact: true });
   await choice.waitFor();
-  await until('all pictures are there', () => page.getByRole('dialog').locator('img').evaluateAll((all) => all.every((img) => img.complete)));
+  await until('all pictures are there', () =>
+    page
+      .getByRole('dialog')
+      .locator('img')
+      .evaluateAll(all => all.every(img => img.complete))
+  );
   await page.keyboard.press('Escape');
   await choice.waitFor({ state: 'hidden' });
   assert.equal(await shown(icon), 'Icon 7');
   await icon.focus();
   await page.keyboard.press('Enter');
   await choice.waitFor();
-  await until('all pictures are there', () => page.getByRole('dialog').locator('img').evaluateAll((all) => all.every((img) => img.complete)));
+  await until('all pictures are there', () =>
+    page
+      .getByRole('dialog')
+      .locator('img')
+      .evaluateAll(all => all.every(img => img.complete))
+  );
   await choice.focus();
   await page.keyboard.press('Enter');
   await until('the icon is another one', async () => (await shown(icon)) === 'Icon 12');
@@ -135,7 +160,11 @@ test('typing while refreshes arrive', async (t) => {
       assert.equal(await field.inputValue(), typed, `${name}, in the middle of typing`);
       await page.keyboard.press('ArrowLeft');
       await refreshes(page, 1);
-      assert.equal(await field.evaluate((element) => /** @type {HTMLInputElement} */ (element).selectionStart), typed.length - 1, 'the caret stays');
+      assert.equal(
+        await field.evaluate(element => /** @type {HTMLInputElement} */ (element).selectionStart),
+        typed.length - 1,
+        'the caret stays'
+      );
       await page.keyboard.press('ArrowRight');
     }
     await until('the change is told', async () => (await log(page)) === `changed ${name}/${states.one}`);

@@ -2,7 +2,7 @@
 
 #include "tests/db/FakeStore.h"
 #include "tests/platform/support/LogCapture.h"
-#include "tests/shell/TestSession.h"
+#include "tests/shell/AppSession.h"
 
 #include "db/Db.h"
 
@@ -15,7 +15,7 @@ protected:
 
     FakeStore store;
     CleanLogins clean;
-    TestSession session;
+    AppSession session;
     LogCapture log;
     Db::Errors errors;
 };

@@ -11,7 +11,7 @@ class DbOnZeqd : public testing::Test {
 protected:
     ZeqdProcess zeqd;
     CleanLogins clean;
-    TestSession session;
+    AppSession session;
     LogCapture log;
     Db::Errors errors;
 };

@@ -15,8 +15,8 @@ constexpr std::size_t kVariantsPerSeed = 60;
 
 class Replay : public testing::TestWithParam<FuzzTarget> {
 protected:
-    /// The input is copied to a block of exactly its size, so that reading beyond it is seen by the
-    /// sanitizer.
+    /// The input is copied to a block of exactly its size, so that reading beyond it is seen
+    /// by the sanitizer.
     static void run(const std::string& input) {
         const std::vector<unsigned char> bytes(input.begin(), input.end());
         GetParam().run(bytes.data(), bytes.size());

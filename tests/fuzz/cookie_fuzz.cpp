@@ -1,7 +1,7 @@
-// Cookie headers: a value that is found stands there as the one pair of that name, alone and in a whole
-// request.
+// Cookie headers: a value that is found stands there as the one pair of that name,
+// alone and in a whole request.
 #include "core/Secret.h"
-#include "server/Request.h"
+#include "server/HttpRequest.h"
 #include "server/RequestParser.h"
 
 #include <cstddef>

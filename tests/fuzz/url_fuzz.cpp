@@ -1,7 +1,7 @@
-// Targets, parameters and cookies: a path that is accepted lies below the root, however often it is read
-// again.
+// Targets, parameters and cookies: a path that is accepted lies below the root,
+// however often it is read again.
 #include "server/AccessLog.h"
-#include "server/Request.h"
+#include "server/HttpRequest.h"
 #include "server/Url.h"
 
 #include <cstddef>

@@ -1,8 +1,8 @@
 // The service's road from a client's bytes to a changed store: frames, requests, rules.
 #include "platform/service/core/JsonPtr.h"
 #include "platform/service/demo/Installation.h"
-#include "platform/service/net/Frame.h"
-#include "platform/service/record/JsonText.h"
+#include "platform/service/net/FrameReader.h"
+#include "platform/service/record/RecordJson.h"
 #include "platform/service/request/ReadRequest.h"
 #include "platform/service/request/WriteRequest.h"
 #include "platform/service/store/Store.h"
@@ -32,7 +32,7 @@ void checkAnswer(const std::string& text) {
 }
 
 void handle(std::string_view frame) {
-    Request request;
+    ZeqRequest request;
     Errors errors;
     interpret(frame, request, errors);
     if (!errors.empty()) return checkAnswer(errorText(request.id, errors));
@@ -53,7 +53,7 @@ void handle(std::string_view frame) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);
     handle(bytes);
-    FrameDecoder decoder;
+    FrameReader decoder;
     decoder.append(bytes);
     while (const auto frame = decoder.next()) handle(*frame);
     return 0;

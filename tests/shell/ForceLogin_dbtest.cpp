@@ -21,7 +21,7 @@ protected:
         return widgetsIn<WEstabSesRxTable>(&dialog).at(0)->model()->rowCount();
     }
 
-    TestSession session;
+    AppSession session;
     unsigned user = 0;
 };
 

@@ -18,7 +18,7 @@ static_assert(std::string_view(kGood) == ZeqdProcess::kAdminPassword);
 
 class Login : public ShellTest {
 protected:
-    static void failTimes(TestSession& session, int times) {
+    static void failTimes(AppSession& session, int times) {
         for (int i = 0; i < times; ++i) {
             session.logIn("admin", "wrong");
             ASSERT_NE(session.probe().authFailure(), nullptr) << "attempt " << i;
@@ -28,7 +28,7 @@ protected:
 };
 
 TEST_F(Login, GoodPasswordLeadsToThePages) {
-    TestSession session;
+    AppSession session;
     EXPECT_FALSE(session.probe().holdsClient()) << "who waits on the login holds no client";
     session.logIn("admin", kGood);
     EXPECT_TRUE(session.app().userIsLoggedIn());
@@ -39,7 +39,7 @@ TEST_F(Login, GoodPasswordLeadsToThePages) {
 }
 
 TEST_F(Login, EveryWrongAttemptGetsTheSameWordsAndAnEmptyDialog) {
-    TestSession session;
+    AppSession session;
     struct {
         const char* name;
         const char* password;
@@ -59,14 +59,14 @@ TEST_F(Login, EveryWrongAttemptGetsTheSameWordsAndAnEmptyDialog) {
 }
 
 TEST_F(Login, OneKeyPressThatArrivesTwiceCountsOnce) {
-    TestSession session;
+    AppSession session;
     session.logIn("admin", "wrong");
     click(session.probe().login()->loginButton); // the click that follows Enter on the button
     EXPECT_EQ(SessionProbe::failureCount(), 1u);
 }
 
 TEST_F(Login, SixthAttemptMeetsTheLockoutWithoutAskingTheService) {
-    TestSession session;
+    AppSession session;
     failTimes(session, 5); // the fifth shows the failure box like the others
     EXPECT_EQ(SessionProbe::failureCount(), 5u);
     for (int attempt = 6; attempt <= 8; ++attempt) {
@@ -91,7 +91,7 @@ TEST_F(Login, SixthAttemptMeetsTheLockoutWithoutAskingTheService) {
 }
 
 TEST_F(Login, WaitingOutTheLockoutKeepsTheCount) {
-    TestSession session;
+    AppSession session;
     failTimes(session, 5);
     clock.advance(301);
     session.logIn("admin", "wrong");
@@ -103,21 +103,21 @@ TEST_F(Login, WaitingOutTheLockoutKeepsTheCount) {
 
 TEST_F(Login, GoodLoginForgetsFailuresAndLockout) {
     {
-        TestSession session;
+        AppSession session;
         failTimes(session, 5);
         clock.advance(300);
         session.logIn("admin", kGood);
         EXPECT_TRUE(session.app().userIsLoggedIn());
         EXPECT_EQ(SessionProbe::failureCount(), 0u);
     }
-    TestSession session;
+    AppSession session;
     failTimes(session, 4);
     session.logIn("admin", kGood);
     EXPECT_TRUE(session.app().userIsLoggedIn());
 }
 
 TEST_F(Login, ClockSetBackEndsTheLockout) {
-    TestSession session;
+    AppSession session;
     failTimes(session, 5);
     clock.advance(-3600);
     session.logIn("admin", kGood);
@@ -126,20 +126,20 @@ TEST_F(Login, ClockSetBackEndsTheLockout) {
 
 TEST_F(Login, TwoBrowsersShareCountAndLockout) {
     std::thread([&] {
-        TestSession other;
+        AppSession other;
         failTimes(other, 3);
     }).join();
-    TestSession session;
+    AppSession session;
     failTimes(session, 2);
     std::thread([&] {
-        TestSession other;
+        AppSession other;
         other.logIn("admin", kGood);
         EXPECT_NE(other.probe().lockout(), nullptr);
     }).join();
 }
 
 TEST_F(Login, LostServiceReadsAsAWrongPasswordAndRecovers) {
-    TestSession session;
+    AppSession session;
     zeqd.kill();
     session.logIn("admin", kGood);
     ASSERT_NE(session.probe().authFailure(), nullptr);
@@ -151,7 +151,7 @@ TEST_F(Login, LostServiceReadsAsAWrongPasswordAndRecovers) {
 }
 
 TEST_F(Login, PageOpenWhileTheServiceDiesRecoversOnTheNextRead) {
-    TestSession session;
+    AppSession session;
     session.logIn("admin", kGood);
     std::string name;
     std::vector<std::string> errors;
@@ -167,10 +167,11 @@ TEST_F(Login, PageOpenWhileTheServiceDiesRecoversOnTheNextRead) {
 TEST_F(Login, NoServiceMeansFiveNoticesThenResetOrRetry) {
     zeqd.kill();
     int notices = 0;
-    TestSession session(std::function<void(Wt::WDialog*)>([&](Wt::WDialog* dialog) {
+    AppSession session(std::function<void(Wt::WDialog*)>([&](Wt::WDialog* dialog) {
         ++notices;
-        EXPECT_EQ(textIn(dialog), "Retrying\nAttempting to establish a connection with the internal database "
-                                  "server. Please wait.\n");
+        EXPECT_EQ(textIn(dialog),
+                  "Retrying\nAttempting to establish a connection with the internal database server. "
+                  "Please wait.\n");
         dynamic_cast<WMsgBox*>(dialog)->timeoutHandler();
     }));
     EXPECT_EQ(notices, 5);
@@ -191,7 +192,7 @@ TEST_F(Login, NoServiceMeansFiveNoticesThenResetOrRetry) {
 TEST_F(Login, ServiceThatComesBackDuringTheWaitIsUsed) {
     zeqd.kill();
     int notices = 0;
-    TestSession session(std::function<void(Wt::WDialog*)>([&](Wt::WDialog* dialog) {
+    AppSession session(std::function<void(Wt::WDialog*)>([&](Wt::WDialog* dialog) {
         if (++notices == 2) zeqd.start();
         dynamic_cast<WMsgBox*>(dialog)->timeoutHandler();
     }));
@@ -200,7 +201,7 @@ TEST_F(Login, ServiceThatComesBackDuringTheWaitIsUsed) {
 }
 
 TEST_F(Login, ForgottenPasswordShowsWhomToAskAndReturns) {
-    TestSession session;
+    AppSession session;
     click(session.probe().login()->forgotPasswordAnchor);
     ASSERT_NE(session.probe().forgotPassword(), nullptr);
     session.probe().forgotPassword()->reject(); // Escape
@@ -209,7 +210,7 @@ TEST_F(Login, ForgottenPasswordShowsWhomToAskAndReturns) {
 }
 
 TEST_F(Login, EveryKeyInTheFieldsRestartsTheIdleTimer) {
-    TestSession session;
+    AppSession session;
     for (Wt::WLineEdit* field :
          {session.probe().login()->usernameField, session.probe().login()->passwordField}) {
         Wt::WTimer* before = session.probe().inactivityTimer();
@@ -238,7 +239,7 @@ protected:
         dialog->passwordChangedHandler();
     }
 
-    TestSession session;
+    AppSession session;
 };
 
 TEST_F(FirstPassword, ButtonNeedsTwoEqualPrintablePasswords) {
@@ -273,7 +274,7 @@ TEST_F(FirstPassword, IsStoredAndWorksFromThenOn) {
     EXPECT_EQ(session.probe().firstPassword(), nullptr);
     EXPECT_TRUE(session.app().userIsLoggedIn());
     std::thread([] {
-        TestSession again;
+        AppSession again;
         again.logIn("supervisor", "Secret-1");
         EXPECT_TRUE(again.app().userIsLoggedIn());
     }).join();
@@ -295,7 +296,7 @@ TEST_F(Banner, ShownOnlyWhenEnabledWithText) {
         SCOPED_TRACE(std::string(row.enabled) + " '" + row.text + "'");
         store("systemGlobals", 0, "mirlBannerText", row.text);
         store("systemGlobals", 0, "mirlBannerEnable", row.enabled);
-        TestSession session;
+        AppSession session;
         EXPECT_EQ(session.probe().banner() != nullptr, row.shown);
         EXPECT_EQ(session.probe().login() != nullptr, !row.shown);
         EXPECT_FALSE(session.probe().holdsClient());

@@ -1,8 +1,8 @@
 // What a session shows and watches after the login, against Switches of every kind.
 
 #include "tests/frame/WidgetSearch.h"
+#include "tests/shell/AppSession.h"
 #include "tests/shell/FakeSwitch.h"
-#include "tests/shell/TestSession.h"
 
 #include <Wt/WAnchor>
 #include <Wt/WCheckBox>
@@ -14,7 +14,7 @@ namespace {
 class Session : public testing::Test {
 protected:
     /// Tab labels of the session, each followed by a blank.
-    static std::string labels(TestSession& session) {
+    static std::string labels(AppSession& session) {
         std::string all;
         for (int i = 0; i < session.probe().tabs()->count(); ++i)
             all += session.probe().tabs()->tabText(i).toUTF8() + " ";
@@ -51,7 +51,7 @@ TEST_F(Session, PagesByRoleOfTheSwitch) {
         device.set("systemGlobals", "managedSetting", '"' + std::string(row.managed) + '"');
         device.set("systemGlobals", "fullMirlWhenManaged",
                    *row.full ? '"' + std::string(row.full) + '"' : "");
-        TestSession session;
+        AppSession session;
         session.logIn("admin", "x");
         EXPECT_EQ(labels(session), row.tabs);
         EXPECT_EQ(session.probe().modeTimer() != nullptr, row.watchesMode);
@@ -72,7 +72,7 @@ TEST_F(Session, OnlyTurningManagedOrUnmanagedEndsIt) {
     for (const auto& row : rows) {
         SCOPED_TRACE(std::string(row.before) + " to " + row.after);
         device.set("systemGlobals", "managedSetting", '"' + std::string(row.before) + '"');
-        TestSession session;
+        AppSession session;
         session.logIn("admin", "x");
         device.set("systemGlobals", "managedSetting", *row.after ? '"' + std::string(row.after) + '"' : "");
         session.probe().modeCheck();
@@ -82,7 +82,7 @@ TEST_F(Session, OnlyTurningManagedOrUnmanagedEndsIt) {
 }
 
 TEST_F(Session, UnreadableModeChangesNothing) {
-    TestSession session;
+    AppSession session;
     session.logIn("admin", "x");
     device.set("systemGlobals", "managedSetting", "\"verified\"");
     device.refuse("systemGlobals", true);
@@ -109,7 +109,7 @@ TEST_F(Session, InactivityByLimit) {
     for (const auto& row : rows) {
         SCOPED_TRACE(row.what);
         device.set("systemGlobals", "mirlInactivityTimeout", row.minutes);
-        TestSession session;
+        AppSession session;
         session.logIn("admin", "x");
         clock.advance(row.idleSec);
         session.probe().timerEvent();
@@ -119,7 +119,7 @@ TEST_F(Session, InactivityByLimit) {
 }
 
 TEST_F(Session, UserEventsKeepItAliveTimersDoNot) {
-    TestSession session;
+    AppSession session;
     session.logIn("admin", "x");
     for (int i = 0; i < 3; ++i) {
         clock.advance(599);
@@ -137,7 +137,7 @@ TEST_F(Session, UserEventsKeepItAliveTimersDoNot) {
 }
 
 TEST_F(Session, LogoutDeletesTheAdminSession) {
-    TestSession session;
+    AppSession session;
     session.logIn("admin", "x");
     EXPECT_EQ(session.app().getIndexOfCurrentlyLoggedInUsr(), 1u);
     auto* logout = widgetsIn<Wt::WAnchor>(session.app().root()).back();
@@ -173,7 +173,7 @@ TEST_F(Session, HeaderSaysWhoAndWhereAndLinksHelp) {
         device.set("swx", "mode", '"' + std::string(row.mode) + '"');
         device.set("systemGlobals", "managedSetting", '"' + std::string(row.managed) + '"');
         device.set("systemGlobals", "mirlCustomHelpLink", row.helpLink);
-        TestSession session;
+        AppSession session;
         session.logIn("admin", "x");
         EXPECT_EQ(widgetsIn<Wt::WText>(session.app().root()).at(0)->text().toUTF8(), row.text);
         std::string links;
@@ -207,7 +207,7 @@ protected:
             if (anchor->text() == "Log out") return click(anchor);
     }
 
-    TestSession session;
+    AppSession session;
     int boxes = 0;
     std::function<void(Wt::WDialog&)> answer;
 };
@@ -271,7 +271,7 @@ TEST_F(UnsavedChanges, SignOnTheMainTabFollowsTheLastPageOfTheSection) {
 }
 
 TEST_F(Session, PlainHttpIsSentToHttpsAtOnceAndByTimer) {
-    TestSession session("http");
+    AppSession session("http");
     ASSERT_NE(session.probe().redirectTimer(), nullptr);
     EXPECT_EQ(session.probe().redirectTimer()->interval(), 2000);
     EXPECT_TRUE(session.probe().redirectTimer()->isActive());

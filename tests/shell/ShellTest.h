@@ -1,7 +1,7 @@
 #pragma once
 
 #include "tests/platform/support/ZeqdProcess.h"
-#include "tests/shell/TestSession.h"
+#include "tests/shell/AppSession.h"
 
 #include <gtest/gtest.h>
 

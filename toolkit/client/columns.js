@@ -5,11 +5,12 @@ const PADDING = 7; // of a cell, with its border; CSS pixels
 const KEY_STEP = 10; // of a column's width, by keyboard; CSS pixels
 const MIN_WIDTH = 8;
 const SORT_NAMES = [null, 'none', 'ascending', 'descending'];
+/** @type {Record<string, string>} */
 const ALIGN = { l: 'left', r: 'right', c: 'center' };
 
 /**
- * @typedef {{id: number, width: number, text: string, align: string, sort: number, tip: string, headAlign: string}}
- * Column
+ * @typedef {{id: number, width: number, text: string, align: string, sort: number, tip: string,
+ *   headAlign: string}} Column
  */
 
 /** @param {string} role @param {string} className @param {Element} [parent] */

@@ -3,44 +3,44 @@
 const NOTE_MS = 8000;
 
 export class Notice {
-    constructor() {
-        this.banner = document.createElement('div');
-        this.banner.className = 'wt-banner';
-        this.banner.setAttribute('role', 'status');
-        this.banner.hidden = true;
-        document.body.append(this.banner);
-    }
+  constructor() {
+    this.banner = document.createElement('div');
+    this.banner.className = 'wt-banner';
+    this.banner.setAttribute('role', 'status');
+    this.banner.hidden = true;
+    document.body.append(this.banner);
+  }
 
-    /** @param {string} text */
-    showBanner(text) {
-        if (this.banner.textContent !== text) this.banner.textContent = text;
-        this.banner.hidden = false;
-    }
+  /** @param {string} text */
+  showBanner(text) {
+    if (this.banner.textContent !== text) this.banner.textContent = text;
+    this.banner.hidden = false;
+  }
 
-    hideBanner() {
-        this.banner.hidden = true;
-    }
+  hideBanner() {
+    this.banner.hidden = true;
+  }
 
-    /** A banner that goes away by itself. @param {string} text */
-    showNote(text) {
-        this.showBanner(text);
-        setTimeout(() => { if (this.banner.textContent === text) this.hideBanner(); }, NOTE_MS);
-    }
+  /** A banner that goes away by itself. @param {string} text */
+  showNote(text) {
+    this.showBanner(text);
+    setTimeout(() => { if (this.banner.textContent === text) this.hideBanner(); }, NOTE_MS);
+  }
 
-    /** @param {string} text why the session is over */
-    showOver(text) {
-        const box = document.createElement('dialog');
-        box.className = 'wt-over';
-        const message = document.createElement('p');
-        message.textContent = text;
-        const again = document.createElement('button');
-        again.type = 'button';
-        again.textContent = 'Start again';
-        again.addEventListener('click', () => location.reload());
-        box.addEventListener('cancel', event => event.preventDefault());
-        box.append(message, again);
-        document.body.append(box);
-        box.showModal();
-        again.focus();
-    }
+  /** @param {string} text why the session is over */
+  showOver(text) {
+    const box = document.createElement('dialog');
+    box.className = 'wt-over';
+    const message = document.createElement('p');
+    message.textContent = text;
+    const again = document.createElement('button');
+    again.type = 'button';
+    again.textContent = 'Start again';
+    again.addEventListener('click', () => location.reload());
+    box.addEventListener('cancel', event => event.preventDefault());
+    box.append(message, again);
+    document.body.append(box);
+    box.showModal();
+    again.focus();
+  }
 }

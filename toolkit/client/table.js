@@ -13,6 +13,7 @@ const ACTIONS = [
   ['mousedown', 'down'],
   ['mouseup', 'up'],
 ];
+/** @type {Record<string, number>} */
 const WANTED = { down: 1, up: 2, dbl: 4 }; // bits of "listens"
 
 /**
@@ -287,6 +288,7 @@ export class Table {
   where(event) {
     if (!(event instanceof MouseEvent)) return { m: modifiers(event) };
     const frame = this.root.getBoundingClientRect();
+    /** @type {Record<string, number>} */
     const places = {
       x: event.clientX,
       y: event.clientY,

@@ -1,5 +1,6 @@
 // Keys of a list of tabs or a menu: arrows, Home and End go to the item and choose it; Enter and space choose.
 
+/** @type {Record<string, number>} */
 const STEPS = { ArrowLeft: -1, ArrowUp: -1, ArrowRight: 1, ArrowDown: 1 };
 
 export class Tabs {

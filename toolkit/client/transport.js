@@ -24,366 +24,372 @@ const END_GRACE_MS = 2000; // a redirect may be under way
 
 /** What the box says when the session does not exist any more. */
 const GONE_TEXT = new Map([
-    ['expired', 'The session has expired.'],
-    ['stopping', 'The server is stopping.'],
-    ['overload', 'The session was ended because the connection could not keep up.'],
-    ['failed', 'The session was ended by an error.'],
+  ['expired', 'The session has expired.'],
+  ['stopping', 'The server is stopping.'],
+  ['overload', 'The session was ended because the connection could not keep up.'],
+  ['failed', 'The session was ended by an error.'],
 ]);
 
 export class Transport {
-    constructor() {
-        /** @type {boolean | undefined} undefined: there has been no connection yet */
-        this.online = undefined;
-        this.base = new URL('../../', import.meta.url).pathname; // ends in "/"
-        this.notice = new Notice();
-        /** @type {PageLike} */
-        this.page = undefined;
-        this.token = '';
-        this.applied = 0; // highest server number
-        this.numbered = 0; // highest of ours
-        /** @type {Message[]} */
-        this.unacknowledged = [];
-        /** @type {Object<string, any>[]} */
-        this.collected = []; // events of this task
-        this.keys = new Map(); // key -> number of the message that carries it; 0: not sent yet
-        this.collectedKeys = [];
-        this.ended = false;
-        /** @type {WebSocket} */
-        this.socket = null;
-        this.socketFailures = 0;
-        this.polling = false;
-        this.pollRound = 0;
-        /** @type {AbortController} */
-        this.pollAbort = null;
-        this.retryMs = FIRST_RETRY_MS;
-        this.retryTimer = 0;
-        this.socketTimer = 0; // tries WebSocket again while polling
-        this.heartbeatTimer = 0;
-        this.answerTimer = 0;
-        this.connectTimer = 0;
+  constructor() {
+    /** @type {boolean | undefined} undefined: there has been no connection yet */
+    this.online = undefined;
+    this.base = new URL('../../', import.meta.url).pathname; // ends in "/"
+    this.notice = new Notice();
+    /** @type {PageLike} given before start() */
+    this.page = /** @type {any} */ (undefined);
+    this.token = '';
+    this.applied = 0; // highest server number
+    this.numbered = 0; // highest of ours
+    /** @type {Message[]} */
+    this.unacknowledged = [];
+    /** @type {Object<string, any>[]} */
+    this.collected = []; // events of this task
+    this.keys = new Map(); // key -> number of the message that carries it; 0: not sent yet
+    /** @type {string[]} */
+    this.collectedKeys = [];
+    this.ended = false;
+    /** @type {WebSocket|null} */
+    this.socket = null;
+    this.socketFailures = 0;
+    this.polling = false;
+    this.pollRound = 0;
+    /** @type {AbortController|null} */
+    this.pollAbort = null;
+    this.retryMs = FIRST_RETRY_MS;
+    this.retryTimer = 0;
+    /** @type {() => void} what the timer does */
+    this.retry = () => {};
+    this.socketTimer = 0; // tries WebSocket again while polling
+    this.heartbeatTimer = 0;
+    this.answerTimer = 0;
+    this.connectTimer = 0;
+  }
+
+  /** @param {PageLike} page */
+  async start(page) {
+    this.page = page;
+    addEventListener('pagehide', () => this.sayBye());
+    addEventListener('pageshow', event => { if (event.persisted) location.reload(); });
+    addEventListener('online', () => this.lookAgain());
+    addEventListener('offline', () => this.connectionLost());
+    document.addEventListener('visibilitychange', () => {
+      if (document.visibilityState === 'visible') this.lookAgain();
+    });
+    await this.openSession();
+  }
+
+  /**
+   * Queues an event of the page; events of one task travel together.
+   * @param {Object<string, any>} event
+   * @param {string} [key] while an event with this key is under way, another one is dropped
+   */
+  sendEvent(event, key) {
+    if (this.ended || this.unacknowledged.length >= MAX_WAITING_EVENTS) return;
+    if (key !== undefined) {
+      if (this.keys.has(key)) return;
+      this.keys.set(key, 0);
+      this.collectedKeys.push(key);
     }
+    const values = this.page.collectValues();
+    if (values) event.v = values;
+    if (this.collected.push(event) === 1) queueMicrotask(() => this.numberEvents());
+  }
 
-    /** @param {PageLike} page */
-    async start(page) {
-        this.page = page;
-        addEventListener('pagehide', () => this.sayBye());
-        addEventListener('pageshow', event => { if (event.persisted) location.reload(); });
-        addEventListener('online', () => this.lookAgain());
-        addEventListener('offline', () => this.connectionLost());
-        document.addEventListener('visibilitychange', () => {
-            if (document.visibilityState === 'visible') this.lookAgain();
-        });
-        await this.openSession();
+  numberEvents() {
+    const events = this.collected;
+    this.collected = [];
+    for (const group of byteSize(events) <= MAX_MESSAGE_BYTES ? [events] : events.map(event => [event])) {
+      if (byteSize(group) > MAX_MESSAGE_BYTES) {
+        this.notice.showNote('An entry was too long and has not been sent.');
+        continue;
+      }
+      const message = { n: ++this.numbered, e: group };
+      this.unacknowledged.push(message);
+      if (this.isOpen()) this.sendToSocket({ ...message, ack: this.applied });
     }
+    for (const key of this.collectedKeys) this.keys.set(key, this.numbered);
+    this.collectedKeys = [];
+    if (this.polling) this.pollAgain();
+  }
 
-    /**
-     * Queues an event of the page; events of one task travel together.
-     * @param {Object<string, any>} event
-     * @param {string} [key] while an event with this key is under way, another one is dropped
-     */
-    sendEvent(event, key) {
-        if (this.ended || this.unacknowledged.length >= MAX_WAITING_EVENTS) return;
-        if (key !== undefined) {
-            if (this.keys.has(key)) return;
-            this.keys.set(key, 0);
-            this.collectedKeys.push(key);
-        }
-        const values = this.page.collectValues();
-        if (values) event.v = values;
-        if (this.collected.push(event) === 1) queueMicrotask(() => this.numberEvents());
-    }
+  isOpen() {
+    return this.socket !== null && this.socket.readyState === WebSocket.OPEN;
+  }
 
-    numberEvents() {
-        const events = this.collected;
-        this.collected = [];
-        for (const group of byteSize(events) <= MAX_MESSAGE_BYTES ? [events] : events.map(event => [event])) {
-            if (byteSize(group) > MAX_MESSAGE_BYTES) {
-                this.notice.showNote('An entry was too long and has not been sent.');
-                continue;
-            }
-            const message = { n: ++this.numbered, e: group };
-            this.unacknowledged.push(message);
-            if (this.isOpen()) this.sendToSocket({ ...message, ack: this.applied });
-        }
-        for (const key of this.collectedKeys) this.keys.set(key, this.numbered);
-        this.collectedKeys = [];
-        if (this.polling) this.pollAgain();
-    }
+  // ---- session ----
 
-    isOpen() {
-        return this.socket !== null && this.socket.readyState === WebSocket.OPEN;
-    }
-
-    // ---- session ----
-
-    async openSession() {
-        const body = { path: location.pathname, query: location.search.slice(1), width: innerWidth, height: innerHeight };
-        try {
-            const answer = await this.post('wt-session/start', body, POLL_LIMIT_MS);
-            if (answer.ok) {
-                const started = await answer.json();
-                this.token = started.token;
-                this.openSocket();
-                return;
-            }
-            this.notice.showBanner(answer.status === 503 || answer.status === 429
-                ? 'The server is busy. Trying again.' : 'The server refused the page. Trying again.');
-        } catch {
-            this.notice.showBanner('No connection to the server. Trying again.');
-        }
-        this.retryLater(() => this.openSession());
-    }
-
-    sayBye() {
-        if (this.ended || !this.token) return;
-        this.ended = true;
-        navigator.sendBeacon(this.base + 'wt-session/bye', JSON.stringify({ token: this.token }));
-        if (this.socket) this.socket.close(1000);
-    }
-
-    /** @param {string} path @param {any} body @param {number} limitMs @param {AbortSignal} [signal] */
-    post(path, body, limitMs, signal) {
-        const limit = AbortSignal.timeout(limitMs);
-        return fetch(this.base + path, {
-            method: 'POST',
-            credentials: 'same-origin',
-            cache: 'no-store',
-            headers: { 'Content-Type': 'application/json' },
-            body: JSON.stringify(body),
-            signal: signal && AbortSignal.any ? AbortSignal.any([signal, limit]) : signal || limit,
-        });
-    }
-
-    // ---- WebSocket ----
-
-    openSocket() {
-        if (this.ended || this.socket) return;
-        const scheme = location.protocol === 'https:' ? 'wss://' : 'ws://';
-        const socket = new WebSocket(scheme + location.host + this.base + 'wt-session/ws');
-        this.socket = socket;
-        this.connectTimer = setTimeout(() => this.slowToConnect(), ANSWER_MS);
-        socket.onopen = () => {
-            clearTimeout(this.connectTimer);
-            socket.send(JSON.stringify({ hello: this.token, ack: this.applied }));
-            for (const message of this.unacknowledged) socket.send(JSON.stringify({ ...message, ack: this.applied }));
-            this.awaitAnswer();
-        };
-        socket.onmessage = event => {
-            if (this.socket !== socket) return;
-            this.stopPolling();
-            this.connected();
-            this.receive(JSON.parse(event.data));
-        };
-        socket.onclose = () => {
-            if (this.socket === socket) this.socketLost();
-        };
-    }
-
-    slowToConnect() {
-        if (!this.polling) this.connectionLost();
-        this.connectTimer = setTimeout(() => this.socketLost(), CONNECT_MS - ANSWER_MS);
-    }
-
-    /** The network may be another one, or somebody looks: what has hung so far is not worth waiting for. */
-    lookAgain() {
-        const hanging = this.socket;
-        if (!hanging || hanging.readyState !== WebSocket.CONNECTING) {
-            this.retryNow();
-            return;
-        }
-        this.socket = null;
-        clearTimeout(this.connectTimer);
-        hanging.close();
+  async openSession() {
+    const body = { path: location.pathname, query: location.search.slice(1), width: innerWidth, height: innerHeight };
+    try {
+      const answer = await this.post('wt-session/start', body, POLL_LIMIT_MS);
+      if (answer.ok) {
+        const started = await answer.json();
+        this.token = started.token;
         this.openSocket();
+        return;
+      }
+      this.notice.showBanner(answer.status === 503 || answer.status === 429
+        ? 'The server is busy. Trying again.' : 'The server refused the page. Trying again.');
+    } catch {
+      this.notice.showBanner('No connection to the server. Trying again.');
     }
+    this.retryLater(() => this.openSession());
+  }
 
-    /** @param {any} message */
-    sendToSocket(message) {
-        this.socket.send(JSON.stringify(message));
-        this.awaitAnswer();
+  sayBye() {
+    if (this.ended || !this.token) return;
+    this.ended = true;
+    navigator.sendBeacon(this.base + 'wt-session/bye', JSON.stringify({ token: this.token }));
+    if (this.socket) this.socket.close(1000);
+  }
+
+  /** @param {string} path @param {any} body @param {number} limitMs @param {AbortSignal} [signal] */
+  post(path, body, limitMs, signal) {
+    const limit = AbortSignal.timeout(limitMs);
+    return fetch(this.base + path, {
+      method: 'POST',
+      credentials: 'same-origin',
+      cache: 'no-store',
+      headers: { 'Content-Type': 'application/json' },
+      body: JSON.stringify(body),
+      signal: signal && AbortSignal.any ? AbortSignal.any([signal, limit]) : signal || limit,
+    });
+  }
+
+  // ---- WebSocket ----
+
+  openSocket() {
+    if (this.ended || this.socket) return;
+    const scheme = location.protocol === 'https:' ? 'wss://' : 'ws://';
+    const socket = new WebSocket(scheme + location.host + this.base + 'wt-session/ws');
+    this.socket = socket;
+    this.connectTimer = setTimeout(() => this.slowToConnect(), ANSWER_MS);
+    socket.onopen = () => {
+      clearTimeout(this.connectTimer);
+      socket.send(JSON.stringify({ hello: this.token, ack: this.applied }));
+      for (const message of this.unacknowledged) socket.send(JSON.stringify({ ...message, ack: this.applied }));
+      this.awaitAnswer();
+    };
+    socket.onmessage = event => {
+      if (this.socket !== socket) return;
+      this.stopPolling();
+      this.connected();
+      this.receive(JSON.parse(event.data));
+    };
+    socket.onclose = () => {
+      if (this.socket === socket) this.socketLost();
+    };
+  }
+
+  slowToConnect() {
+    if (!this.polling) this.connectionLost();
+    this.connectTimer = setTimeout(() => this.socketLost(), CONNECT_MS - ANSWER_MS);
+  }
+
+  /** The network may be another one, or somebody looks: what has hung so far is not worth waiting for. */
+  lookAgain() {
+    const hanging = this.socket;
+    if (!hanging || hanging.readyState !== WebSocket.CONNECTING) {
+      this.retryNow();
+      return;
     }
+    this.socket = null;
+    clearTimeout(this.connectTimer);
+    hanging.close();
+    this.openSocket();
+  }
 
-    socketLost() {
-        const socket = this.socket;
-        this.socket = null;
-        clearTimeout(this.heartbeatTimer);
-        clearTimeout(this.connectTimer);
-        clearTimeout(this.answerTimer);
-        this.answerTimer = 0;
-        if (socket && socket.readyState < WebSocket.CLOSING) socket.close(4000);
-        if (this.ended) return;
-        if (this.polling) {
-            this.trySocketLater();
-            return;
-        }
-        // Where WebSocket is blocked the very first ones fail as well; a poll will tell.
-        if (this.online !== undefined) this.connectionLost();
-        if (++this.socketFailures >= SOCKET_FAILURES_BEFORE_POLL) this.startPolling();
-        else this.retryLater(() => this.openSocket());
+  /** @param {any} message */
+  sendToSocket(message) {
+    this.socket?.send(JSON.stringify(message));
+    this.awaitAnswer();
+  }
+
+  socketLost() {
+    const socket = this.socket;
+    this.socket = null;
+    clearTimeout(this.heartbeatTimer);
+    clearTimeout(this.connectTimer);
+    clearTimeout(this.answerTimer);
+    this.answerTimer = 0;
+    if (socket && socket.readyState < WebSocket.CLOSING) socket.close(4000);
+    if (this.ended) return;
+    if (this.polling) {
+      this.trySocketLater();
+      return;
     }
+    // Where WebSocket is blocked the very first ones fail as well; a poll will tell.
+    if (this.online !== undefined) this.connectionLost();
+    if (++this.socketFailures >= SOCKET_FAILURES_BEFORE_POLL) this.startPolling();
+    else this.retryLater(() => this.openSocket());
+  }
 
-    /** The server answers every message, so silence after one means that the road is cut. */
-    awaitAnswer() {
-        clearTimeout(this.heartbeatTimer);
-        if (!this.answerTimer) this.answerTimer = setTimeout(() => this.silent(), ANSWER_MS);
-    }
+  /** The server answers every message, so silence after one means that the road is cut. */
+  awaitAnswer() {
+    clearTimeout(this.heartbeatTimer);
+    if (!this.answerTimer) this.answerTimer = setTimeout(() => this.silent(), ANSWER_MS);
+  }
 
-    silent() {
-        this.answerTimer = 0;
-        if (!this.polling) this.connectionLost();
-        this.socketLost();
-    }
+  silent() {
+    this.answerTimer = 0;
+    if (!this.polling) this.connectionLost();
+    this.socketLost();
+  }
 
-    scheduleHeartbeat() {
-        clearTimeout(this.heartbeatTimer);
-        const period = document.visibilityState === 'visible' ? HEARTBEAT_MS : HIDDEN_HEARTBEAT_MS;
-        this.heartbeatTimer = setTimeout(() => {
-            if (this.isOpen()) this.sendToSocket({ ack: this.applied });
-        }, period);
-    }
+  scheduleHeartbeat() {
+    clearTimeout(this.heartbeatTimer);
+    const period = document.visibilityState === 'visible' ? HEARTBEAT_MS : HIDDEN_HEARTBEAT_MS;
+    this.heartbeatTimer = setTimeout(() => {
+      if (this.isOpen()) this.sendToSocket({ ack: this.applied });
+    }, period);
+  }
 
-    // ---- plain HTTP ----
+  // ---- plain HTTP ----
 
-    startPolling() {
-        if (this.polling || this.ended) return;
-        this.polling = true;
-        this.poll(++this.pollRound);
-        this.trySocketLater();
-    }
+  startPolling() {
+    if (this.polling || this.ended) return;
+    this.polling = true;
+    this.poll(++this.pollRound);
+    this.trySocketLater();
+  }
 
-    trySocketLater() {
-        clearTimeout(this.socketTimer);
-        // A poll that hangs is as good as none: until one has brought an answer WebSocket is tried as before.
-        this.socketTimer = setTimeout(() => this.openSocket(), this.online ? SOCKET_RETRY_MS : this.nextPause());
-    }
+  trySocketLater() {
+    clearTimeout(this.socketTimer);
+    // A poll that hangs is as good as none: until one has brought an answer WebSocket is tried as before.
+    this.socketTimer = setTimeout(() => this.openSocket(), this.online ? SOCKET_RETRY_MS : this.nextPause());
+  }
 
-    stopPolling() {
+  stopPolling() {
+    this.polling = false;
+    ++this.pollRound;
+    if (this.pollAbort) this.pollAbort.abort();
+  }
+
+  pollAgain() {
+    ++this.pollRound;
+    if (this.pollAbort) this.pollAbort.abort();
+    this.poll(this.pollRound);
+  }
+
+  /** @param {number} round */
+  async poll(round) {
+    while (this.polling && round === this.pollRound && !this.ended) {
+      const abort = new AbortController();
+      this.pollAbort = abort;
+      try {
+        const body = { hello: this.token, ack: this.applied, m: this.firstMessages() };
+        const answer = await this.post('wt-session/poll', body, POLL_LIMIT_MS, abort.signal);
+        if (!answer.ok) throw new Error('status ' + answer.status);
+        const { ack, m } = await answer.json();
+        if (round !== this.pollRound) return;
+        this.connected();
+        if (ack !== undefined) this.acknowledge(ack);
+        for (const message of m) this.receive(message);
+      } catch {
+        if (round !== this.pollRound) return;
+        this.connectionLost();
         this.polling = false;
-        ++this.pollRound;
-        if (this.pollAbort) this.pollAbort.abort();
+        this.retryLater(() => this.openSocket());
+        return;
+      }
     }
+  }
 
-    pollAgain() {
-        ++this.pollRound;
-        if (this.pollAbort) this.pollAbort.abort();
-        this.poll(this.pollRound);
+  /** As many of the waiting messages as fit into one poll. */
+  firstMessages() {
+    let bytes = 0;
+    return this.unacknowledged.filter(message => (bytes += byteSize(message)) <= MAX_MESSAGE_BYTES + 1000);
+  }
+
+  // ---- either way ----
+
+  /** @param {any} message */
+  receive(message) {
+    if (message.ack !== undefined) this.acknowledge(message.ack);
+    if (message.n !== undefined) {
+      if (message.n <= this.applied) return;
+      if (message.n !== this.applied + 1) {
+        this.socketLost();
+        return;
+      }
+      this.applied = message.n;
+      try {
+        this.page.applyOperations(message.o);
+      } catch (error) {
+        console.error(error);
+      }
+      return;
     }
-
-    /** @param {number} round */
-    async poll(round) {
-        while (this.polling && round === this.pollRound && !this.ended) {
-            const abort = new AbortController();
-            this.pollAbort = abort;
-            try {
-                const body = { hello: this.token, ack: this.applied, m: this.firstMessages() };
-                const answer = await this.post('wt-session/poll', body, POLL_LIMIT_MS, abort.signal);
-                if (!answer.ok) throw new Error('status ' + answer.status);
-                const { ack, m } = await answer.json();
-                if (round !== this.pollRound) return;
-                this.connected();
-                if (ack !== undefined) this.acknowledge(ack);
-                for (const message of m) this.receive(message);
-            } catch {
-                if (round !== this.pollRound) return;
-                this.connectionLost();
-                this.polling = false;
-                this.retryLater(() => this.openSocket());
-                return;
-            }
-        }
+    if (message.gone !== undefined) this.gone(GONE_TEXT.get(message.gone) || 'The session does not exist any more.', 0);
+    if (message.end !== undefined) {
+      if (this.isOpen()) this.socket?.send(JSON.stringify({ ack: this.applied }));
+      this.gone('The session has ended.', END_GRACE_MS);
     }
+  }
 
-    /** As many of the waiting messages as fit into one poll. */
-    firstMessages() {
-        let bytes = 0;
-        return this.unacknowledged.filter(message => (bytes += byteSize(message)) <= MAX_MESSAGE_BYTES + 1000);
-    }
+  /** @param {number} number */
+  acknowledge(number) {
+    while (this.unacknowledged.length > 0 && this.unacknowledged[0].n <= number) this.unacknowledged.shift();
+    for (const [key, carrier] of this.keys) if (carrier !== 0 && carrier <= number) this.keys.delete(key);
+  }
 
-    // ---- either way ----
+  /** @param {string} text @param {number} delayMs */
+  gone(text, delayMs) {
+    this.ended = true;
+    clearTimeout(this.heartbeatTimer);
+    clearTimeout(this.answerTimer);
+    this.notice.hideBanner();
+    setTimeout(() => this.notice.showOver(text), delayMs);
+  }
 
-    /** @param {any} message */
-    receive(message) {
-        if (message.ack !== undefined) this.acknowledge(message.ack);
-        if (message.n !== undefined) {
-            if (message.n <= this.applied) return;
-            if (message.n !== this.applied + 1) {
-                this.socketLost();
-                return;
-            }
-            this.applied = message.n;
-            try {
-                this.page.applyOperations(message.o);
-            } catch (error) {
-                console.error(error);
-            }
-            return;
-        }
-        if (message.gone !== undefined) this.gone(GONE_TEXT.get(message.gone) || 'The session does not exist any more.', 0);
-        if (message.end !== undefined) {
-            if (this.isOpen()) this.socket.send(JSON.stringify({ ack: this.applied }));
-            this.gone('The session has ended.', END_GRACE_MS);
-        }
-    }
+  connected() {
+    clearTimeout(this.answerTimer);
+    this.answerTimer = 0;
+    this.retryMs = FIRST_RETRY_MS;
+    this.socketFailures = 0;
+    if (!this.polling) this.scheduleHeartbeat();
+    if (this.online) return;
+    this.online = true;
+    this.notice.hideBanner();
+    if (this.page.connectionChanged) this.page.connectionChanged(true);
+  }
 
-    /** @param {number} number */
-    acknowledge(number) {
-        while (this.unacknowledged.length > 0 && this.unacknowledged[0].n <= number) this.unacknowledged.shift();
-        for (const [key, carrier] of this.keys) if (carrier !== 0 && carrier <= number) this.keys.delete(key);
-    }
+  connectionLost() {
+    if (this.ended || this.online === false) return;
+    this.notice.showBanner(this.online ? 'Offline. Your entries are kept until the connection is back.'
+      : 'No connection to the server. Trying again.');
+    this.online = false;
+    if (this.page.connectionChanged) this.page.connectionChanged(false);
+  }
 
-    /** @param {string} text @param {number} delayMs */
-    gone(text, delayMs) {
-        this.ended = true;
-        clearTimeout(this.heartbeatTimer);
-        clearTimeout(this.answerTimer);
-        this.notice.hideBanner();
-        setTimeout(() => this.notice.showOver(text), delayMs);
-    }
+  /**
+   * With growing pauses, scattered so that the pages of a restarted server do not come all at once.
+   * @param {() => void} retry
+   */
+  retryLater(retry) {
+    clearTimeout(this.retryTimer);
+    this.retry = retry;
+    this.retryTimer = setTimeout(() => this.retryNow(), this.nextPause());
+  }
 
-    connected() {
-        clearTimeout(this.answerTimer);
-        this.answerTimer = 0;
-        this.retryMs = FIRST_RETRY_MS;
-        this.socketFailures = 0;
-        if (!this.polling) this.scheduleHeartbeat();
-        if (this.online) return;
-        this.online = true;
-        this.notice.hideBanner();
-        if (this.page.connectionChanged) this.page.connectionChanged(true);
-    }
+  nextPause() {
+    const pause = this.retryMs * (0.5 + Math.random());
+    this.retryMs = Math.min(this.retryMs * 2, LONGEST_RETRY_MS);
+    return pause;
+  }
 
-    connectionLost() {
-        if (this.ended || this.online === false) return;
-        this.notice.showBanner(this.online ? 'Offline. Your entries are kept until the connection is back.'
-            : 'No connection to the server. Trying again.');
-        this.online = false;
-        if (this.page.connectionChanged) this.page.connectionChanged(false);
-    }
-
-    /** With growing pauses, scattered so that the pages of a restarted server do not come all at once. @param {() => void} retry */
-    retryLater(retry) {
-        clearTimeout(this.retryTimer);
-        this.retry = retry;
-        this.retryTimer = setTimeout(() => this.retryNow(), this.nextPause());
-    }
-
-    nextPause() {
-        const pause = this.retryMs * (0.5 + Math.random());
-        this.retryMs = Math.min(this.retryMs * 2, LONGEST_RETRY_MS);
-        return pause;
-    }
-
-    retryNow() {
-        if (!this.retryTimer) return;
-        clearTimeout(this.retryTimer);
-        this.retryTimer = 0;
-        this.retry();
-    }
+  retryNow() {
+    if (!this.retryTimer) return;
+    clearTimeout(this.retryTimer);
+    this.retryTimer = 0;
+    this.retry();
+  }
 }
 
 const encoder = new TextEncoder();
 
 /** @param {any} value @returns {number} of its JSON in UTF-8 */
 function byteSize(value) {
-    return encoder.encode(JSON.stringify(value)).length;
+  return encoder.encode(JSON.stringify(value)).length;
 }

@@ -24,8 +24,8 @@ std::optional<std::string> packSettings(std::string_view settings, const std::st
 std::optional<std::string> unpackSettings(std::string_view file, const std::string& password,
                                           std::string& why);
 
-/// Writes the file into the folder under the name that belongs to it: whole, or not at all. Answers what
-/// failed.
+/// Writes the file into the folder under the name that belongs to it: whole, or not at all.
+/// Answers what failed.
 std::string saveSettings(const std::string& folder, std::string_view settings, const std::string& password);
 
 /// Reads a plain file of at most kMaxArchive bytes and unpacks it.

@@ -3,7 +3,7 @@
 #include "platform/service/catalogue/Catalogue.h"
 #include "platform/service/core/JsonPtr.h"
 #include "platform/service/record/FieldReader.h"
-#include "platform/service/record/JsonText.h"
+#include "platform/service/record/RecordJson.h"
 
 namespace zeqd {
 

@@ -1,5 +1,5 @@
-// USB diagnostics of Receivers and Transmitters: counters and flags of their USB controllers, as bare
-// numbers.
+// USB diagnostics of Receivers and Transmitters: counters and flags of their USB controllers,
+// as bare numbers.
 #pragma once
 
 #include "platform/service/catalogue/ValueLists.h"

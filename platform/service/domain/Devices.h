@@ -15,8 +15,8 @@ std::string thisSwitchEid(const View& view);
 /// Name of a device, or its EID when it has none.
 std::string deviceLabel(const Record& device);
 
-/// A Receiver or Transmitter that is up and may carry a session. A reboot that is pending does not count as
-/// up.
+/// A Receiver or Transmitter that is up and may carry a session.
+/// A reboot that is pending does not count as up.
 bool isReady(const Record& device);
 
 /// The error that tells of a device of the kind which is not online.

@@ -11,8 +11,8 @@ namespace zeqd {
 namespace {
 
 /// Timings of the VESA monitor timing standard and of CEA-861, in the order of the keys of a timing object:
-/// width, height, clock in kHz, horizontal polarity (1 = positive), front porch, sync, back porch, then
-/// vertical.
+/// width, height, clock in kHz, horizontal polarity (1 = positive), front porch, sync,
+/// back porch, then vertical.
 constexpr std::int64_t kModes[][11] = {
     {1920, 1080, 148500, 1, 88, 44, 148, 1, 4, 5, 36},  {1280, 1024, 108000, 1, 48, 112, 248, 1, 1, 3, 38},
     {1600, 1200, 162000, 1, 64, 192, 304, 1, 1, 3, 46}, {1920, 1200, 154000, 1, 48, 32, 80, 0, 3, 6, 26},

@@ -6,7 +6,7 @@
 #include "platform/service/domain/Devices.h"
 #include "platform/service/domain/Sessions.h"
 #include "platform/service/engine/Simulation.h"
-#include "platform/service/record/JsonText.h"
+#include "platform/service/record/RecordJson.h"
 #include "platform/service/request/ReadRequest.h"
 #include "platform/service/request/WriteRequest.h"
 #include "platform/service/rules/SettingsFiles.h"
@@ -33,16 +33,16 @@ std::vector<DiskChange> diskChanges(const Transaction& batch) {
     return changes;
 }
 
-std::string textParam(const Request& request, const char* key) {
+std::string textParam(const ZeqRequest& request, const char* key) {
     const json_t* value = json_object_get(request.params.get(), key);
     return json_is_string(value) ? json_string_value(value) : "";
 }
 
-bool isLogin(const Request& request) {
+bool isLogin(const ZeqRequest& request) {
     return request.resource->id == Res::AdminSession && request.method == Method::Create;
 }
 
-bool isSettingsFile(const Request& request) {
+bool isSettingsFile(const ZeqRequest& request) {
     return request.resource->id == Res::SwxControl &&
            json_object_get(request.params.get(), "settingsAction") != nullptr;
 }
@@ -56,7 +56,7 @@ Engine::Engine(EngineParts parts, Store store)
 Engine::~Engine() = default;
 
 void Engine::request(ClientId client, std::string_view text, Reply reply) {
-    auto request = std::make_shared<Request>();
+    auto request = std::make_shared<ZeqRequest>();
     Errors errors;
     interpret(text, *request, errors);
     if (!errors.empty()) return reply(errorText(request->id, errors));
@@ -79,7 +79,7 @@ void Engine::request(ClientId client, std::string_view text, Reply reply) {
         });
 }
 
-void Engine::verifyLogin(const std::shared_ptr<Request>& request, ClientId client, Reply reply) {
+void Engine::verifyLogin(const std::shared_ptr<ZeqRequest>& request, ClientId client, Reply reply) {
     if (mHashing >= kMaxHashing) return reply(errorText(request->id, {{Errno::Capacity, {}}}));
     ++mHashing;
     mLoggingIn.insert(client);
@@ -104,7 +104,7 @@ void Engine::verifyLogin(const std::shared_ptr<Request>& request, ClientId clien
         });
 }
 
-void Engine::prepareSettings(const std::shared_ptr<Request>& request, ClientId client, Reply reply) {
+void Engine::prepareSettings(const std::shared_ptr<ZeqRequest>& request, ClientId client, Reply reply) {
     auto prepared = std::make_shared<Prepared>();
     const std::string action = textParam(*request, "settingsAction");
     std::function<void()> work;
@@ -133,7 +133,7 @@ void Engine::prepareSettings(const std::shared_ptr<Request>& request, ClientId c
                         });
 }
 
-void Engine::submitRequest(const std::shared_ptr<Request>& request, ClientId client, Prepared prepared,
+void Engine::submitRequest(const std::shared_ptr<ZeqRequest>& request, ClientId client, Prepared prepared,
                            Reply reply) {
     auto answer = std::make_shared<std::string>();
     Write write;

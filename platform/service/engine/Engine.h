@@ -1,14 +1,14 @@
 // The service without its sockets: requests in, answers out, time passing.
 //
-// Reads are answered at once from the records that are on disk. Writes queue; while one batch of them is
-// being written to disk, the next gathers. A write is answered when it is kept, and other clients see it from
-// then on.
+// Reads are answered at once from the records that are on disk.
+// Writes queue; while one batch of them is being written to disk, the next gathers.
+// A write is answered when it is kept, and other clients see it from then on.
 #pragma once
 
 #include "platform/service/domain/Context.h"
 #include "platform/service/engine/Schedule.h"
 #include "platform/service/engine/Seams.h"
-#include "platform/service/request/Request.h"
+#include "platform/service/request/ZeqRequest.h"
 #include "platform/service/store/Disk.h"
 #include "platform/service/store/Store.h"
 
@@ -68,10 +68,10 @@ private:
         std::function<void(bool kept)> done;
     };
     void submit(Write write);
-    void submitRequest(const std::shared_ptr<Request>& request, ClientId client, Prepared prepared,
+    void submitRequest(const std::shared_ptr<ZeqRequest>& request, ClientId client, Prepared prepared,
                        Reply reply);
-    void verifyLogin(const std::shared_ptr<Request>& request, ClientId client, Reply reply);
-    void prepareSettings(const std::shared_ptr<Request>& request, ClientId client, Reply reply);
+    void verifyLogin(const std::shared_ptr<ZeqRequest>& request, ClientId client, Reply reply);
+    void prepareSettings(const std::shared_ptr<ZeqRequest>& request, ClientId client, Reply reply);
     void startBatch();
     void finishBatch(const std::string& failure);
     void restart() { mRestart = true; }

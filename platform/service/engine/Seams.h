@@ -1,5 +1,5 @@
-// What the engine takes from outside, so that tests can bend it: time and work off the event loop. The disk is
-// the third of them (store/Disk.h).
+// What the engine takes from outside, so that tests can bend it: time and work off the event loop.
+// The disk is the third of them (store/Disk.h).
 #pragma once
 
 #include <cstddef>

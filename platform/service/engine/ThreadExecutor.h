@@ -1,5 +1,5 @@
-// One thread per lane, started with the lane's first work. The event loop watches fd() and then calls
-// drain().
+// One thread per lane, started with the lane's first work. The event loop watches fd()
+// and then calls drain().
 #pragma once
 
 #include "platform/service/engine/Seams.h"

@@ -1,6 +1,6 @@
 #include "platform/service/net/Server.h"
 
-#include "platform/service/record/JsonText.h"
+#include "platform/service/record/RecordJson.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -3,7 +3,7 @@
 
 #include "platform/service/engine/Engine.h"
 #include "platform/service/engine/ThreadExecutor.h"
-#include "platform/service/net/Frame.h"
+#include "platform/service/net/FrameReader.h"
 
 #include <unordered_map>
 
@@ -22,15 +22,15 @@ public:
     Server(const Server&) = delete;
     Server& operator=(const Server&) = delete;
 
-    /// Serves until stopFd or until the engine wants a restart, and then until what has been accepted is kept
-    /// and answered.
+    /// Serves until stopFd or until the engine wants a restart, and then until what has been accepted
+    /// is kept and answered.
     void run();
 
 private:
     struct Client {
         ClientId id;
         int fd;
-        FrameDecoder in;
+        FrameReader in;
         std::string out;
         std::uint32_t events = 0;  ///< watched by epoll
         std::size_t sent = 0;      ///< bytes of out that are gone

@@ -2,7 +2,7 @@
 
 #include "platform/service/catalogue/Catalogue.h"
 #include "platform/service/record/Forms.h"
-#include "platform/service/record/JsonText.h"
+#include "platform/service/record/RecordJson.h"
 
 namespace zeqd {
 
@@ -163,12 +163,12 @@ bool appendDescription(std::string& out, const ResourceRow& row, bool first) {
 }
 
 std::string resourcesPage() {
-    std::string out = "# Resources\n\n"
-                      "Made by `zeqd --describe-resources` from the catalogue; a test holds this page "
-                      "against it. How requests\n"
-                      "and answers travel stands in [zeq-protocol.md](zeq-protocol.md). A name with slashes "
-                      "is nested: it may be\n"
-                      "written inside its object, or by a request on the path, as in `swx/network/ipv4`.\n";
+    std::string out = R"(# Resources
+
+Made by `zeqd --describe-resources` from the catalogue; a test holds this page against it. How requests
+and answers travel stands in [zeq-protocol.md](zeq-protocol.md). A name with slashes is nested: it may be
+written inside its object, or by a request on the path, as in `swx/network/ipv4`.
+)";
     for (const ResourceRow& row : catalogue()) {
         if (row.methods == 0) continue;
         out += "\n## " + std::string(row.name) + "\n\n" + std::string(row.help) + ". Methods:";

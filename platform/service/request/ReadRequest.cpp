@@ -1,7 +1,7 @@
 #include "platform/service/request/ReadRequest.h"
 
 #include "platform/service/catalogue/Catalogue.h"
-#include "platform/service/record/JsonText.h"
+#include "platform/service/record/RecordJson.h"
 #include "platform/service/request/Computed.h"
 #include "platform/service/request/Describe.h"
 
@@ -25,7 +25,7 @@ struct Condition {
 
 class Read {
 public:
-    Read(const View& view, const Request& request, std::int64_t now)
+    Read(const View& view, const ZeqRequest& request, std::int64_t now)
         : mView(view), mRequest(request), mNow(now), mRow(*request.resource), mKeys(mRow.keys) {}
 
     std::string answer() {
@@ -190,7 +190,7 @@ private:
     }
 
     const View& mView;
-    const Request& mRequest;
+    const ZeqRequest& mRequest;
     std::int64_t mNow;
     const ResourceRow& mRow;
     std::span<const KeyRow> mKeys; ///< of the nested object that is asked for
@@ -206,7 +206,7 @@ private:
 
 } // namespace
 
-std::string answerRead(const View& view, const Request& request, std::int64_t now) {
+std::string answerRead(const View& view, const ZeqRequest& request, std::int64_t now) {
     return Read(view, request, now).answer();
 }
 

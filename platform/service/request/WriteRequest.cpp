@@ -2,7 +2,7 @@
 
 #include "platform/service/catalogue/Catalogue.h"
 #include "platform/service/record/FieldReader.h"
-#include "platform/service/record/JsonText.h"
+#include "platform/service/record/RecordJson.h"
 #include "platform/service/rules/Rules.h"
 
 namespace zeqd {
@@ -10,7 +10,7 @@ namespace zeqd {
 namespace {
 
 /// Record index of a set or delete: from the parameters, or from the query.
-std::uint32_t givenIndex(const Request& request, Errors& errors) {
+std::uint32_t givenIndex(const ZeqRequest& request, Errors& errors) {
     for (const json_t* from : {request.params.get(), request.query.get()}) {
         const json_t* value = json_object_get(from, "index");
         if (!value) continue;
@@ -23,9 +23,9 @@ std::uint32_t givenIndex(const Request& request, Errors& errors) {
     return 0;
 }
 
-/// An administrator who has no password yet gives the first one under the name alone. Nobody else can be
-/// named so.
-RecordPtr namedUser(const Request& request, Context& context) {
+/// An administrator who has no password yet gives the first one under the name alone.
+/// Nobody else can be named so.
+RecordPtr namedUser(const ZeqRequest& request, Context& context) {
     const json_t* name = json_object_get(request.params.get(), "name");
     if (request.resource->id != Res::User || request.method != Method::Set || !json_is_string(name) ||
         !json_object_get(request.params.get(), "password")) {
@@ -39,7 +39,7 @@ RecordPtr namedUser(const Request& request, Context& context) {
     return context.errors.empty() ? user : nullptr;
 }
 
-RecordPtr existing(const Request& request, Context& context) {
+RecordPtr existing(const ZeqRequest& request, Context& context) {
     const Res id = request.resource->id;
     if (request.resource->shape == Shape::Singleton) return context.tx.find(id, 0);
     const std::uint32_t index = givenIndex(request, context.errors);
@@ -124,12 +124,12 @@ void checkListReferences(Context& context) {
     }
 }
 
-void runRule(const Request& request, Context& context) {
+void runRule(const ZeqRequest& request, Context& context) {
     const Rule rule = findRule(request.resource->id, request.method);
     if (rule && context.errors.empty()) rule(context);
 }
 
-void runSet(const Request& request, Context& context) {
+void runSet(const ZeqRequest& request, Context& context) {
     context.before = existing(request, context);
     if (!context.before) return;
     Record after = *context.before;
@@ -149,7 +149,7 @@ void runSet(const Request& request, Context& context) {
         context.tx.put(std::move(after));
 }
 
-std::uint32_t runCreate(const Request& request, Context& context) {
+std::uint32_t runCreate(const ZeqRequest& request, Context& context) {
     const ResourceRow& row = *request.resource;
     Record after(row.id, context.tx.nextIndex(row.id));
     context.after = &after;
@@ -170,14 +170,14 @@ std::uint32_t runCreate(const Request& request, Context& context) {
     return index;
 }
 
-void runDelete(const Request& request, Context& context) {
+void runDelete(const ZeqRequest& request, Context& context) {
     context.before = existing(request, context);
     if (!context.before) return;
     runRule(request, context);
     if (context.errors.empty()) context.tx.erase(context.before->id(), context.before->index());
 }
 
-void runAction(const Request& request, Context& context) {
+void runAction(const ZeqRequest& request, Context& context) {
     Record given(request.resource->id, 0);
     context.after = &given;
     FieldReader reader(Writing::Create, context.errors);
@@ -201,7 +201,7 @@ void collectSecrets(const json_t* object, std::span<const KeyRow> rows, std::set
 
 } // namespace
 
-std::string runWrite(const Request& request, Context& context) {
+std::string runWrite(const ZeqRequest& request, Context& context) {
     std::uint32_t created = 0;
     context.params = request.params.get();
     if (request.resource->shape == Shape::Action)
@@ -232,7 +232,7 @@ std::string runWrite(const Request& request, Context& context) {
     return out;
 }
 
-std::set<std::string> secretsOf(const Request& request) {
+std::set<std::string> secretsOf(const ZeqRequest& request) {
     std::set<std::string> secrets;
     if (request.params && request.method != Method::Get)
         collectSecrets(request.params.get(), request.resource->keys, secrets);

@@ -2,19 +2,19 @@
 #pragma once
 
 #include "platform/service/domain/Context.h"
-#include "platform/service/request/Request.h"
+#include "platform/service/request/ZeqRequest.h"
 
 #include <set>
 
 namespace zeqd {
 
-/// Runs the request in the transaction and answers the JSON text. With errors, the transaction is to be
-/// dropped.
-std::string runWrite(const Request& request, Context& context);
+/// Runs the request in the transaction and answers the JSON text.
+/// With errors, the transaction is to be dropped.
+std::string runWrite(const ZeqRequest& request, Context& context);
 
 /// The plain texts of the secrets that the request wants stored, and that are to be hashed before it runs.
 /// Those that the limits refuse anyway are left out.
-std::set<std::string> secretsOf(const Request& request);
+std::set<std::string> secretsOf(const ZeqRequest& request);
 
 /// Moves the changeStatus records that the transaction's changes move.
 void moveChangeStatus(Transaction& tx);

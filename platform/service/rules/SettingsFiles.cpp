@@ -8,8 +8,8 @@ void settingsAction(Context& context) {
     const SettingsResult& result = context.prepared.settings;
     if (result.error != Errno{}) return context.fail(result.error, result.detail);
     if (context.after->is("settingsAction", "zip")) return;
-    // Checked as a whole before anything is kept; what is kept waits for the reboot that the interface asks
-    // for.
+    // Checked as a whole before anything is kept; what is kept waits for the reboot
+    // that the interface asks for.
     Transaction trial(&context.tx);
     applySettings(trial, result.text, context.errors);
     if (!context.errors.empty()) return;

@@ -8,8 +8,8 @@
 
 namespace zeqd {
 
-/// What came of fetching the file: the upgradeStatus it leads to ("upgrading" when it is good), and what it
-/// holds.
+/// What came of fetching the file: the upgradeStatus it leads to ("upgrading" when it is good),
+/// and what it holds.
 struct FetchedFirmware {
     std::string_view status = "failed_file_get";
     std::string type;

@@ -20,8 +20,8 @@ struct DiskChange {
 class Disk {
 public:
     virtual ~Disk() = default;
-    /// Keeps all changes or none. Answers only when they survive a power cut. Empty on success, else what
-    /// failed.
+    /// Keeps all changes or none. Answers only when they survive a power cut.
+    /// Empty on success, else what failed.
     virtual std::string write(const std::vector<DiskChange>& changes) = 0;
 };
 

@@ -36,8 +36,8 @@ void Transaction::each(Res id, const std::function<bool(const RecordPtr&)>& visi
     const auto end =
         std::find_if(next, mChanges.end(), [&](const auto& change) { return change.first.first != id; });
     bool on = true;
-    // The changed records with a lower index than the base's next one go first; a changed one replaces its
-    // base.
+    // The changed records with a lower index than the base's next one go first;
+    // a changed one replaces its base.
     const auto changedBelow = [&](std::uint64_t index) {
         for (; on && next != end && next->first.second < index; ++next)
             if (next->second) on = visit(next->second);

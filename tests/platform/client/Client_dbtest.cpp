@@ -1,5 +1,5 @@
-// The client library against the real service: every typed operation, and what happens when the service goes
-// away.
+// The client library against the real service: every typed operation,
+// and what happens when the service goes away.
 #include "platform/client/Message.h"
 #include "platform/client/ZeqClient.h"
 #include "platform/client/ZeqObj.h"

@@ -1,5 +1,5 @@
-// The client against peers that misbehave: what it says, and that it never crashes, hangs or mixes answers
-// up.
+// The client against peers that misbehave: what it says, and that it never crashes,
+// hangs or mixes answers up.
 #include "platform/client/Connection.h"
 #include "platform/client/ZeqClient.h"
 #include "platform/client/ZeqObj.h"

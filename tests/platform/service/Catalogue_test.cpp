@@ -3,7 +3,7 @@
 #include "platform/service/demo/EdidBlock.h"
 #include "platform/service/demo/Installation.h"
 #include "platform/service/record/Forms.h"
-#include "platform/service/record/JsonText.h"
+#include "platform/service/record/RecordJson.h"
 #include "platform/service/request/Describe.h"
 
 #include <filesystem>

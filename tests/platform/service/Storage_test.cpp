@@ -1,5 +1,5 @@
 // The database file and the frames.
-#include "platform/service/net/Frame.h"
+#include "platform/service/net/FrameReader.h"
 #include "platform/service/sim/Firmware.h"
 #include "platform/service/store/SqliteDisk.h"
 #include "platform/service/store/Store.h"
@@ -119,7 +119,7 @@ TEST(Frames, ComeInPiecesAndInLumps) {
     for (const std::string& text : {std::string("{}"), std::string(), std::string(kMaxRequest, 'x')})
         appendFrame(wire, text);
     for (const std::size_t piece : {std::size_t{1}, std::size_t{3}, std::size_t{4096}, wire.size()}) {
-        FrameDecoder decoder;
+        FrameReader decoder;
         std::vector<std::size_t> lengths;
         for (std::size_t at = 0; at < wire.size(); at += piece) {
             decoder.append(std::string_view(wire).substr(at, piece));
@@ -134,7 +134,7 @@ TEST(Frames, ComeInPiecesAndInLumps) {
 }
 
 TEST(Frames, ThatAreTooLongBreakTheStream) {
-    FrameDecoder decoder;
+    FrameReader decoder;
     decoder.append(std::string("\x00\x10\x00\x01", 4));
     EXPECT_FALSE(decoder.next());
     EXPECT_TRUE(decoder.broken());

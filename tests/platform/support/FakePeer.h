@@ -25,8 +25,8 @@ public:
     static Reply hangUp() { return {{}, true}; }
     /// A well-formed frame around any payload.
     static Reply frame(const std::string& payload);
-    /// A well-formed answer to `request`: `members` is JSON text such as {"rows":[]}, to which the id is
-    /// added.
+    /// A well-formed answer to `request`: `members` is JSON text such as {"rows":[]},
+    /// to which the id is added.
     static Reply answer(const json_t* request, const std::string& members);
 
     /// Called on the peer's own threads, one request at a time for each connection.

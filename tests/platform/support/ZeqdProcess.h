@@ -31,8 +31,8 @@ public:
     /// Stops it from being scheduled (SIGSTOP), so that it is alive but silent; and lets it go on.
     void freeze();
     void thaw();
-    /// Waits for it to end by itself, as it does for a reboot of the Switch; its exit code, or -1000 after 30
-    /// s.
+    /// Waits for it to end by itself, as it does for a reboot of the Switch;
+    /// its exit code, or -1000 after 30 s.
     int waitForEnd();
 
     bool running();

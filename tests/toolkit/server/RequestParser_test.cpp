@@ -144,7 +144,7 @@ TEST(RequestParser, LeavesTheNextRequestAlone) {
     EXPECT_TRUE(parser.request().keepAlive);
 }
 
-TEST(Request, CookiesAndTokens) {
+TEST(HttpRequest, CookiesAndTokens) {
     const struct {
         const char* header;
         const char* found;
@@ -169,7 +169,7 @@ TEST(Request, CookiesAndTokens) {
                      {"gzip; q=0.000", false}, {"xgzip", false},         {"", false},
                      {"deflate,gzip", true}};
     for (const auto& row : encodings) {
-        Request request;
+        HttpRequest request;
         request.headers.emplace_back("accept-encoding", row.header);
         EXPECT_EQ(request.headerHasToken("accept-encoding", "gzip"), row.accepts) << row.header;
     }

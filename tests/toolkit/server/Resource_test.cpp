@@ -23,8 +23,8 @@ protected:
     }
 
     static std::string part(const std::string& content) {
-        return "--XX\r\nContent-Disposition: form-data; name=\"f\"; filename=\"a.bin\"\r\nContent-Type: "
-               "x/y\r\n\r\n" +
+        return "--XX\r\nContent-Disposition: form-data; name=\"f\"; filename=\"a.bin\"\r\n"
+               "Content-Type: x/y\r\n\r\n" +
                content + "\r\n--XX--\r\n";
     }
 

@@ -41,13 +41,13 @@ protected:
     fs::path mFolder;
 };
 
-Request request(const std::string& name = "", const std::string& value = "") {
-    Request made;
+HttpRequest request(const std::string& name = "", const std::string& value = "") {
+    HttpRequest made;
     if (!name.empty()) made.headers.emplace_back(name, value);
     return made;
 }
 
-std::string headerOf(const Response& response, const std::string& name) {
+std::string headerOf(const HttpResponse& response, const std::string& name) {
     const std::size_t at = response.headers.find(name + ": ");
     if (at == std::string::npos) return "";
     return response.headers.substr(at + name.size() + 2,

@@ -19,8 +19,8 @@ protected:
         char folder[] = "/tmp/wt-tls-test-XXXXXX";
         mFolder = ::mkdtemp(folder);
         const std::string command =
-            "openssl req -x509 -newkey ec -pkeyopt ec_paramgen_curve:P-256 -nodes -days 2 -subj /CN=x "
-            "-keyout " +
+            "openssl req -x509 -newkey ec -pkeyopt ec_paramgen_curve:P-256 -nodes -days 2 "
+            "-subj /CN=x -keyout " +
             mFolder + "/key.pem -out " + mFolder + "/cert.pem 2>/dev/null";
         EXPECT_EQ(std::system(command.c_str()), 0);
     }

@@ -1,5 +1,5 @@
 // Other threads in a session: between its events, one at a time, and never after its end.
-#include "tests/toolkit/support/TestSession.h"
+#include "tests/toolkit/support/PageSession.h"
 
 #include <Wt/WDialog>
 #include <Wt/WText>

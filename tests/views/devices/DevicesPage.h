@@ -59,7 +59,7 @@ protected:
     static std::string stored(const char* resource, unsigned index, const char* key);
     static void remove(const char* resource, unsigned index);
 
-    TestSession session;
+    AppSession session;
     WDevView* view = nullptr;
 
 private:

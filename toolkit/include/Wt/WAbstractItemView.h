@@ -51,8 +51,8 @@ public:
     void setSelectionMode(SelectionMode mode); ///< default NoSelection; clears the selection
     SelectionMode selectionMode() const;
 
-    /// With SelectRows the indexes are those of column 0. A selected item stays selected while it is in the
-    /// model.
+    /// With SelectRows the indexes are those of column 0.
+    /// A selected item stays selected while it is in the model.
     void setSelectedIndexes(const WModelIndexSet& indexes);
     void clearSelection();
     void select(const WModelIndex& index, SelectionFlag option = Select);

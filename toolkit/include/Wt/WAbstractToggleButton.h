@@ -4,8 +4,8 @@
 
 namespace Wt {
 
-/// Base of the buttons that are on, off or, if they can be, in between. With a text the element is a label
-/// around it.
+/// Base of the buttons that are on, off or, if they can be, in between.
+/// With a text the element is a label around it.
 class WAbstractToggleButton : public WFormWidget {
 public:
     ~WAbstractToggleButton() override;

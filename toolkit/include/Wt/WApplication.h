@@ -39,11 +39,11 @@ private:
 /// One per session. Everything happens on the session's own thread; instance() finds the application there.
 class WApplication : public WObject {
 public:
-    /// Proof that the session may be changed now. The session's own thread has it at once. Another thread
-    /// waits until the session handles no event (it may stand in WDialog::exec()); then instance() is the
-    /// application there too, until the last copy of the lock has gone. Not granted when the session has
-    /// ended: ask before use. What was changed goes to the browser when the lock goes, or earlier by
-    /// triggerUpdate().
+    /// Proof that the session may be changed now. The session's own thread has it at once.
+    /// Another thread waits until the session handles no event (it may stand in WDialog::exec());
+    /// then instance() is the application there too, until the last copy of the lock has gone.
+    /// Not granted when the session has ended: ask before use.
+    /// What was changed goes to the browser when the lock goes, or earlier by triggerUpdate().
     class UpdateLock {
     public:
         explicit UpdateLock(WApplication* application);

@@ -23,8 +23,8 @@ public:
     void removeChild(WObject* child) override;
     /// Deletes all children, and the layout.
     virtual void clear();
-    /// Takes ownership of the layout; its widgets become children of this. Replaces and deletes the former
-    /// layout.
+    /// Takes ownership of the layout; its widgets become children of this.
+    /// Replaces and deletes the former layout.
     void setLayout(WLayout* layout);
     void setLayout(WLayout* layout, WFlags<AlignmentFlag> alignment);
     virtual void setContentAlignment(WFlags<AlignmentFlag> alignment);

@@ -4,8 +4,8 @@
 
 namespace Wt {
 
-/// A theme of plain style sheets. "default" and "polished" are built in; the empty name has no rules of its
-/// own.
+/// A theme of plain style sheets. "default" and "polished" are built in;
+/// the empty name has no rules of its own.
 class WCssTheme : public WTheme {
 public:
     explicit WCssTheme(const std::string& name, WObject* parent = nullptr);

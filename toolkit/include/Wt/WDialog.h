@@ -32,9 +32,9 @@ public:
     bool isVisible() const override { return !isHidden(); }
     bool isEnabled() const override { return !isDisabled(); }
 
-    /// Shows the dialog and handles events until done() was called: timers and other events of the session go
-    /// on. Made for dialogs on the stack. When the session ends meanwhile, an exception of the toolkit passes
-    /// through.
+    /// Shows the dialog and handles events until done() was called; timers and other events of the
+    /// session go on. Made for dialogs on the stack.
+    /// When the session ends meanwhile, an exception of the toolkit passes through.
     DialogCode exec(const WAnimation& animation = WAnimation());
     virtual void done(DialogCode result);
     virtual void accept() { done(Accepted); }

@@ -8,8 +8,8 @@ namespace Wt {
 
 class WLabel;
 
-/// A widget with a value that the user changes. The value arrives with the next event, before its handlers
-/// run.
+/// A widget with a value that the user changes. The value arrives with the next event,
+/// before its handlers run.
 class WFormWidget : public WInteractWidget {
 public:
     explicit WFormWidget(WContainerWidget* parent = nullptr);

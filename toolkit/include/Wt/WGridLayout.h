@@ -5,8 +5,8 @@
 
 namespace Wt {
 
-/// Places items in a grid. Room that is left goes to rows and columns by their stretch; with none, to all
-/// alike.
+/// Places items in a grid. Room that is left goes to rows and columns by their stretch;
+/// with none, to all alike.
 class WGridLayout : public WLayout {
 public:
     explicit WGridLayout(WWidget* parent = nullptr);

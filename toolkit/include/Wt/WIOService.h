@@ -25,8 +25,8 @@ public:
     /// Starts the threads. Functions may be posted before; they run from then on.
     void start();
 
-    /// Waits for the functions that run, drops the others, ends the threads. Must not be called from one of
-    /// them.
+    /// Waits for the functions that run, drops the others, ends the threads.
+    /// Must not be called from one of them.
     void stop();
 
     /// Runs the function as soon as a thread is free. Thread-safe.

@@ -62,8 +62,8 @@ private:
     virtual void describeContainer(Impl::ElementSpec& spec) const = 0;
     virtual void describeItem(Impl::ElementSpec& spec, const WLayoutItem* item) const = 0;
     virtual void appendNodes(std::vector<Impl::RenderNode*>& nodes) const = 0;
-    /// Elements besides those of the items: made when there is a container, dropped when there is none any
-    /// more.
+    /// Elements besides those of the items: made when there is a container,
+    /// dropped when there is none any more.
     virtual void adoptExtras() = 0;
     virtual void dropExtras() = 0;
     void itemsChanged();

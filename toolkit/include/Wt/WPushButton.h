@@ -22,8 +22,8 @@ public:
     void setRef(const std::string& url) { setLink(WLink(url)); }
     void setResource(WResource* resource) { setLink(WLink(resource)); }
     /// In a dialog: Enter presses it, unless the focus is on something that Enter means something to itself
-    /// (another button, a link, a text area, a list). The dialog's first default button that can be pressed
-    /// counts.
+    /// (another button, a link, a text area, a list).
+    /// The dialog's first default button that can be pressed counts.
     void setDefault(bool enabled);
     void setCheckable(bool checkable);
     void setChecked(bool checked);

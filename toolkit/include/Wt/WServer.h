@@ -14,8 +14,8 @@ namespace Impl {
 class ServerCore;
 }
 
-/// The built-in web server: listens, speaks HTTP(S) and WebSocket, keeps the sessions. One at a time in a
-/// process.
+/// The built-in web server: listens, speaks HTTP(S) and WebSocket, keeps the sessions.
+/// One at a time in a process.
 ///
 ///     Wt::WServer server(argv[0], "");
 ///     server.setServerConfiguration(argc, argv, "");
@@ -73,8 +73,8 @@ public:
     bool start();
     bool isRunning() const;
 
-    /// Ends every session, closes every connection, ends the threads; waits for all of it. Not from a
-    /// session.
+    /// Ends every session, closes every connection, ends the threads; waits for all of it.
+    /// Not from a session.
     void stop();
 
     /// start(), waitForShutdown(), stop().

@@ -12,9 +12,9 @@ namespace Wt {
 /// one is set.
 ///
 /// With the dynamic sort filter on, a change of the source's data moves (layoutChanged()), adds and removes
-/// rows here; off, only setting a filter, sort(), and new or removed rows do. Sorting is stable. Rows whose
-/// sort key has no value come first, in the source's order, and last when descending; lessThan() is not asked
-/// about them.
+/// rows here; off, only setting a filter, sort(), and new or removed rows do. Sorting is stable.
+/// Rows whose sort key has no value come first, in the source's order, and last when descending;
+/// lessThan() is not asked about them.
 class WSortFilterProxyModel : public WAbstractProxyModel {
 public:
     explicit WSortFilterProxyModel(WObject* parent = nullptr);

@@ -8,8 +8,8 @@ namespace Impl {
 class TableWidget;
 }
 
-/// A table of a model's top level. Only the rows near the viewport are in the page, so that a model may be
-/// large.
+/// A table of a model's top level. Only the rows near the viewport are in the page,
+/// so that a model may be large.
 ///
 /// A model that is emptied and filled again between two events with what it held before costs the browser
 /// nothing, and leaves scroll position and focus where they were.

@@ -5,8 +5,8 @@
 
 namespace Wt {
 
-/// Text. XHTMLText is filtered by an allow-list; text that is no well-formed XHTML turns the widget to
-/// PlainText.
+/// Text. XHTMLText is filtered by an allow-list; text that is no well-formed XHTML turns
+/// the widget to PlainText.
 class WText : public WInteractWidget {
 public:
     explicit WText(WContainerWidget* parent = nullptr);

@@ -11,8 +11,8 @@ class WContainerWidget;
 class WCssDecorationStyle;
 class WWebWidget;
 
-/// Base of everything on the page. A widget belongs to the container it was added to; deleting it takes it
-/// out.
+/// Base of everything on the page. A widget belongs to the container it was added to;
+/// deleting it takes it out.
 class WWidget : public WObject {
 public:
     ~WWidget() override;

@@ -8,8 +8,8 @@
 
 namespace Wt::Impl {
 
-/// Members of an object that a browser sent: whatever is missing, of another type or out of range is the
-/// default.
+/// Members of an object that a browser sent: whatever is missing,
+/// of another type or out of range is the default.
 inline int foreignInt(const boost::json::object& from, std::string_view name, int otherwise = 0) {
     const boost::json::value* value = from.if_contains(name);
     if (!value || !value->is_number()) return otherwise;

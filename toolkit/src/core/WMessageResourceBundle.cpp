@@ -1,12 +1,13 @@
 #include <Wt/WMessageResourceBundle.h>
 
+#include "core/Log.h"
+
 #include <Wt/WApplication.h>
 
 #include <pugixml.hpp>
 
 #include <sys/stat.h>
 
-#include <cstdio>
 #include <map>
 #include <mutex>
 #include <sstream>
@@ -23,6 +24,8 @@ struct MessageFile {
 
 namespace {
 
+using Impl::log;
+using Impl::LogLevel;
 using Impl::MessageFile;
 
 /// The parsed files of the process. A file that was changed on disk is parsed again at the next use().
@@ -36,8 +39,8 @@ MessageFiles& messageFiles() {
     return files;
 }
 
-/// A text without elements is told as it reads, so that it is right in plain places too; one with elements as
-/// XHTML.
+/// A text without elements is told as it reads, so that it is right in plain places too;
+/// one with elements as XHTML.
 std::string innerText(const pugi::xml_node& message) {
     if (!message.find_child([](const pugi::xml_node& part) { return part.type() == pugi::node_element; }))
         return message.text().get();
@@ -50,8 +53,9 @@ std::shared_ptr<const MessageFile> parse(const std::string& path, const ::timesp
     pugi::xml_document document;
     const auto result = document.load_file(path.c_str(), pugi::parse_default | pugi::parse_ws_pcdata);
     if (!result || std::string_view(document.document_element().name()) != "messages") {
-        std::fprintf(stderr, "messages: %s is no message file: %s (at byte %td)\n", path.c_str(),
-                     result ? "its root is not <messages>" : result.description(), result.offset);
+        const std::string why = result ? "its root is not <messages>" : result.description();
+        log(LogLevel::Error, "messages",
+            path + " is no message file: " + why + " (at byte " + std::to_string(result.offset) + ")");
         return nullptr;
     }
     auto file = std::make_shared<MessageFile>();
@@ -92,7 +96,7 @@ void WMessageResourceBundle::use(const std::string& path, bool) {
             mFiles.push_back(std::move(texts));
             any = true;
         }
-    if (!any) std::fprintf(stderr, "messages: cannot use %s.xml\n", path.c_str());
+    if (!any) log(LogLevel::Error, "messages", "cannot use " + path + ".xml");
 }
 
 void WMessageResourceBundle::refresh() {}

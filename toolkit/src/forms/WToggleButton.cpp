@@ -12,8 +12,8 @@
 
 namespace Wt {
 
-/// The input element inside the label. It takes the events: a click on a label comes twice, once for the
-/// input.
+/// The input element inside the label. It takes the events: a click on a label comes twice,
+/// once for the input.
 class WAbstractToggleButton::Input : public Impl::RenderNode {
 public:
     explicit Input(WAbstractToggleButton& owner) : mOwner(owner) {}

@@ -13,8 +13,8 @@ public:
     /// Largest size that a browser may ask for, in pixels.
     static constexpr int kMaxSize = 20'000;
 
-    /// `horizontal`: the items stand side by side. `resized`: gets the new size of the item in front, in
-    /// pixels.
+    /// `horizontal`: the items stand side by side.
+    /// `resized`: gets the new size of the item in front, in pixels.
     Divider(bool horizontal, std::function<void(int)> resized)
         : mResized(std::move(resized)), mHorizontal(horizontal) {}
 

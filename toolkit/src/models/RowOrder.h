@@ -21,8 +21,8 @@ public:
     void insert(int position, const std::vector<int>& sourceRows);
     void erase(int position, int count = 1);
 
-    /// Rows of the source came (not shown) or went (they are not to be shown any more); the others are
-    /// renumbered.
+    /// Rows of the source came (not shown) or went (they are not to be shown any more);
+    /// the others are renumbered.
     void sourceInserted(int first, int count);
     void sourceRemoved(int first, int count);
 

@@ -18,8 +18,8 @@ public:
     void in(std::chrono::steady_clock::duration time);
     void off();
 
-    /// For tests: from now on every deadline of a connection comes so many times sooner. 1 in a server that
-    /// serves.
+    /// For tests: from now on every deadline of a connection comes so many times sooner.
+    /// 1 in a server that serves.
     static void hurry(int times);
     static std::chrono::steady_clock::duration hurried(std::chrono::steady_clock::duration time);
 

@@ -103,7 +103,7 @@ Awaitable<bool> HttpConnection::fill(std::size_t limit) {
     co_return true;
 }
 
-Awaitable<void> HttpConnection::respond(Response response) {
+Awaitable<void> HttpConnection::respond(HttpResponse response) {
     const bool bodyless = response.status == 204 || response.status == 304;
     const std::string_view body =
         response.body && !bodyless ? std::string_view(*response.body) : std::string_view();
@@ -124,7 +124,7 @@ Awaitable<void> HttpConnection::respond(Response response) {
     logRequest(response.status, sendsBody ? body.size() : 0);
 }
 
-Awaitable<void> HttpConnection::respondFile(Response response, StaticFiles::OpenFile file) {
+Awaitable<void> HttpConnection::respondFile(HttpResponse response, StaticFiles::OpenFile file) {
     const bool began = co_await sendHead(response, static_cast<std::int64_t>(file.size));
     if (!began) co_return;
     std::uint64_t sent = 0;
@@ -145,7 +145,7 @@ Awaitable<void> HttpConnection::respondFile(Response response, StaticFiles::Open
     logRequest(response.status, sent);
 }
 
-Awaitable<bool> HttpConnection::sendHead(const Response& response, std::int64_t bodyBytes) {
+Awaitable<bool> HttpConnection::sendHead(const HttpResponse& response, std::int64_t bodyBytes) {
     const bool staysOpen = keepsAlive(response);
     const std::string head = responseHead(response, mStream.tls(), staysOpen, bodyBytes);
     mEnding = !staysOpen;
@@ -173,7 +173,7 @@ Awaitable<bool> HttpConnection::send(std::string_view bytes) {
     co_return true;
 }
 
-bool HttpConnection::keepsAlive(const Response& response) const {
+bool HttpConnection::keepsAlive(const HttpResponse& response) const {
     return mHeadRead && request().keepAlive && !response.close && !mEnding && !mRefused;
 }
 
@@ -242,8 +242,8 @@ void HttpConnection::logRequest(int status, std::uint64_t bytes) {
 }
 
 Awaitable<void> HttpConnection::linger() {
-    // Closing with unread bytes resets the connection, and the browser might lose the answer that explains
-    // it.
+    // Closing with unread bytes resets the connection, and the browser might lose the answer
+    // that explains it.
     mStream.shutdownSend();
     mTimedOut = false;
     mDeadline.in(kLingerDeadline);

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "server/Deadline.h"
+#include "server/HttpResponse.h"
 #include "server/InBuffer.h"
 #include "server/RequestParser.h"
-#include "server/Response.h"
 #include "server/StaticFiles.h"
 #include "server/Stream.h"
 
@@ -31,22 +31,22 @@ public:
     Site& site() { return mSite; }
     Stream& stream() { return mStream; }
     Deadline& deadline() { return mDeadline; }
-    const Request& request() const { return mParser.request(); }
+    const HttpRequest& request() const { return mParser.request(); }
     std::string clientAddress() const { return mAddress.to_string(); }
     const char* scheme() const { return mStream.tls() ? "https" : "http"; }
     const char* cookieName() const { return mStream.tls() ? "__Host-session" : "session"; }
 
     /// Sends an answer as a whole.
-    Awaitable<void> respond(Response response);
+    Awaitable<void> respond(HttpResponse response);
 
     /// Sends an answer whose body is a file.
-    Awaitable<void> respondFile(Response response, StaticFiles::OpenFile file);
+    Awaitable<void> respondFile(HttpResponse response, StaticFiles::OpenFile file);
 
     /// For answers in pieces: any bytes. False when the connection is gone.
     Awaitable<bool> send(std::string_view bytes);
 
     /// Head of an answer in pieces; the caller sends the body.
-    Awaitable<bool> sendHead(const Response& response, std::int64_t bodyBytes);
+    Awaitable<bool> sendHead(const HttpResponse& response, std::int64_t bodyBytes);
 
     /// The body as a whole, or nothing if the request was refused (and answered) instead.
     Awaitable<std::optional<std::string>> readForm(std::size_t limit);
@@ -58,8 +58,8 @@ public:
     Awaitable<int> readBody(std::uint64_t limit, std::chrono::steady_clock::duration perPiece,
                             const std::function<int(std::string_view)>& take);
 
-    /// Whether `Origin` (or, where a browser leaves it out, Sec-Fetch-Site) says that a page of ours is
-    /// asking.
+    /// Whether `Origin` (or, where a browser leaves it out, Sec-Fetch-Site)
+    /// says that a page of ours is asking.
     bool comesFromOwnPage() const;
 
     /// The bytes that came behind the request, for whoever takes the connection over.
@@ -75,7 +75,7 @@ private:
     Awaitable<bool> readHead();
     Awaitable<bool> fill(std::size_t limit);
     Awaitable<void> linger();
-    bool keepsAlive(const Response& response) const;
+    bool keepsAlive(const HttpResponse& response) const;
 
     Site& mSite;
     Stream mStream;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "server/Response.h"
+#include "server/HttpResponse.h"
 #include "server/Wakeup.h"
 #include "session/ResourceExchange.h"
 
@@ -17,7 +17,7 @@ public:
     struct Step {
         enum class Kind { Head, Data, End, Abandoned };
         Kind kind = Kind::End;
-        Response head = {};
+        HttpResponse head = {};
         std::int64_t contentLength = -1;
         std::string data = {};
         std::function<void(bool)> sent = {};

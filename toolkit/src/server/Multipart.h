@@ -14,8 +14,8 @@ struct PartHead {
     bool isFile = false;
 };
 
-/// Takes the parts of a multipart body as they arrive. Each returns 0 or the status to refuse the request
-/// with.
+/// Takes the parts of a multipart body as they arrive.
+/// Each returns 0 or the status to refuse the request with.
 class PartSink {
 public:
     virtual ~PartSink() = default;

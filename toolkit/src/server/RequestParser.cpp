@@ -21,7 +21,7 @@ public:
         body_limit(boost::none); // the caller sets its own once the head is known
     }
 
-    Request request;
+    HttpRequest request;
     std::string_view piece;
     std::size_t headBytes = 0;
     int status = 0;
@@ -129,7 +129,7 @@ int RequestParser::status() const {
     return mParser->status;
 }
 
-const Request& RequestParser::request() const {
+const HttpRequest& RequestParser::request() const {
     return mParser->request;
 }
 

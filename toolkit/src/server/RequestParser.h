@@ -1,6 +1,6 @@
 #pragma once
 
-#include "server/Request.h"
+#include "server/HttpRequest.h"
 
 #include <cstddef>
 #include <memory>
@@ -27,13 +27,13 @@ public:
     int status() const;
 
     /// The head's content, once headDone().
-    const Request& request() const;
+    const HttpRequest& request() const;
 
     /// Bytes the body may have; before putBody(). False (and status 413) if more are announced.
     bool allowBody(std::uint64_t limit);
 
-    /// Reads from the body; `piece` gets the content found, a part of `bytes`. Returns how many bytes were
-    /// used.
+    /// Reads from the body; `piece` gets the content found, a part of `bytes`.
+    /// Returns how many bytes were used.
     std::size_t putBody(std::string_view bytes, std::string_view& piece);
     bool bodyDone() const;
 

@@ -148,7 +148,7 @@ void postTo(Session& session, std::shared_ptr<HttpExchange> exchange) {
 } // namespace
 
 Awaitable<void> serveResource(HttpConnection& connection, const std::string& rest) {
-    const Request& request = connection.request();
+    const HttpRequest& request = connection.request();
     const std::size_t nameEnd = rest.find('/');
     const std::string key = nameEnd == rest.npos
                                 ? std::string()
@@ -178,8 +178,8 @@ Awaitable<void> serveResource(HttpConnection& connection, const std::string& res
 
     const int status = co_await readInto(connection, *exchange);
     if (status == 413) {
-        // The session is told, so that the page can say so; the browser is answered here, before it sends it
-        // all.
+        // The session is told, so that the page can say so; the browser is answered here,
+        // before it sends it all.
         exchange->tooLarge =
             std::max<std::uint64_t>(request.bodyBytes, connection.site().config.maxRequestSize + 1);
         queue->close();

@@ -12,8 +12,8 @@ namespace Wt::Impl {
 namespace {
 
 // Small, and the same for everybody, so a crawler or a monitor costs no more than a file.
-Response startPageResponse(const Site& site, const EntryPoint& entry, const Request& request) {
-    Response response;
+HttpResponse startPageResponse(const Site& site, const EntryPoint& entry, const HttpRequest& request) {
+    HttpResponse response;
     response.setBody("text/html; charset=utf-8", startPage(site.base, entry.favicon));
     const Digest digest = digestOf(*response.body);
     std::string etag = "\"";
@@ -39,7 +39,7 @@ bool liesIn(const std::string& path, const std::string& folder, std::string& res
 
 Awaitable<void> route(HttpConnection& connection) {
     Site& site = connection.site();
-    const Request& request = connection.request();
+    const HttpRequest& request = connection.request();
     const bool reads = request.method == "GET" || request.method == "HEAD";
     const auto path = normalPath(request.target);
     if (!path) {
@@ -63,7 +63,7 @@ Awaitable<void> route(HttpConnection& connection) {
     } else if (liesIn(*path, site.base + "/wt-client/", rest)) {
         co_await serveClientFile(connection, rest);
     } else if (const EntryPoint* entry = site.entryAt(*path)) {
-        Response response = startPageResponse(site, *entry, request);
+        HttpResponse response = startPageResponse(site, *entry, request);
         co_await connection.respond(std::move(response));
     } else {
         StaticFiles::Answer answer = site.files.get(*path, request);
@@ -76,10 +76,10 @@ Awaitable<void> route(HttpConnection& connection) {
 
 Awaitable<void> serveClientFile(HttpConnection& connection, const std::string& rest) {
     const std::string folder = std::string(clientHash()) + "/";
-    Response response = errorResponse(404);
+    HttpResponse response = errorResponse(404);
     for (const ClientFile& file : clientFiles()) {
         if (rest != folder + std::string(file.name)) continue;
-        response = Response();
+        response = HttpResponse();
         const std::string_view packed(reinterpret_cast<const char*>(file.gzip), file.gzipSize);
         const bool compress = connection.site().config.compress &&
                               connection.request().headerHasToken("accept-encoding", "gzip");

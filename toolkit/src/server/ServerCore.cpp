@@ -2,9 +2,9 @@
 
 #include "core/Limits.h"
 #include "core/Log.h"
+#include "server/HttpResponse.h"
 #include "server/IoPool.h"
 #include "server/Listener.h"
-#include "server/Response.h"
 #include "server/Site.h"
 #include "server/TlsContext.h"
 

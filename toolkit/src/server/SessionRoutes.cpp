@@ -15,8 +15,8 @@ namespace json = boost::json;
 
 namespace {
 
-Response jsonResponse(std::string text) {
-    Response response;
+HttpResponse jsonResponse(std::string text) {
+    HttpResponse response;
     response.add("Cache-Control", "no-store").setBody("application/json", std::move(text));
     return response;
 }
@@ -28,7 +28,7 @@ std::string firstLanguage(std::string_view acceptLanguage) {
 }
 
 StartRequest describe(HttpConnection& connection, const StartInput& input, const EntryPoint& entry) {
-    const Request& request = connection.request();
+    const HttpRequest& request = connection.request();
     StartRequest start;
     start.scheme = connection.scheme();
     start.hostName = request.header("host");
@@ -65,7 +65,7 @@ Awaitable<void> serveStart(HttpConnection& connection) {
         co_await connection.respond(errorResponse(begun.status));
         co_return;
     }
-    Response response = jsonResponse(
+    HttpResponse response = jsonResponse(
         json::serialize(json::value{{"token", begun.token}, {"session", begun.session->name()}}));
     std::string cookie =
         std::string(connection.cookieName()) + "=" + begun.cookie + "; Path=/; HttpOnly; SameSite=Strict";
@@ -144,7 +144,7 @@ Awaitable<void> serveBye(HttpConnection& connection) {
     const auto session = connection.site().sessions->find(
         parseBye(*body), connection.request().cookie(connection.cookieName()));
     if (session) session->end(EndReason::PageClosed);
-    Response response;
+    HttpResponse response;
     response.status = 204;
     co_await connection.respond(std::move(response));
 }

@@ -37,8 +37,8 @@ std::string startPage(const std::string& base, const std::string& favicon) {
             preloads += "<link rel=\"modulepreload\" href=\"" + address + "\">\n";
     }
     page += preloads + "<script type=\"module\" src=\"" + folder + "main.js\"></script>\n</head>\n<body>\n";
-    page += "<noscript><p>This interface needs JavaScript. Please enable it and load the page "
-            "again.</p></noscript>\n"
+    page += "<noscript><p>This interface needs JavaScript. Please enable it and load the page again.</p>"
+            "</noscript>\n"
             "<div id=\"wt-root\"></div>\n</body>\n</html>\n";
     return page;
 }

@@ -130,7 +130,7 @@ StaticFiles::StaticFiles(const std::string& root, std::vector<std::string> onlyB
     if (mRoot == "/") throw WServer::Exception("--docroot: '/' would serve the whole system");
 }
 
-StaticFiles::Answer StaticFiles::get(const std::string& path, const Request& request) {
+StaticFiles::Answer StaticFiles::get(const std::string& path, const HttpRequest& request) {
     Answer answer{errorResponse(404), {}};
     if (!isServed(path)) return answer;
     EntryPtr entry = fromCache(path);
@@ -154,7 +154,7 @@ StaticFiles::Answer StaticFiles::get(const std::string& path, const Request& req
     }
 
     const bool packed = entry->gzipBody && request.headerHasToken("accept-encoding", "gzip");
-    answer.response = Response();
+    answer.response = HttpResponse();
     answer.response.headers = packed ? entry->gzipHeaders : entry->headers;
     const std::string_view known = request.header("if-none-match");
     if (!known.empty() && (known.find(entry->etag) != known.npos || known == "*")) {
@@ -230,7 +230,7 @@ StaticFiles::Entry StaticFiles::describe(const std::string& path, const struct s
     entry.modified = modifiedNanoseconds(status);
     entry.etag =
         hex(entry.inode) + "-" + hex(entry.size) + "-" + hex(static_cast<std::uint64_t>(entry.modified));
-    Response common;
+    HttpResponse common;
     common.add("Content-Type", mimeTypeOf(path));
     common.add("Last-Modified", httpDate(status.st_mtim.tv_sec));
     common.add("Cache-Control", "no-cache"); // kept, and asked for again: a new firmware shows at once

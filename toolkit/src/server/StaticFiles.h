@@ -1,7 +1,7 @@
 #pragma once
 
-#include "server/Request.h"
-#include "server/Response.h"
+#include "server/HttpRequest.h"
+#include "server/HttpResponse.h"
 
 #include <chrono>
 #include <cstdint>
@@ -38,12 +38,12 @@ public:
     };
 
     struct Answer {
-        Response response;
+        HttpResponse response;
         OpenFile file; ///< the body if its descriptor is not -1
     };
 
     /// `path`: normalised. 200, 304 or 404.
-    Answer get(const std::string& path, const Request& request);
+    Answer get(const std::string& path, const HttpRequest& request);
 
 private:
     struct Entry {

@@ -19,8 +19,8 @@ bool isForbiddenInPath(char c) {
     return static_cast<unsigned char>(c) < 0x20 || c == 0x7f || c == '\\';
 }
 
-// Length of the UTF-8 sequence that begins here, 0 if it is none (overlong, surrogate, above U+10FFFF: RFC
-// 3629).
+// Length of the UTF-8 sequence that begins here, 0 if it is none (overlong, surrogate,
+// above U+10FFFF: RFC 3629).
 std::size_t sequenceLength(std::string_view text) {
     const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
     const unsigned char lead = byte(0);

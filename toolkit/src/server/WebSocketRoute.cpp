@@ -118,7 +118,7 @@ void PageSocket::configure() {
 }
 
 Awaitable<bool> PageSocket::accept() {
-    const Request& came = mConnection->request();
+    const HttpRequest& came = mConnection->request();
     http::request<http::string_body> request(http::verb::get, came.target, 11);
     for (const auto& [name, value] : came.headers) request.insert(name, value);
     const auto [ec] = co_await mSocket.async_accept(request, kAsTuple);
@@ -223,7 +223,7 @@ Awaitable<void> PageSocket::close(websocket::close_code code) {
 } // namespace
 
 Awaitable<void> serveWebSocket(HttpConnection& connection) {
-    const Request& request = connection.request();
+    const HttpRequest& request = connection.request();
     int refusal = 0;
     if (request.method != "GET")
         refusal = 405;
@@ -236,7 +236,7 @@ Awaitable<void> serveWebSocket(HttpConnection& connection) {
     else if (!connection.input().empty())
         refusal = 400; // nothing may come before our answer
     if (refusal != 0) {
-        Response response = errorResponse(refusal);
+        HttpResponse response = errorResponse(refusal);
         if (refusal == 426) response.add("Upgrade", "websocket");
         co_await connection.respond(std::move(response));
         co_return;

@@ -19,14 +19,14 @@ class ChannelPeer {
 public:
     virtual ~ChannelPeer() = default;
 
-    /// There is something to send, or another peer has taken over. From any thread; must not call the
-    /// channel.
+    /// There is something to send, or another peer has taken over. From any thread;
+    /// must not call the channel.
     virtual void wake() = 0;
 };
 
-/// The numbered, acknowledged road between a session and its page. It outlives connections: what the page has
-/// not yet acknowledged is sent again to the next one, what has arrived already is not handed on twice.
-/// Thread-safe.
+/// The numbered, acknowledged road between a session and its page.
+/// It outlives connections: what the page has not yet acknowledged is sent again to the next one,
+/// what has arrived already is not handed on twice. Thread-safe.
 class Channel : public PageSink {
 public:
     using Clock = std::chrono::steady_clock;

@@ -30,8 +30,8 @@ struct StartInput {
     int width = 0, height = 0; ///< 0 to 65535
 };
 
-/// Nothing for what is not well-formed, too deep, or holds too many events. The text's size is the caller's
-/// to limit.
+/// Nothing for what is not well-formed, too deep, or holds too many events.
+/// The text's size is the caller's to limit.
 std::optional<PageInput> parsePageInput(std::string_view text);
 std::optional<StartInput> parseStartInput(std::string_view text);
 

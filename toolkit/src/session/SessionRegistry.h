@@ -34,9 +34,9 @@ public:
         std::string cookie; ///< the browser's
     };
 
-    /// Makes a session and starts its thread. `cookie`: the browser's, kept if one of its sessions still
-    /// lives, otherwise replaced by a fresh one. `start.sessionId` is set here: `prefix` and 16 random
-    /// characters.
+    /// Makes a session and starts its thread. `cookie`: the browser's,
+    /// kept if one of its sessions still lives, otherwise replaced by a fresh one.
+    /// `start.sessionId` is set here: `prefix` and 16 random characters.
     Started start(StartRequest start, const std::string& prefix, const std::string& resourceRoot,
                   std::string_view cookie);
 

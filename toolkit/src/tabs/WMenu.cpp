@@ -8,8 +8,8 @@
 
 namespace Wt {
 
-/// The element of a menu; the keys are the business of the browser side (client/tabs.js), which clicks the
-/// items.
+/// The element of a menu; the keys are the business of the browser side (client/tabs.js),
+/// which clicks the items.
 class WMenu::List : public WContainerWidget {
 public:
     explicit List(const bool& tabs) : mTabs(tabs) { setList(true); }
@@ -72,8 +72,8 @@ void WMenu::removeItem(WMenuItem* item) {
     if (wasCurrent && next >= 0) setCurrent(next > index ? next - 1 : next);
 }
 
-/// The item that takes over from the one at `index`: the next one, else the one before; -1 when there is
-/// none.
+/// The item that takes over from the one at `index`: the next one, else the one before;
+/// -1 when there is none.
 int WMenu::nearestSelectable(int index) const {
     const auto fits = [this](int i) { return !mItems[i]->isHidden() && !mItems[i]->isDisabled(); };
     for (int i = index + 1; i < count(); ++i)

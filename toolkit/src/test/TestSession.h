@@ -21,8 +21,8 @@ class WWidget;
 
 namespace Impl {
 
-/// What stands behind a WTestEnvironment. The toolkit's own tests, and tests that bend time, reach it by
-/// of().
+/// What stands behind a WTestEnvironment. The toolkit's own tests, and tests that bend time,
+/// reach it by of().
 class TestSession {
 public:
     explicit TestSession(StartRequest& start);
@@ -34,12 +34,12 @@ public:
     /// Fires the timers that come due.
     void advance(std::chrono::milliseconds by) { mClock.advance(by); }
 
-    /// Flushes and gives what a browser would have been sent since the last call: JSON arrays of operations,
-    /// joined.
+    /// Flushes and gives what a browser would have been sent since the last call:
+    /// JSON arrays of operations, joined.
     std::string takeOperations();
 
-    /// An event of the browser for a node, as the page protocol has it; flushes first, so that new nodes are
-    /// there.
+    /// An event of the browser for a node, as the page protocol has it;
+    /// flushes first, so that new nodes are there.
     void browserEvent(const RenderNode& node, std::string_view kind, boost::json::object event = {});
 
     /// Handles an event of the session's mailbox, such as a request for a resource.

@@ -116,8 +116,8 @@ std::vector<std::uint64_t> TableShown::hashRows(const WAbstractItemModel* model,
     return cells;
 }
 
-/// Whether what is to stand at `place` of the page is what row `oldRow` was; false where the page has no such
-/// row.
+/// Whether what is to stand at `place` of the page is what row `oldRow` was;
+/// false where the page has no such row.
 bool TableShown::sameRow(const std::vector<std::uint64_t>& cells, int place, int oldRow) const {
     const int old = oldRow - mFirst;
     if (old < 0 || old >= static_cast<int>(mMarks.size())) return false;

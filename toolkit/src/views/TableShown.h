@@ -16,19 +16,19 @@ class ViewSelection;
 /// What the browser shows of a table, as hashes, and the difference to what it is to show. The message is an
 /// object for client/table.js; members that did not change are absent:
 ///
-///   "cols"  [[column, width, text, align, sort, tip, align of the header], …] the visible columns from left
-///   to right; width in pixels;
-///           align "l", "r" or "c"; sort: 0 cannot be sorted by, 1 not sorted, 2 ascending, 3 descending
-///   "look"  [row height, header height, resizable, alternating, listens]; heights in pixels, two times 0 or
-///   1, and
-///           the mouse events that are wanted besides clicks: 1 down, 2 up, 4 double
-///   "shift" [row, by] before all others of rows: the rows from here on have numbers greater by `by`; a
-///   negative
-///           one takes the rows `row` to `row - by - 1` away
-///   "rows"  [number of rows in all, first and last row that the page keeps]; others are dropped. last <
-///   first: none "put"   [[row, marks, [cell, …]], …] rows that are new to the page; a cell is text, or
-///           {"t":text,"c":style class,"tip":tool tip,"i":icon URL,"h":link URL,"k":0 unchecked, 1 partly, 2
-///           checked}
+///   "cols"  [[column, width, text, align, sort, tip, align of the header], …]
+///           the visible columns from left to right; width in pixels; align "l", "r" or "c";
+///           sort: 0 cannot be sorted by, 1 not sorted, 2 ascending, 3 descending
+///   "look"  [row height, header height, resizable, alternating, listens]
+///           heights in pixels, two times 0 or 1, and the mouse events that are wanted besides clicks:
+///           1 down, 2 up, 4 double
+///   "shift" [row, by] before all others of rows: the rows from here on have numbers greater by `by`;
+///           a negative one takes the rows `row` to `row - by - 1` away
+///   "rows"  [number of rows in all, first and last row that the page keeps]
+///           others are dropped; last < first: none
+///   "put"   [[row, marks, [cell, …]], …] rows that are new to the page; a cell is text, or
+///           {"t":text,"c":style class,"tip":tool tip,"i":icon URL,"h":link URL,
+///            "k":0 unchecked, 1 partly, 2 checked}
 ///   "cell"  [[row, place, cell], …] changed cells; place counts visible columns
 ///   "mark"  [[row, marks], …]; 1 = selected, 2 = the keyboard stands here
 class TableShown {

@@ -8,9 +8,9 @@
 
 namespace Wt::Impl {
 
-/// What is selected in a view, and which row the keyboard stands on. Positions are those of the model's top
-/// level; with SelectRows only column 0 stands for its row. Operations tell whether the selection has
-/// changed.
+/// What is selected in a view, and which row the keyboard stands on.
+/// Positions are those of the model's top level; with SelectRows only column 0 stands for its row.
+/// Operations tell whether the selection has changed.
 class ViewSelection {
 public:
     using Place = std::pair<int, int>; ///< row, column

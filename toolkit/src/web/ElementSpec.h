@@ -19,8 +19,8 @@ public:
     /// A literal. A change of tag makes a new element.
     void tag(std::string_view name);
     void attribute(std::string_view name, std::string_view value);
-    /// A property of the DOM object; value, checked, indeterminate and selectedIndex are set after the
-    /// children.
+    /// A property of the DOM object; value, checked, indeterminate and selectedIndex are set
+    /// after the children.
     void property(std::string_view name, std::string_view value);
     void property(std::string_view name, const char* value) { property(name, std::string_view(value)); }
     void property(std::string_view name, bool value);

@@ -232,8 +232,8 @@ void Renderer::update(RenderNode& node) {
     out += "}]";
 }
 
-// Brings the browser's list of children to the wanted one: removes, then walks the wanted order, creating and
-// moving.
+// Brings the browser's list of children to the wanted one: removes, then walks the wanted order,
+// creating and moving.
 void Renderer::updateChildren(RenderNode& node) {
     node.mChildrenChanged = false;
     std::vector<RenderNode*> wanted;

@@ -34,11 +34,11 @@ public:
 
     /// A page operation: a JSON array. Sent at the next flush, after those of the elements.
     void operation(std::string_view json);
-    /// Calls `method` of the node's behaviour with `argumentsJson` (a JSON array), after all elements are
-    /// there.
+    /// Calls `method` of the node's behaviour with `argumentsJson` (a JSON array),
+    /// after all elements are there.
     void call(const RenderNode& node, std::string_view method, std::string_view argumentsJson);
-    /// The user changed a property in the browser: that is what it shows now. `json` as ElementSpec writes
-    /// it.
+    /// The user changed a property in the browser: that is what it shows now.
+    /// `json` as ElementSpec writes it.
     void shownByBrowser(RenderNode& node, std::string_view property, std::string_view json);
     /// Everything that changed since the last flush as a JSON array; empty if nothing did.
     std::string flush();

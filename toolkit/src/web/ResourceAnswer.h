@@ -23,8 +23,8 @@ struct SessionLink {
     void post(std::function<void()> call);
 };
 
-/// One answer of a resource, piece by piece: the next piece is asked for when the browser has taken the last
-/// one.
+/// One answer of a resource, piece by piece: the next piece is asked for when the browser has
+/// taken the last one.
 class ResourceAnswer : public std::enable_shared_from_this<ResourceAnswer> {
 public:
     ResourceAnswer(std::shared_ptr<ResourceExchange> exchange, WResource& resource,

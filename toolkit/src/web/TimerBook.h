@@ -23,9 +23,9 @@ public:
     void flush(Renderer& renderer);
     /// The timer whose run this is and which still runs; null for late timeouts.
     WTimer* find(std::uint32_t run) const;
-    /// A timeout of this run has been handled, when `posted` events had come to the session. What had come by
-    /// then from the same run says nothing new: a timer whose handler is slower than its interval does not
-    /// pile up.
+    /// A timeout of this run has been handled, when `posted` events had come to the session.
+    /// What had come by then from the same run says nothing new:
+    /// a timer whose handler is slower than its interval does not pile up.
     void handled(std::uint32_t run, std::uint64_t posted);
     bool isOld(std::uint32_t run, std::uint64_t ordinal) const;
     /// The running timers by run; a later run has a greater number.

@@ -1,5 +1,6 @@
 #include <Wt/WApplication.h>
 
+#include "core/Log.h"
 #include "web/JsonText.h"
 #include "web/PageNode.h"
 #include "web/WebSession.h"
@@ -11,7 +12,6 @@
 #include <Wt/WServer.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <cstdlib>
 
 namespace Wt {
@@ -235,7 +235,11 @@ std::string WApplication::resourcesUrl() {
 }
 
 void WApplication::log(const std::string& type, const std::string& message) const {
-    std::fprintf(stderr, "[%s] session %s: %s\n", type.c_str(), sessionId().c_str(), message.c_str());
+    using Impl::LogLevel;
+    const LogLevel level = type == "error" || type == "fatal" ? LogLevel::Error
+                           : type.starts_with("warn")         ? LogLevel::Warning
+                                                              : LogLevel::Info;
+    Impl::log(level, "session " + sessionId(), message);
 }
 
 void WApplication::refresh() {

@@ -1,6 +1,7 @@
 #include "web/WebSession.h"
 
 #include "core/ForeignJson.h"
+#include "core/Log.h"
 #include "session/ResourceExchange.h"
 #include "web/JsonText.h"
 #include "web/PageNode.h"
@@ -10,7 +11,6 @@
 
 #include <boost/json/array.hpp>
 
-#include <cstdio>
 #include <utility>
 
 namespace Wt::Impl {
@@ -114,10 +114,10 @@ void WebSession::run() {
     } catch (const SessionEnded&) {
         // The session is over; whatever was on the stack has been destroyed.
     } catch (const std::exception& error) {
-        std::fprintf(stderr, "session %s ends: %s\n", mStart.sessionId.c_str(), error.what());
+        log(LogLevel::Error, "session " + mStart.sessionId, std::string("ends: ") + error.what());
         mQuitted = true;
     } catch (...) {
-        std::fprintf(stderr, "session %s ends: a handler threw something\n", mStart.sessionId.c_str());
+        log(LogLevel::Error, "session " + mStart.sessionId, "ends: a handler threw something");
         mQuitted = true;
     }
     std::string last;
@@ -126,7 +126,7 @@ void WebSession::run() {
         try {
             mApplication->finalize();
         } catch (const std::exception& error) {
-            std::fprintf(stderr, "session %s: while ending: %s\n", mStart.sessionId.c_str(), error.what());
+            log(LogLevel::Error, "session " + mStart.sessionId, std::string("while ending: ") + error.what());
         } catch (const SessionEnded&) {
             // A handler of the end waited for events.
         }

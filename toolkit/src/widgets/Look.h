@@ -79,8 +79,8 @@ struct WWebWidget::Look {
     WString toolTip;
     AlignmentFlag vertical = AlignBaseline;
     TextFormat toolTipFormat = PlainText;
-    // A size that layoutSizeChanged() only gives back is no wish: the layout stays free (bit 1 width, bit 2
-    // height).
+    // A size that layoutSizeChanged() only gives back is no wish: the layout stays free
+    // (bit 1 width, bit 2 height).
     unsigned char echoed = 0;
     bool reporting = false;
 

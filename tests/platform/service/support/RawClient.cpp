@@ -1,6 +1,6 @@
 #include "tests/platform/service/support/RawClient.h"
 
-#include "platform/service/net/Frame.h"
+#include "platform/service/net/FrameReader.h"
 
 #include <cerrno>
 #include <cstring>

@@ -35,8 +35,8 @@ public:
     virtual bool nodeHidden() const { return false; }
     /// It is sent with its children although it is hidden; later changes below wait until it appears.
     virtual bool nodePreloaded() const { return false; }
-    /// False: what the browser reports about this element is dropped (disabled, hidden, behind a modal
-    /// dialog).
+    /// False: what the browser reports about this element is dropped (disabled, hidden,
+    /// behind a modal dialog).
     virtual bool nodeAcceptsEvents() const { return true; }
 
     /// An event that the description listens to; `event` is foreign: check types and ranges.

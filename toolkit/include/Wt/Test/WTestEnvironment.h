@@ -39,8 +39,8 @@ public:
     /// When no handler has ended it, exec() throws std::logic_error rather than wait for ever.
     Signal<WDialog*>& dialogExecuted() const { return mDialogExecuted; }
 
-    /// End a request, so that what is waiting for that (isolated deletions, rendering) is done; begin the
-    /// next.
+    /// End a request, so that what is waiting for that (isolated deletions, rendering) is done;
+    /// begin the next.
     void endRequest();
     void startRequest();
 

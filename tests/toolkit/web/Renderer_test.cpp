@@ -1,4 +1,4 @@
-#include "tests/toolkit/support/TestSession.h"
+#include "tests/toolkit/support/PageSession.h"
 
 #include <Wt/WAnimation>
 #include <Wt/WLineEdit>
@@ -17,7 +17,7 @@ namespace {
 using namespace toolkit_test;
 
 TEST(Renderer, sends_what_differs_from_the_page_and_nothing_else) {
-    TestSession s;
+    PageSession s;
     auto* text = new Wt::WText("a", s.root());
     EXPECT_FALSE(s.flush().empty());
     EXPECT_EQ(s.flush(), "");
@@ -42,7 +42,7 @@ TEST(Renderer, sends_what_differs_from_the_page_and_nothing_else) {
 }
 
 TEST(Renderer, what_is_hidden_from_the_start_comes_when_it_is_shown) {
-    TestSession s;
+    PageSession s;
     auto* box = new Wt::WContainerWidget(s.root());
     auto* text = new Wt::WText("secret", box);
     box->hide();
@@ -59,7 +59,7 @@ TEST(Renderer, what_is_hidden_from_the_start_comes_when_it_is_shown) {
 }
 
 TEST(Renderer, a_new_tag_makes_a_new_element_in_the_same_place) {
-    TestSession s;
+    PageSession s;
     auto* first = new Wt::WText("a", s.root());
     auto* second = new Wt::WText("b", s.root());
     s.flush();
@@ -74,7 +74,7 @@ TEST(Renderer, a_new_tag_makes_a_new_element_in_the_same_place) {
 }
 
 TEST(Renderer, table_cells_that_are_covered_are_not_shown) {
-    TestSession s;
+    PageSession s;
     auto* table = new Wt::WTable(s.root());
     table->elementAt(1, 2);
     table->elementAt(0, 0)->setColumnSpan(2);
@@ -101,11 +101,11 @@ void outlineOf(const Wt::WContainerWidget& box, std::string& out) {
     out += ')';
 }
 
-// Boxes come, go and move at random; the page must follow, and never be told of an element that it does not
-// have.
+// Boxes come, go and move at random; the page must follow, and never be told of an element
+// that it does not have.
 TEST(Renderer, the_page_follows_whatever_happens_to_the_tree) {
     for (unsigned seed = 1; seed <= 60; ++seed) {
-        TestSession s;
+        PageSession s;
         std::mt19937 random(seed);
         std::vector<Wt::WContainerWidget*> boxes = {new Wt::WContainerWidget(s.root())};
         const auto pick = [&] { return boxes[random() % boxes.size()]; };
@@ -151,7 +151,7 @@ TEST(Renderer, the_page_follows_whatever_happens_to_the_tree) {
 }
 
 TEST(Renderer, thousands_of_names_of_attributes_keep_apart) {
-    TestSession s;
+    PageSession s;
     std::vector<Wt::WContainerWidget*> boxes;
     for (int i = 0; i < 100; ++i) {
         boxes.push_back(new Wt::WContainerWidget(s.root()));

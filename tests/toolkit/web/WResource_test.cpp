@@ -1,5 +1,5 @@
 #include "session/ResourceExchange.h"
-#include "tests/toolkit/support/TestSession.h"
+#include "tests/toolkit/support/PageSession.h"
 #include "web/ResourceAnswer.h"
 
 #include <Wt/WAnchor>
@@ -42,7 +42,7 @@ std::string keyOf(const std::string& url) {
     return url.substr(base.size(), url.find('/', base.size()) - base.size());
 }
 
-std::shared_ptr<Exchange> ask(TestSession& s, const std::string& key) {
+std::shared_ptr<Exchange> ask(PageSession& s, const std::string& key) {
     auto exchange = std::make_shared<Exchange>();
     exchange->method = "GET";
     exchange->resourceId = key;
@@ -55,7 +55,7 @@ std::shared_ptr<Exchange> ask(TestSession& s, const std::string& key) {
 }
 
 /// The browser takes what was written, as often as something is.
-void takeAll(TestSession& s, Exchange& exchange) {
+void takeAll(PageSession& s, Exchange& exchange) {
     while (exchange.taken) {
         const auto taken = std::exchange(exchange.taken, nullptr);
         taken(true);
@@ -71,7 +71,7 @@ protected:
     }
     ~FileResource() override { std::remove(path.c_str()); }
 
-    TestSession s;
+    PageSession s;
     std::string path, contents;
 };
 
@@ -135,7 +135,7 @@ TEST_F(FileResource, links_follow_a_changed_resource) {
 TEST_F(FileResource, a_report_after_the_end_reaches_nobody) {
     std::shared_ptr<Exchange> exchange;
     {
-        TestSession inner;
+        PageSession inner;
         Wt::WFileResource resource("text/csv", path);
         exchange = ask(inner, keyOf(resource.url()));
     }

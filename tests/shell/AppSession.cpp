@@ -1,4 +1,4 @@
-#include "tests/shell/TestSession.h"
+#include "tests/shell/AppSession.h"
 
 #include "shell/DocRoot.h"
 #include "shell/WallClock.h"
@@ -21,27 +21,27 @@ TestClock::~TestClock() {
     WallClock_setSource(nullptr);
 }
 
-TestSession::TestSession(const std::string& urlScheme) : mEnvironment(new Wt::Test::WTestEnvironment) {
+AppSession::AppSession(const std::string& urlScheme) : mEnvironment(new Wt::Test::WTestEnvironment) {
     start(urlScheme);
 }
 
-TestSession::TestSession(const std::function<void(Wt::WDialog*)>& answer)
+AppSession::AppSession(const std::function<void(Wt::WDialog*)>& answer)
     : mEnvironment(new Wt::Test::WTestEnvironment) {
     mEnvironment->dialogExecuted().connect(boost::function<void(Wt::WDialog*)>(answer));
     start("https");
 }
 
-void TestSession::start(const std::string& urlScheme) {
+void AppSession::start(const std::string& urlScheme) {
     mEnvironment->setUrlScheme(urlScheme);
     mEnvironment->setHostName("switch.example:8443");
     mApp = std::make_unique<MirlApplication>(*mEnvironment);
 }
 
-TestSession::~TestSession() {
+AppSession::~AppSession() {
     mApp.reset();
 }
 
-void TestSession::logIn(const std::string& username, const std::string& password) {
+void AppSession::logIn(const std::string& username, const std::string& password) {
     WLoginDialog* dialog = probe().login();
     ASSERT_NE(dialog, nullptr);
     dialog->usernameField->setText(Wt::WString::fromUTF8(username));
@@ -49,7 +49,7 @@ void TestSession::logIn(const std::string& username, const std::string& password
     click(dialog->loginButton);
 }
 
-void TestSession::dismissBox() {
+void AppSession::dismissBox() {
     for (WMsgBoxSimple* box : {probe().authFailure(), probe().lockout(), probe().forgotPassword()}) {
         if (!box) continue;
         click(box->button1);

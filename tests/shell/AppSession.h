@@ -24,12 +24,12 @@ private:
 
 /// One browser's session with its environment. Made and used on one thread; a second one at the same time
 /// needs a thread of its own.
-class TestSession {
+class AppSession {
 public:
-    explicit TestSession(const std::string& urlScheme = "https");
+    explicit AppSession(const std::string& urlScheme = "https");
     /// The same, with the user's answers to dialogs that the constructor of the application runs.
-    explicit TestSession(const std::function<void(Wt::WDialog*)>& answer);
-    ~TestSession();
+    explicit AppSession(const std::function<void(Wt::WDialog*)>& answer);
+    ~AppSession();
 
     MirlApplication& app() { return *mApp; }
     SessionProbe probe() { return {*mApp}; }

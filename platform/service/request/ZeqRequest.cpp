@@ -1,4 +1,4 @@
-#include "platform/service/request/Request.h"
+#include "platform/service/request/ZeqRequest.h"
 
 #include "platform/service/catalogue/Catalogue.h"
 
@@ -18,7 +18,7 @@ struct MethodName {
 constexpr MethodName kMethods[] = {
     {"get", Method::Get}, {"set", Method::Set}, {"create", Method::Create}, {"delete", Method::Delete}};
 
-void readMethod(const json_t* root, Request& request, Errors& errors) {
+void readMethod(const json_t* root, ZeqRequest& request, Errors& errors) {
     const json_t* text = json_object_get(root, "method");
     if (!json_is_string(text)) return addError(errors, Errno::MissingMethod);
     std::string name = json_string_value(text);
@@ -44,7 +44,7 @@ bool knownPath(const ResourceRow& row, const std::vector<std::string>& path) {
     return true;
 }
 
-void readResource(const json_t* root, Request& request, Errors& errors) {
+void readResource(const json_t* root, ZeqRequest& request, Errors& errors) {
     const json_t* text = json_object_get(root, "resource");
     if (!json_is_string(text) || json_string_length(text) == 0)
         return addError(errors, Errno::MissingResource);
@@ -64,7 +64,7 @@ void readResource(const json_t* root, Request& request, Errors& errors) {
     }
 }
 
-void readSelect(const json_t* root, Request& request, Errors& errors) {
+void readSelect(const json_t* root, ZeqRequest& request, Errors& errors) {
     const json_t* list = json_object_get(root, "select");
     if (!list || json_is_null(list)) return;
     if (!json_is_array(list))
@@ -91,7 +91,7 @@ JsonPtr readObject(const json_t* root, const char* name, Errors& errors) {
 }
 
 /// {"index":1,"ipAddress":…} of swx/network/ipv4 becomes {"index":1,"network":{"ipv4":{"ipAddress":…}}}.
-void wrapParams(Request& request) {
+void wrapParams(ZeqRequest& request) {
     if (request.path.empty() || !request.params) return;
     JsonPtr inner(json_copy(request.params.get()));
     JsonPtr index(json_incref(json_object_get(inner.get(), "index")));
@@ -106,7 +106,7 @@ void wrapParams(Request& request) {
 }
 
 /// A user's target list by itself is the key "target" of the user.
-void resolveView(Request& request) {
+void resolveView(ZeqRequest& request) {
     if (request.resource->id != Res::UserTargetList) return;
     request.resource = &resource(Res::User);
     if (request.select.empty()) request.select.push_back("target");
@@ -114,7 +114,7 @@ void resolveView(Request& request) {
 
 } // namespace
 
-void interpret(std::string_view text, Request& request, Errors& errors) {
+void interpret(std::string_view text, ZeqRequest& request, Errors& errors) {
     const JsonPtr root(json_loadb(text.data(), text.size(), JSON_REJECT_DUPLICATES, nullptr));
     if (!json_is_object(root.get())) return addError(errors, Errno::InvalidSyntax);
     const json_t* id = json_object_get(root.get(), "id");

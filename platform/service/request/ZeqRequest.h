@@ -11,7 +11,7 @@
 
 namespace zeqd {
 
-struct Request {
+struct ZeqRequest {
     std::int64_t id = 0;
     Method method = Method::Get;
     const ResourceRow* resource = nullptr;
@@ -22,6 +22,6 @@ struct Request {
 };
 
 /// Adds to `errors` when the text is not a request; `request` is then of use only for its id.
-void interpret(std::string_view text, Request& request, Errors& errors);
+void interpret(std::string_view text, ZeqRequest& request, Errors& errors);
 
 } // namespace zeqd

@@ -30,10 +30,10 @@ public:
 Wt::Impl::StartRequest startRequest();
 
 /// A session with an application, on the test's thread.
-class TestSession {
+class PageSession {
 public:
-    TestSession();
-    ~TestSession();
+    PageSession();
+    ~PageSession();
 
     Wt::WContainerWidget* root() { return application->root(); }
     /// What the last flush sends; empty: nothing.

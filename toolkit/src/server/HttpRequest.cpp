@@ -1,4 +1,4 @@
-#include "server/Request.h"
+#include "server/HttpRequest.h"
 
 #include <algorithm>
 #include <cctype>
@@ -33,22 +33,22 @@ std::string_view takeElement(std::string_view& list, char separator) {
 
 } // namespace
 
-std::string_view Request::header(std::string_view lowerName) const {
+std::string_view HttpRequest::header(std::string_view lowerName) const {
     for (const auto& [name, value] : headers)
         if (name == lowerName) return value;
     return {};
 }
 
-std::string_view Request::cookie(std::string_view name) const {
+std::string_view HttpRequest::cookie(std::string_view name) const {
     return findCookie(header("cookie"), name);
 }
 
-std::string_view Request::query() const {
+std::string_view HttpRequest::query() const {
     const std::size_t mark = target.find('?');
     return mark == target.npos ? std::string_view() : std::string_view(target).substr(mark + 1);
 }
 
-bool Request::headerHasToken(std::string_view lowerName, std::string_view lowerToken) const {
+bool HttpRequest::headerHasToken(std::string_view lowerName, std::string_view lowerToken) const {
     for (const auto& [name, value] : headers) {
         if (name != lowerName) continue;
         std::string_view list = value;

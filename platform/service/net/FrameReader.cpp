@@ -1,8 +1,8 @@
-#include "platform/service/net/Frame.h"
+#include "platform/service/net/FrameReader.h"
 
 namespace zeqd {
 
-std::optional<std::string_view> FrameDecoder::next() {
+std::optional<std::string_view> FrameReader::next() {
     mBuffer.erase(0, mTaken);
     mTaken = 0;
     if (mBroken || mBuffer.size() < kFrameHeader) return std::nullopt;

@@ -1,5 +1,6 @@
-#ifndef PLATFORM_CTL_OPTIONS_H
-#define PLATFORM_CTL_OPTIONS_H
+// Command line of zeqctl.
+#ifndef PLATFORM_CTL_COMMANDLINE_H
+#define PLATFORM_CTL_COMMANDLINE_H
 
 #include <chrono>
 #include <string>

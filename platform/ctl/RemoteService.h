@@ -1,6 +1,6 @@
 // The service as the commands see it: requests that succeed or throw.
-#ifndef PLATFORM_CTL_SERVICE_H
-#define PLATFORM_CTL_SERVICE_H
+#ifndef PLATFORM_CTL_REMOTESERVICE_H
+#define PLATFORM_CTL_REMOTESERVICE_H
 
 #include "platform/client/Connection.h"
 #include "platform/ctl/Failure.h"
@@ -24,10 +24,10 @@ private:
     bool mNoEntries;
 };
 
-class Service {
+class RemoteService {
 public:
     /// Connects at the first request.
-    Service(std::string socket, std::chrono::milliseconds deadline)
+    RemoteService(std::string socket, std::chrono::milliseconds deadline)
         : mSocket(std::move(socket)), mDeadline(deadline) {}
 
     /// The rows of the answer, an array. Throws Refusal, and Failure when the service cannot be reached; the

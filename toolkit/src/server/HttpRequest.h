@@ -9,7 +9,7 @@
 namespace Wt::Impl {
 
 /// The head of an HTTP request, as it came, within the limits.
-struct Request {
+struct HttpRequest {
     std::string method;
     std::string target; ///< in origin form: begins with '/'
     std::vector<std::pair<std::string, std::string>>

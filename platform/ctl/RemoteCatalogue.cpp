@@ -1,4 +1,4 @@
-#include "platform/ctl/Catalogue.h"
+#include "platform/ctl/RemoteCatalogue.h"
 
 namespace zeqctl {
 
@@ -58,11 +58,11 @@ std::string joined(const std::vector<std::string>& words) {
     return out;
 }
 
-std::vector<ResourceInfo> readCatalogue(Service& service) {
+std::vector<ResourceInfo> readCatalogue(RemoteService& service) {
     return toInfos(service.get("zeqCatalogue", nullptr, {}).get());
 }
 
-ResourceInfo readCatalogue(Service& service, const std::string& resource) {
+ResourceInfo readCatalogue(RemoteService& service, const std::string& resource) {
     const std::size_t slash = resource.find('/');
     const JsonPtr query(json_pack("{s:s}", "resource", resource.substr(0, slash).c_str()));
     std::vector<ResourceInfo> found = toInfos(service.get("zeqCatalogue", query.get(), {}).get());

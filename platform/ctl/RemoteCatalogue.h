@@ -1,8 +1,8 @@
 // What the service says about one resource, asked once.
-#ifndef PLATFORM_CTL_CATALOGUE_H
-#define PLATFORM_CTL_CATALOGUE_H
+#ifndef PLATFORM_CTL_REMOTECATALOGUE_H
+#define PLATFORM_CTL_REMOTECATALOGUE_H
 
-#include "platform/ctl/Service.h"
+#include "platform/ctl/RemoteService.h"
 
 namespace zeqctl {
 
@@ -30,10 +30,10 @@ struct ResourceInfo {
 /// "a, b, c"
 std::string joined(const std::vector<std::string>& words);
 
-/// All resources in the catalogue's order. Throws as Service does.
-std::vector<ResourceInfo> readCatalogue(Service& service);
-/// One resource; a path such as swx/network/ipv4 gives the keys below it. Throws as Service does.
-ResourceInfo readCatalogue(Service& service, const std::string& resource);
+/// All resources in the catalogue's order. Throws as RemoteService does.
+std::vector<ResourceInfo> readCatalogue(RemoteService& service);
+/// One resource; a path such as swx/network/ipv4 gives the keys below it. Throws as RemoteService does.
+ResourceInfo readCatalogue(RemoteService& service, const std::string& resource);
 
 } // namespace zeqctl
 

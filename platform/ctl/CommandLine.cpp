@@ -1,4 +1,4 @@
-#include "platform/ctl/Options.h"
+#include "platform/ctl/CommandLine.h"
 
 #include "platform/client/Connection.h"
 #include "platform/ctl/Failure.h"

@@ -1,4 +1,4 @@
-#include "platform/service/record/JsonText.h"
+#include "platform/service/record/RecordJson.h"
 
 #include <charconv>
 #include <sodium.h>

@@ -1,4 +1,4 @@
-#include "tests/toolkit/support/TestSession.h"
+#include "tests/toolkit/support/PageSession.h"
 
 #include <boost/json/parse.hpp>
 
@@ -32,24 +32,24 @@ Wt::Impl::StartRequest startRequest() {
     return start;
 }
 
-TestSession::TestSession()
+PageSession::PageSession()
     : session(startRequest(), mailbox, sink, "/wt-resource/test"),
       environment(std::make_unique<PlainEnvironment>(startRequest())),
       application(new Wt::WApplication(*environment)) {}
 
-TestSession::~TestSession() = default;
+PageSession::~PageSession() = default;
 
-std::string TestSession::flush() {
+std::string PageSession::flush() {
     sink.last.clear();
     session.flush();
     return sink.last;
 }
 
-void TestSession::browser(const std::string& events) {
+void PageSession::browser(const std::string& events) {
     session.handlePage(boost::json::parse(events));
 }
 
-void TestSession::event(const Wt::Impl::RenderNode& node, const std::string& kind, const std::string& more) {
+void PageSession::event(const Wt::Impl::RenderNode& node, const std::string& kind, const std::string& more) {
     browser("[{\"t\":" + std::to_string(node.nodeId()) + ",\"k\":\"" + kind + "\"" +
             (more.empty() ? "" : ",") + more + "}]");
 }

@@ -1,4 +1,4 @@
-#include "server/Response.h"
+#include "server/HttpResponse.h"
 
 #include <algorithm>
 #include <array>
@@ -88,12 +88,12 @@ const std::string& dateNow() {
 
 } // namespace
 
-Response& Response::add(std::string_view name, std::string_view value) {
+HttpResponse& HttpResponse::add(std::string_view name, std::string_view value) {
     headers.append(name).append(": ").append(value).append("\r\n");
     return *this;
 }
 
-Response& Response::setBody(std::string_view contentType, std::string content) {
+HttpResponse& HttpResponse::setBody(std::string_view contentType, std::string content) {
     body = std::make_shared<const std::string>(std::move(content));
     return add("Content-Type", contentType);
 }
@@ -102,9 +102,9 @@ std::string_view statusText(int status) {
     return rowOf(status).line;
 }
 
-Response errorResponse(int status) {
+HttpResponse errorResponse(int status) {
     const StatusRow& row = rowOf(status);
-    Response response;
+    HttpResponse response;
     response.status = row.status;
     response.add("Cache-Control", "no-store");
     if (status == 405) response.add("Allow", "GET, HEAD, POST");
@@ -116,7 +116,7 @@ Response errorResponse(int status) {
                             text.append("\n").append(row.explanation).append("\n"));
 }
 
-std::string responseHead(const Response& response, bool tls, bool keepAlive, std::int64_t bodyBytes) {
+std::string responseHead(const HttpResponse& response, bool tls, bool keepAlive, std::int64_t bodyBytes) {
     std::string head;
     head.reserve(900 + response.headers.size());
     head.append("HTTP/1.1 ").append(statusText(response.status)).append("\r\nDate: ").append(dateNow());

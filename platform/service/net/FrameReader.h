@@ -1,7 +1,7 @@
 // Frames: a 4-byte big-endian length, then so many bytes of JSON.
 #pragma once
 
-#include "platform/service/net/Limits.h"
+#include "platform/service/net/SocketLimits.h"
 
 #include <optional>
 #include <string>
@@ -10,7 +10,7 @@
 namespace zeqd {
 
 /// Takes bytes as they come and gives whole frames.
-class FrameDecoder {
+class FrameReader {
 public:
     void append(std::string_view bytes) { mBuffer.append(bytes); }
 

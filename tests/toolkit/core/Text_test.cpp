@@ -1,5 +1,5 @@
 // WString, WLength and the message bundle.
-#include "tests/toolkit/support/TestSession.h"
+#include "tests/toolkit/support/PageSession.h"
 
 #include <Wt/WLength>
 #include <Wt/WMessageResourceBundle>
@@ -35,7 +35,7 @@ TEST(WString, wide_text_and_back) {
 }
 
 TEST(WString, a_key_reads_as_the_bundle_says_now) {
-    toolkit_test::TestSession session;
+    toolkit_test::PageSession session;
     const WString known = WString::tr("greeting").arg("Ann"), unknown = WString::tr("no.such");
     EXPECT_EQ(known.toUTF8(), "??greeting??");
     const std::string file = ::testing::TempDir() + "/toolkit-messages";

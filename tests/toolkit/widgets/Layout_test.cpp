@@ -1,4 +1,4 @@
-#include "tests/toolkit/support/TestSession.h"
+#include "tests/toolkit/support/PageSession.h"
 
 #include <Wt/WGridLayout>
 #include <Wt/WHBoxLayout>
@@ -23,12 +23,12 @@ struct Panel : Wt::WContainerWidget {
     int reports = 0;
 };
 
-std::string style(TestSession& s, const Wt::WWebWidget& widget, const char* name) {
+std::string style(PageSession& s, const Wt::WWebWidget& widget, const char* name) {
     return s.sink.page.value(static_cast<int>(widget.nodeId()), std::string("s.") + name);
 }
 
 TEST(Layout, a_size_that_a_panel_gives_back_does_not_fix_it) {
-    TestSession s;
+    PageSession s;
     auto* column = new Wt::WVBoxLayout;
     auto* panel = new Panel;
     column->addWidget(panel, 1);
@@ -45,7 +45,7 @@ TEST(Layout, a_size_that_a_panel_gives_back_does_not_fix_it) {
 }
 
 TEST(Layout, dragging_a_divider_sizes_the_item_in_front) {
-    TestSession s;
+    PageSession s;
     auto* column = new Wt::WVBoxLayout;
     auto* upper = new Panel;
     upper->setHeight(Wt::WLength(180));
@@ -79,7 +79,7 @@ TEST(Layout, dragging_a_divider_sizes_the_item_in_front) {
 }
 
 TEST(Layout, widgets_and_layouts_can_leave_and_come_back) {
-    TestSession s;
+    PageSession s;
     auto* box = new Wt::WContainerWidget(s.root());
     auto* row = new Wt::WHBoxLayout;
     auto* inner = new Wt::WVBoxLayout;
@@ -110,7 +110,7 @@ TEST(Layout, widgets_and_layouts_can_leave_and_come_back) {
 }
 
 TEST(Layout, a_grid_places_spans_and_stretches) {
-    TestSession s;
+    PageSession s;
     auto* grid = new Wt::WGridLayout;
     auto* wide = new Wt::WText("w");
     auto* list = new Wt::WContainerWidget;

@@ -1,4 +1,4 @@
-#include "platform/ctl/Service.h"
+#include "platform/ctl/RemoteService.h"
 
 #include "platform/client/ZeqObj.h"
 #include "platform/client/ZeqReq.h"
@@ -54,7 +54,7 @@ std::string hint(int number, const std::string& resource) {
 
 } // namespace
 
-JsonPtr Service::request(json_t* request) {
+JsonPtr RemoteService::request(json_t* request) {
     std::string why;
     if (!mConnection) mConnection = zeq::Connection::open(mSocket, mDeadline, why);
     if (!mConnection) {
@@ -72,14 +72,15 @@ JsonPtr Service::request(json_t* request) {
     return JsonPtr(json_incref(json_object_get(answer.get(), "rows")));
 }
 
-JsonPtr Service::get(const std::string& resource, json_t* query, const std::vector<std::string>& select) {
+JsonPtr RemoteService::get(const std::string& resource, json_t* query,
+                           const std::vector<std::string>& select) {
     const JsonPtr get(ZeqReqUtil_newGetResource(resource.c_str()));
     if (query && json_object_size(query) > 0) ZeqObj_setObject(get.get(), "query", json_incref(query));
     for (const std::string& key : select) ZeqObj_setSelect(get.get(), key.c_str());
     return request(get.get());
 }
 
-JsonPtr Service::write(const char* method, const std::string& resource, json_t* params) {
+JsonPtr RemoteService::write(const char* method, const std::string& resource, json_t* params) {
     const JsonPtr write(ZeqObj_new());
     ZeqReqUtil_setMethod(write.get(), method);
     ZeqReqUtil_setResource(write.get(), resource.c_str());

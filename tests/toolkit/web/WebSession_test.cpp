@@ -1,5 +1,5 @@
 // Events of a browser: what they reach, and what is dropped.
-#include "tests/toolkit/support/TestSession.h"
+#include "tests/toolkit/support/PageSession.h"
 #include "web/PageNode.h"
 
 #include <Wt/WCheckBox>
@@ -30,7 +30,7 @@ std::string valueOf(const Wt::Impl::RenderNode& node, const std::string& json) {
 }
 
 TEST(Session, values_are_there_before_handlers_and_are_not_sent_back) {
-    TestSession s;
+    PageSession s;
     auto* field = new Wt::WLineEdit(s.root());
     field->setMaxLength(5);
     auto* area = new Wt::WTextArea(s.root());
@@ -53,7 +53,7 @@ TEST(Session, values_are_there_before_handlers_and_are_not_sent_back) {
 }
 
 TEST(Session, hostile_events_do_nothing) {
-    TestSession s;
+    PageSession s;
     auto* field = new Wt::WLineEdit("keep", s.root());
     auto* check = new Wt::WCheckBox("c", s.root());
     auto* combo = new Wt::WComboBox(s.root());
@@ -104,7 +104,7 @@ TEST(Session, hostile_events_do_nothing) {
 }
 
 TEST(Session, a_timer_is_told_as_it_stands_at_the_end_and_late_timeouts_are_dropped) {
-    TestSession s;
+    PageSession s;
     s.flush();
     int fired = 0;
     auto timer = std::make_unique<Wt::WTimer>();
@@ -133,7 +133,7 @@ TEST(Session, a_timer_is_told_as_it_stands_at_the_end_and_late_timeouts_are_drop
 }
 
 TEST(Session, a_handler_may_delete_its_own_widget) {
-    TestSession s;
+    PageSession s;
     auto* button = new Wt::WPushButton("b", s.root());
     auto* check = new Wt::WCheckBox("c", s.root());
     auto* combo = new Wt::WComboBox(s.root());
@@ -154,7 +154,7 @@ TEST(Session, a_handler_may_delete_its_own_widget) {
 }
 
 TEST(Session, a_check_box_leaves_the_middle_state_by_the_user) {
-    TestSession s;
+    PageSession s;
     auto* check = new Wt::WCheckBox("c", s.root());
     check->setCheckState(Wt::PartiallyChecked);
     std::string log;
@@ -188,7 +188,7 @@ struct Noted : Wt::WDialog {
 };
 
 // `last` comes when two dialogs wait, one inside the handler of the other.
-void nestTwo(TestSession& s, std::string& log, const std::function<void()>& last) {
+void nestTwo(PageSession& s, std::string& log, const std::function<void()>& last) {
     Noted outer(log, "outer ");
     s.mailbox.post(callOf([&] {
         Noted inner(log, "inner ");
@@ -203,19 +203,19 @@ void nestTwo(TestSession& s, std::string& log, const std::function<void()>& last
 TEST(Session, one_that_ends_inside_of_dialogs_unwinds_in_order) {
     const struct {
         const char* what;
-        void (*end)(TestSession& s);
+        void (*end)(PageSession& s);
     } rows[] = {
-        {"the browser is gone", [](TestSession& s) { s.mailbox.post(endOf()); }},
-        {"quit", [](TestSession& s) { s.application->quit(); }},
+        {"the browser is gone", [](PageSession& s) { s.mailbox.post(endOf()); }},
+        {"quit", [](PageSession& s) { s.application->quit(); }},
         {"quit and go on",
-         [](TestSession& s) {
+         [](PageSession& s) {
              s.application->redirect("/");
              s.application->quit();
              s.application->processEvents();
          }},
     };
     for (const auto& row : rows) {
-        TestSession s;
+        PageSession s;
         std::string log;
         EXPECT_THROW(nestTwo(s, log, [&] { row.end(s); }), Wt::Impl::SessionEnded) << row.what;
         EXPECT_EQ(log, "inner outer ") << row.what;
@@ -223,7 +223,7 @@ TEST(Session, one_that_ends_inside_of_dialogs_unwinds_in_order) {
 }
 
 TEST(Session, dialogs_end_by_their_buttons_escape_and_death) {
-    TestSession s;
+    PageSession s;
     Wt::WDialog dialog("d");
     dialog.rejectWhenEscapePressed();
     auto* yes = new Wt::WPushButton("y", dialog.footer());
@@ -290,7 +290,7 @@ TEST(Session, runs_from_start_to_quit_and_tells_the_browser_last) {
 }
 
 TEST(Session, timeouts_that_came_while_one_was_handled_count_as_one) {
-    TestSession s;
+    PageSession s;
     Wt::WTimer timer, other;
     int fired = 0, others = 0;
     timer.timeout().connect([&] { ++fired; });
