@@ -14,5 +14,5 @@
 /// The widget's value is lost.
 std::vector<std::string> catalogueFaultsOf(WWidgetZeq& bound);
 
-/// The same of all bound widgets in `top`, each with "resource/key: " in front. `count` is how many there are.
+/// The same of all bound widgets in `top`, each with "resource/key: " in front; `count` is how many there are.
 std::vector<std::string> catalogueFaultsIn(Wt::WWidget* top, std::size_t& count);
