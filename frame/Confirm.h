@@ -4,8 +4,8 @@
 
 #include <cstddef>
 
-/// One question before an action that is hard to undo, which a user may turn off for himself. Texts are
-/// message keys.
+/// One question before an action that is hard to undo, which a user may turn off for himself.
+/// Texts are message keys.
 struct Confirmation {
     const char* flag; // ask or not, in the logged-in user's record; null = always asked, with no check box
     const char* title;

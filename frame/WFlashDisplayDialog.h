@@ -4,8 +4,8 @@
 
 class WLineEditPlus;
 
-/// Asks how long the display of a device is to flash. Run with exec(); both buttons accept it, Escape rejects
-/// it.
+/// Asks how long the display of a device is to flash. Run with exec().
+/// Both buttons accept it, Escape rejects it.
 class WFlashDisplayDialog : public DialogForm {
 public:
     /// Message key of the words above the field.

@@ -29,8 +29,8 @@ public:
     void msgSet(const Wt::WString& message);
     void msgSet(const char* message);
     void checkBoxSet(const Wt::WString& text);
-    /// The first button stands rightmost and has the focus; the second and third follow to its left. A fourth
-    /// is ignored.
+    /// The first button stands rightmost and has the focus; the second and third follow to its left.
+    /// A fourth is ignored.
     void buttonAdd(const Wt::WString& text);
     /// Gives a button that was added the focus, in the place of the first one. Other numbers change nothing.
     void focusSet(int number);

@@ -4,8 +4,8 @@
 
 class WEstabSesRxTable;
 
-/// Asks at which Receiver a user is to be logged in. Run with exec(); offers the Receivers that the user may
-/// use now.
+/// Asks at which Receiver a user is to be logged in. Run with exec().
+/// Offers the Receivers that the user may use now.
 class WForceLoginDialog : public DialogForm {
 public:
     enum Button { None, Login, Cancel }; // buttonClicked(); both accept

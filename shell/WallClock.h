@@ -9,6 +9,6 @@ std::time_t WallClock_now();
 /// Seconds that have passed since then; 0 for a time to come, as after a clock that was set back.
 unsigned WallClock_secondsSince(std::time_t start);
 
-/// Where the time comes from, for the whole process; null = the system's clock. Any thread may read it
-/// meanwhile.
+/// Where the time comes from, for the whole process; null = the system's clock.
+/// Any thread may read it meanwhile.
 void WallClock_setSource(std::time_t (*source)());

@@ -5,6 +5,8 @@
 
 #include <Wt/WCheckBox>
 
+#include <stdexcept>
+
 namespace {
 
 constexpr const char* kFlag = "enableRemoveDevicesWarning";
@@ -14,6 +16,12 @@ constexpr Confirmation kQuestion = {.flag = kFlag,
                                     .proceed = "[RSnnn]Remove",
                                     .messageOfMany = "[RSnnn]Errors",
                                     .proceedOfMany = "[RSnnn]Proceed"};
+
+Wt::WPushButton& button(Wt::WDialog& dialog, const char* text) {
+    Wt::WPushButton* found = buttonIn(&dialog, text);
+    if (!found) throw std::runtime_error(std::string("no button ") + text);
+    return *found;
+}
 
 class Confirming : public DbTest {
 protected:
@@ -64,7 +72,6 @@ TEST_F(Confirming, AsksUnlessTurnedOffAndAlsoWhenThatCannotBeRead) {
 }
 
 TEST_F(Confirming, SeveralRecordsHaveWordsOfTheirOwnIfTheRowHasSome) {
-    store.put("user", 0, "");
     ask(true, "Proceed");
     store.put("user", 0, R"("enableRemoveDevicesWarning":"enabled")");
     EXPECT_TRUE(confirm(kQuestion, 2, Wt::WString::fromUTF8("a, b & <c>")));
@@ -81,7 +88,7 @@ TEST_F(Confirming, WithoutASwitchNothingCanTurnItOff) {
     always.flag = nullptr;
     user.answer = [](Wt::WDialog& dialog) {
         EXPECT_TRUE(widgetsIn<Wt::WCheckBox>(&dialog).empty());
-        click(buttonIn(&dialog, "Remove"));
+        click(&button(dialog, "Remove"));
     };
     EXPECT_TRUE(confirm(always));
     EXPECT_TRUE(store.requests().empty()) << store.requests().front();
@@ -93,8 +100,8 @@ TEST_F(Confirming, TheFocusIsWhereTheRowSays) {
         row.flag = nullptr;
         row.focusOnCancel = onCancel;
         user.answer = [=](Wt::WDialog& dialog) {
-            EXPECT_EQ(buttonIn(&dialog, "Cancel")->hasFocus(), onCancel);
-            EXPECT_EQ(buttonIn(&dialog, "Remove")->hasFocus(), !onCancel);
+            EXPECT_EQ(button(dialog, "Cancel").hasFocus(), onCancel);
+            EXPECT_EQ(button(dialog, "Remove").hasFocus(), !onCancel);
             dialog.reject();
         };
         EXPECT_FALSE(confirm(row));
