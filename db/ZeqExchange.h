@@ -7,8 +7,8 @@
 #include <utility>
 #include <vector>
 
-/// One request to the database service and its answer, freed together. The same request may be sent several
-/// times.
+/// One request to the database service and its answer, freed together. The same request may be sent more
+/// than once.
 ///
 ///     ZeqExchange exchange(ZeqReqUtil_newGetResource, "rx", __func__);
 ///     if (!exchange.ready()) return 1;
