@@ -9,10 +9,10 @@
 #include <utility>
 #include <vector>
 
-/// Records of the database, held while a page is read: while one is in use on a thread, the reads and searches
-/// of Db there take single values out of it, and each record is asked for once instead of once for each value.
-/// What changes meanwhile is not seen. Devices, connections, logins and singletons are held as a whole at the
-/// first read of a value; of others (a user's record is large) only what fetch() asked for.
+/// Records of the database, held while a page is read: while one is in use on a thread, the reads and
+/// searches of Db there take single values out of it, and each record is asked for once instead of once for
+/// each value. What changes meanwhile is not seen. Devices, connections, logins and singletons are held as a
+/// whole at the first read of a value; of others (a user's record is large) only what fetch() asked for.
 class HeldRecords {
 public:
     using Errors = std::vector<std::string>;

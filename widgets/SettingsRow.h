@@ -4,8 +4,8 @@
 
 #include <span>
 
-/// What the choice in another row of the table decides. The row is named by its key: the nearest one above with
-/// that key, or else the nearest below.
+/// What the choice in another row of the table decides. The row is named by its key: the nearest one above
+/// with that key, or else the nearest below.
 struct SettingsChoice {
     enum Follows {
         AtOnce,

@@ -17,7 +17,7 @@ public:
 
     WLookupText(Lookup lookup, Wt::WContainerWidget* parent, Shows shows = Shows::CommonText);
 
-    /// Up to the first failure, whose result it gives, or the first difference. The text is empty after a failure.
+    /// Up to the first failure, whose result it gives and whose text is empty, or the first difference.
     virtual unsigned readFromDatabase(const Indexes& indexes, Errors& errors);
     /// What stands there where the records differ; nothing at first.
     void setDiffersText(const Wt::WString& text) { mDiffers = text; }

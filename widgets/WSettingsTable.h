@@ -17,13 +17,13 @@ public:
     using Indexes = std::vector<unsigned>;
     using Errors = std::vector<std::string>;
 
-    /// Spec and rows are constants, not owned. Throws std::logic_error when a row follows a row that is not
-    /// there.
+    /// Spec and rows are constants, not owned. Throws std::logic_error when a row follows one that the
+    /// table does not have.
     WSettingsTable(const SettingsTableSpec& spec, std::span<const SettingsRow> rows,
                    Wt::WContainerWidget* parent = nullptr);
 
-    /// With one request for each resource and group of records. Failures are silent: a widget then keeps what
-    /// it shows.
+    /// With one request for each resource and group of records. Failures are silent: a widget then keeps
+    /// what it shows.
     virtual void readFromDatabase(const Indexes& indexes, bool force);
     /// Stores what was changed, is enabled and valid, and clears the marks. An emptied number of several
     /// records counts as not changed. 1 when something was refused or not answered.

@@ -117,6 +117,11 @@ TEST_F(SettingsTable, DisabledOrInvalidFieldsAreLeftOutOfASave) {
     type(*table.widget<WLineEditZeq>("t"), "bad one");
     choose(*table.widget<WEnableDisable>("e"), 1);
     EXPECT_EQ(written(table, {1}), setRequest(R"("e":"disabled","index":1)", "r"));
+    store.put("r", 1, R"("t":"A","e":"enabled")");
+    table.readFromDatabase({1}, true);
+    type(*table.widget<WLineEditZeq>("t"), "GOOD");
+    choose(*table.widget<WEnableDisable>("e"), 1);
+    EXPECT_EQ(written(table, {1}), setRequest(R"("e":"disabled","index":1)", "r")) << "valid, yet ruled out";
     table.readFromDatabase({1, 2}, true);
     type(*table.widget<WLineEditZeq>("x"), "bad one");
     EXPECT_EQ(written(table, {1, 2}), "") << "nothing is left to write";
@@ -225,12 +230,15 @@ TEST_F(SettingsTable, NestedFieldsBesidePlainOnes) {
     type(*table.widget<WLineEditUInt32Zeq>("timeout"), "7");
     EXPECT_EQ(written(table, {2}), setRequest(R"("index":2,"timeout":7)", "user")) << "no empty objects";
 
+    put(1, "none");
     table.readFromDatabase({1}, true);
+    choose(*table.widget<WOsdActivateHotkey>("hotKey"), 11);
     choose(*boxes[1], 5);
     EXPECT_EQ(written(table, {1}),
               setRequest(R"("index":1,"keySettings":{"osdHotKey":{"customKeys":{"length":2,)"
-                         R"("sequence":{"$binary":"BAU="}}}})",
-                         "user"));
+                         R"("sequence":{"$binary":"BAU="}},"hotKey":"custom"}})",
+                         "user"))
+        << "both in the same object";
 }
 
 TEST_F(SettingsTable, ANestedReadThatFailsLeavesTheFields) {
