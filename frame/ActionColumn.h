@@ -19,9 +19,9 @@ enum class WhileEditing { Disabled, LeftAlone };
 
 /// One action of a page. Rows stand in the order of the enumeration `Action`; keys are of the message bundle.
 ///
-///     constexpr ActionRow<WSesView, SesAction> kActions[] = {
-///         {SesAction::Connect, "[RSnnn]Connect Session", "[RSnnn]Connect", "[RSnnn]Connect a ...",
-///          &WSesView::estabSesActionButtonClicked, Needs::Nothing}, ...
+///     constexpr ActionRow<WDevView, DeviceAction> kActions[] = {
+///         {DeviceAction::Reboot, "[RSnnn]Reboot Device", "[RSnnn]Reboot",
+///          "[RSnnn]Reboot one or more selected devices.", &WDevView::rebootDevActionButtonClicked, Needs::Records},
 ///     static_assert(rowsInOrder(kActions));
 template <class View, class Action>
 struct ActionRow {
@@ -40,8 +40,8 @@ class ActionColumn : public WNavAccordion {
 public:
     ActionColumn();
 
-    /// Adds a section for each row, whose button calls the row's handler. The view must live as long as this; rows
-    /// are constants.
+    /// Adds a section for each row, whose button calls the row's handler. The view must live as long as
+    /// this; rows are constants.
     template <class View, class Row, std::size_t N>
     void addActions(View* view, const Row (&rows)[N]) {
         for (const Row& row : rows)

@@ -20,8 +20,8 @@ public:
     KeptSelection(const KeptSelection&) = delete;
     KeptSelection& operator=(const KeptSelection&) = delete;
 
-    /// For a list whose record indexes are not unique: called before a rebuild, gives what puts the selection back
-    /// behind it.
+    /// For a list whose record indexes are not unique: called before a rebuild, gives what puts the
+    /// selection back behind it.
     void setRemember(std::function<Job()> remember) { mRemember = std::move(remember); }
 
     /// Records that are gone are no longer selected. A selected row that was in view stays in view, also when its

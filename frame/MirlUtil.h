@@ -20,8 +20,8 @@ constexpr unsigned kEidBufferSize = 14;
 void MirlUtil_modelIndexToZeqIndex(const Wt::WModelIndex& index, Wt::WStandardItemModel* model,
                                    Wt::WSortFilterProxyModel* proxy, unsigned int& zeqIndex);
 
-/// Text of the row's cell in `column`, cut to the buffer of kEidBufferSize bytes; empty if the cell holds
-/// none.
+/// Text of the row's cell in `column`, cut to the buffer of kEidBufferSize bytes; empty
+/// if the cell holds none.
 void MirlUtil_modelIndexToEid(const Wt::WModelIndex& index, Wt::WStandardItemModel* model,
                               Wt::WSortFilterProxyModel* proxy, unsigned int column, char* eid);
 

@@ -46,8 +46,8 @@ protected:
     void layoutSizeChanged(int width, int height) override;
 
 public:
-    /// Adds a widget below the title and what was added before; takes ownership. Folding hides the last one
-    /// added.
+    /// Adds a widget below the title and what was added before; takes ownership. Folding
+    /// hides the last one added.
     virtual void setContent(Wt::WWidget* content, int stretch, Wt::WFlags<Wt::AlignmentFlag> alignment);
 
     // The view's own wish, whatever the fold state.

@@ -4,8 +4,8 @@
 
 #include <Wt/WText>
 
-/// A field of the database in the user's words, read only. The classes below are their words and nothing
-/// else.
+/// A field of the database in the user's words, read only. The classes below are their
+/// words and nothing else.
 class WValueText : public Wt::WText, public ZeqField<std::string> {
 public:
     /// The word for a database string, UTF-8.

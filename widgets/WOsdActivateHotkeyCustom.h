@@ -6,9 +6,9 @@
 
 class WKeyCodeSelector;
 
-/// The custom hot key of the on-screen display: one or two key codes in sequence, kept as "sequence" (2
-/// bytes) and "length" (0 to 2). Filled only from a held table; the table's rows are those that hold the two
-/// keys.
+/// The custom hot key of the on-screen display: one or two key codes in sequence, kept as
+/// "sequence" (2 bytes) and "length" (0 to 2). Filled only from a held table; the table's rows are
+/// those that hold the two keys.
 class WOsdActivateHotkeyCustom : public Wt::WContainerWidget, public WWidgetZeq {
 public:
     WOsdActivateHotkeyCustom(const char* resource, const char* key, bool indexed,

@@ -15,8 +15,8 @@ inline constexpr WComboBoxPlus::Triplet kOsdHotkeyFuncChoices[] = {
     {"enumerate_all_usb_devices", "[RSnnn]Enumerate all USB devices", 10},
 };
 
-/// What a function key does in the on-screen display; numbers of Info_OsdCommonAction. Its table's owner
-/// fills it.
+/// What a function key does in the on-screen display; numbers of Info_OsdCommonAction. Its
+/// table's owner fills it.
 class WOsdHotkeyFunc : public ZeqSelector<kOsdHotkeyFuncChoices> {
 public:
     using ZeqSelector::ZeqSelector;

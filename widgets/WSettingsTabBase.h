@@ -20,8 +20,8 @@ class WSettingsTabBase : public Wt::WContainerWidget {
 public:
     WSettingsTabBase(Wt::WContainerWidget* parent, ChangeTracker::SubsectionId id);
 
-    /// The menu entry that stands for this tab, the list beside it, and the list's filter. Not owned; any may be
-    /// null.
+    /// The menu entry that stands for this tab, the list beside it, and the list's filter. Not
+    /// owned; any may be null.
     void registerDetailsMenuItem(Wt::WMenuItem* item) { mDetailsMenuItem = item; }
     void registerTableView(Wt::WTableView* tableView) { mTableView = tableView; }
     void registerFilterField(Wt::WFormWidget* field) { mFilterField = field; }

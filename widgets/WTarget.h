@@ -5,8 +5,8 @@
 
 #include <Wt/WComboBox>
 
-/// The target of an OSD short cut: "EID (name)". Its table's owner fills and shows it; only the EID is
-/// stored.
+/// The target of an OSD short cut: "EID (name)". Its table's owner fills and shows it;
+/// only the EID is stored.
 class WTarget : public Wt::WComboBox, public WWidgetZeq {
 public:
     WTarget(const char* resource, const char* key, bool indexed, Wt::WContainerWidget* parent = nullptr);

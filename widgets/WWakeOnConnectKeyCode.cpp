@@ -11,8 +11,8 @@ struct CodeRow {
     const char* labelKey;
 };
 
-// 225 and 226 stand against their names on the keyboard page (LeftShift, LeftAlt); the pairing is kept as it
-// is.
+// 225 and 226 stand against their names on the keyboard page (LeftShift, LeftAlt); the
+// pairing is kept as it is.
 constexpr CodeRow kCodes[] = {
     {224, "[RSnnn]Ctrl"},
     {225, "[RSnnn]Alt"},

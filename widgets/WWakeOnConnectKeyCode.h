@@ -7,8 +7,8 @@ inline constexpr WComboBoxPlus::Triplet kWakeOnConnectKeyCodeChoices[] = {
     {nullptr, "[RSnnn]Caps Lock", 0}, {nullptr, "[RSnnn]Custom", 0},
 };
 
-/// The key that wakes a computer, by its USB HID usage. The rows have no database value: the owner fills it
-/// by number.
+/// The key that wakes a computer, by its USB HID usage. The rows have no database value: the
+/// owner fills it by number.
 class WWakeOnConnectKeyCode : public ZeqSelector<kWakeOnConnectKeyCodeChoices> {
 public:
     using ZeqSelector::ZeqSelector;

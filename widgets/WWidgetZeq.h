@@ -14,8 +14,8 @@
 ///
 /// 1. Results are 0 for success and 1 for failure; `errors` receives what the service refused (see Db).
 /// 2. `force` true: overwrite the widget even if the user has changed it.
-/// 3. A bound widget with indexed() false shows a singleton; the index list then says nothing about what is
-/// read.
+/// 3. A bound widget with indexed() false shows a singleton; the index list then says
+/// nothing about what is read.
 class WWidgetZeq {
 public:
     using Indexes = std::vector<unsigned>;
@@ -34,8 +34,8 @@ public:
     virtual unsigned writeToDatabase(const Indexes& indexes, Errors& errors);
     /// Adds the field to a request's "params" if the user changed it. Leaves the mark: the owner clears it.
     virtual void setZeqParam(json_t* params);
-    /// From a table that has one row for each index, found by its "index"; with one index, from that one
-    /// record.
+    /// From a table that has one row for each index, found by its "index"; with one index,
+    /// from that one record.
     virtual void getZeqParam(const json_t* table, const Indexes& indexes, bool force) = 0;
 
     virtual bool hasChangedContent() { return mContentChanged; }

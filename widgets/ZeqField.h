@@ -2,9 +2,9 @@
 
 #include "widgets/WWidgetZeq.h"
 
-/// The reading rules that all fields of one text (Value std::string) or one number (unsigned) share. A class
-/// says only how it shows a value and what it shows when there is none: no record chosen, or records that
-/// differ.
+/// The reading rules that all fields of one text (Value std::string) or one number (unsigned)
+/// share. A class says only how it shows a value and what it shows when there is none: no record
+/// chosen, or records that differ.
 template <class Value>
 class ZeqField : public WWidgetZeq {
 public:

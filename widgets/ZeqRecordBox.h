@@ -4,9 +4,9 @@
 
 #include <Wt/WComboBox>
 
-/// A bound combo box whose choices are records, read anew with each value. The last item is blank: it shows
-/// records that differ, and values that no choice has. Value is what the field stores: a text, or a number
-/// (unsigned).
+/// A bound combo box whose choices are records, read anew with each value. The last item is blank: it
+/// shows records that differ, and values that no choice has. Value is what the field stores: a text,
+/// or a number (unsigned).
 template <class Value>
 class ZeqRecordBox : public Wt::WComboBox, public WWidgetZeq {
 public:

@@ -1,5 +1,5 @@
-// The gallery of bound widgets. Takes what mirl takes, and works on the service at ZEQ_SOCKET, which it
-// writes to.
+// The gallery of bound widgets. Takes what mirl takes, and works on the service at
+// ZEQ_SOCKET, which it writes to.
 #include "tests/bound_gallery/BoundGallery.h"
 
 #include "platform/client/EventLog.h"

@@ -1,6 +1,6 @@
-// node worker.mjs FILE WORDS [NAME...]: runs the tests of one file whose names hold the words, or those of these names, one
-// after the other, and tells the process that started it (runner.mjs) of each beginning and end. MIRL_NO_BROWSER: they need
-// no browser.
+// node worker.mjs FILE WORDS [NAME...]: runs the tests of one file whose names hold the words, or those of
+// these names, one after the other, and tells the process that started it (runner.mjs) of each beginning
+// and end. MIRL_NO_BROWSER: they need no browser.
 import { mkdirSync } from 'node:fs';
 import { Context, awaited, outDir, tell, tests } from './harness.mjs';
 

@@ -1,5 +1,5 @@
 #include "shell/WallClock.h"
-#include "tests/shell/TestSession.h"
+#include "tests/shell/AppSession.h"
 
 #include <gtest/gtest.h>
 

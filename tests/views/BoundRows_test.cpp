@@ -35,10 +35,11 @@ const struct {
     Wt::WWidget* (*make)(Wt::WContainerWidget*);
     std::size_t fields;
 } kPages[] = {
-    {"devices", made<WDevView>, 80},
+    {"devices", made<WDevView>, 130},
     {"preferences", made<WPrefsTable>, 10},
 };
 
+constexpr const char* kComputed = "frequencies are computed from the timing, in fields made for numbers";
 constexpr const char* kAnyDot =
     "the pattern's dots stand for any character and are kept so; the user is told";
 
@@ -48,7 +49,12 @@ const struct {
     int fields;
     const char* why;
 } kExceptions[] = {
-    {"rx/: no such key", 6, "frequencies of three video timings are computed, in fields made for numbers"},
+    {"rx/inputVideoTiming/frequency: no such key", 1, kComputed},
+    {"rx/outputVideoTiming/frequency: no such key", 1, kComputed},
+    {"rx/monPrefVideoTiming/frequency: no such key", 1, kComputed},
+    {"rx/inputVideoTiming/frameRate: no such key", 1, kComputed},
+    {"rx/outputVideoTiming/frameRate: no such key", 1, kComputed},
+    {"rx/monPrefVideoTiming/frameRate: no such key", 1, kComputed},
     {"swx/network/ipv6/ipAddress: takes '::1x2x3x4', refused (ipAddress: an IPv6 address)", 1, kAnyDot},
     {"swx/network/ipv6/gatewayAddress: takes '::1x2x3x4', refused (gatewayAddress: an IPv6 address)", 1,
      kAnyDot},

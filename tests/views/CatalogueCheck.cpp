@@ -276,7 +276,7 @@ std::vector<std::string> catalogueFaultsOf(WWidgetZeq& bound) {
     const zeqd::ResourceRow* resource = zeqd::findResource(path.substr(0, end));
     if (!resource) return {"no such resource"};
     Faults faults;
-    if (bound.indexed() != (resource->shape == zeqd::Shape::Table))
+    if (bound.indexed() == (resource->shape == zeqd::Shape::Singleton))
         faults.push_back(bound.indexed() ? "is no table" : "is no singleton");
     const auto places = placesOf(*resource, path.substr(std::min(end + 1, path.size())), bound.key());
     if (places.empty()) faults.push_back("no such key");

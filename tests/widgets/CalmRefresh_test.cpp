@@ -1,5 +1,5 @@
-// What a refresh costs the browser. Needs the inside of our own toolkit; an installed one offers no such
-// look.
+// What a refresh costs the browser. Needs the inside of our own toolkit; an installed
+// one offers no such look.
 
 #if __has_include("test/TestSession.h")
 

@@ -88,8 +88,8 @@ bool isAcceptedAsIpV6(const std::string& text) {
     return false;
 }
 
-// At least two labels of RFC 1123; all but the last of two characters or more, the last beginning with a
-// letter.
+// At least two labels of RFC 1123; all but the last of two characters or more, the last
+// beginning with a letter.
 bool isHostName(const std::string& text) {
     const auto labels = split(text, '.');
     if (labels.size() < 2) return false;

@@ -2,12 +2,12 @@
 
 #include "db/Db.h"
 #include "db/ZeqExchange.h"
+#include "db/ZeqRows.h"
 #include "frame/WAutoSizeTableView.h"
 #include "frame/WNumericSortFilterProxyModel.h"
 #include "platform/client/ZeqReq.h"
 #include "tests/views/devices/DevicesPage.h"
 #include "views/devices/list/WDevViewList.h"
-#include "views/devices/list/ZeqRow.h"
 #include "widgets/WLineEditPlus.h"
 
 #include <Wt/WCheckBox>
@@ -59,7 +59,7 @@ protected:
         ZeqReqUtil_setIntegerQuery(exchange.request(), "index", swx);
         EXPECT_EQ(exchange.send(errors), 0u);
         const json_t* network = ZeqRspUtil_getObjectParam(ZeqObj_getRow(exchange.response(), 0), "network");
-        return zeqRowText(ZeqRspUtil_getObjectParam(network, "ipv4"), "ipAddress");
+        return ZeqRow(ZeqRspUtil_getObjectParam(network, "ipv4")).text("ipAddress");
     }
 };
 

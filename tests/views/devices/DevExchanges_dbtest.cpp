@@ -27,8 +27,8 @@ protected:
     }
 };
 
-// The page itself asks for news of Transmitters, Receivers, Switches, connections and logins.
-constexpr unsigned kNews = 5;
+// The page itself asks for news of Transmitters, Receivers, Switches, connections and logins: with one request.
+constexpr unsigned kNews = 1;
 
 // What a tab that only shows holds from refresh to refresh, each with one request.
 constexpr unsigned kCounters = 1; // of changes: they tell what to ask for again

@@ -15,8 +15,8 @@ class WDevViewDetails;
 class WDevViewList;
 class WNavAccordionStdCell;
 
-/// The Devices tab: every device of the system in one list, actions on the selected ones, and their settings in the
-/// pane below.
+/// The Devices tab: every device of the system in one list, actions on the selected ones, and their
+/// settings in the pane below.
 class WDevView : public ListPage {
 public:
     explicit WDevView(Wt::WContainerWidget* parent = nullptr);

@@ -116,9 +116,10 @@ protected:
     }
 
     void select(const std::vector<unsigned>& records) {
-        view.list->table()->clearSelection();
-        view.list->table()->setSelectedZeqIndexes(records);
-        view.list->table()->selectionChanged().emit();
+        if (records.empty())
+            view.list->table()->clearSelection();
+        else
+            view.list->table()->setSelectedZeqIndexes(records);
         view.readFromDatabase(true, false);
     }
     std::string enabled() {
