@@ -78,7 +78,10 @@ function raw(port, bytes) {
     socket.on('data', (data) => { answer += data; });
     socket.on('error', () => resolve(answer));
     socket.on('close', () => resolve(answer));
-    socket.setTimeout(60_000, () => { socket.destroy(); reject(new Error(`not closed by the server after ${bytes.slice(0, 60)}`)); });
+    socket.setTimeout(60_000, () => {
+      socket.destroy();
+      reject(new Error(`not closed by the server after ${bytes.slice(0, 60)}`));
+    });
   });
 }
 

@@ -1,5 +1,5 @@
-// What a test file has from its runner: test() registers a test, a Context gives it pages and cleans up behind it. A test
-// that fails leaves a picture of every page that it had open in out/.
+// What a test file has from its runner: test() registers a test, a Context gives it pages and cleans up behind it.
+// A test that fails leaves a picture of every page that it had open in out/.
 import { dirname, join } from 'node:path';
 import { fileURLToPath } from 'node:url';
 
@@ -19,7 +19,8 @@ export const tell = (words) => { process.send?.(words); };
 export const awaited = new Set();
 
 /** A program that has to end with this process, however that ends.
- * @param {import('node:child_process').ChildProcess} child @param {boolean} [group] whether it leads a group of its own */
+ * @param {import('node:child_process').ChildProcess} child
+ * @param {boolean} [group] whether it leads a group of its own */
 export function endsWithUs(child, group = false) {
   const id = group ? -(child.pid ?? 0) : child.pid;
   tell({ started: id });

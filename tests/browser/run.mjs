@@ -1,5 +1,5 @@
-// node run.mjs [PART-OF-FILE-NAME...] [--only WORDS-OF-A-TEST'S-NAME] [--in FOLDER]: runs the browser tests, MIRL_BROWSERS
-// files at once (default 2), the slow ones of the last run first. Last line: "browser: N passed, N failed".
+// node run.mjs [PART-OF-FILE-NAME...] [--only WORDS-OF-A-TEST'S-NAME] [--in FOLDER]: runs the browser tests,
+// MIRL_BROWSERS files at once (default 2), the slow ones of the last run first. Last line: "browser: N passed, N failed".
 import { mkdirSync, readFileSync, readdirSync, writeFileSync } from 'node:fs';
 import { join, resolve } from 'node:path';
 import { here } from './harness.mjs';
@@ -31,8 +31,8 @@ const files = readdirSync(folder).filter((f) => f.endsWith('.browser.mjs')).sort
   .filter((f) => words.length === 0 || words.some((w) => f.includes(w)))
   .sort((a, b) => (slowness(a) === slowness(b) ? 0 : slowness(b) - slowness(a)));
 
-const { passed, failed, seconds } = await runAll(files.map((file) => ({ file: join(folder, file), names: [], words: only })),
-  Number(process.env.MIRL_BROWSERS ?? 2));
+const jobs = files.map((file) => ({ file: join(folder, file), names: [], words: only }));
+const { passed, failed, seconds } = await runAll(jobs, Number(process.env.MIRL_BROWSERS ?? 2));
 if (folder === here && words.length === 0 && !only) {
   mkdirSync(results, { recursive: true });
   writeFileSync(lastRun, `${JSON.stringify(seconds, null, 1)}\n`);

@@ -1,7 +1,7 @@
 // Runs test files side by side, each in a process of its own (worker.mjs), and says what came of their tests.
 //
-// A test that fails is run once more, alone, when the others are through: passing then, it is flaky. A process that dies
-// or hangs costs the test that it was at; the rest of its file goes on in another.
+// A test that fails is run once more, alone, when the others are through: passing then, it is flaky. A process that
+// dies or hangs costs the test that it was at; the rest of its file goes on in another.
 import { fork } from 'node:child_process';
 import { basename, join } from 'node:path';
 import { here } from './harness.mjs';
@@ -16,7 +16,8 @@ const TOO_MANY_TO_REPEAT = 10;
 const SLACK = Number(process.env.MIRL_BROWSER_SLACK_MS ?? 120_000);
 
 /** @typedef {{file: string, name: string, problem: string|null, seconds: number}} Result */
-/** @typedef {{file: string, names: string[], words: string}} Job  no names: all tests of the file that hold the words */
+/** No names: all tests of the file that hold the words.
+ * @typedef {{file: string, names: string[], words: string}} Job */
 
 /** The tests of one process. A problem outside of any test is a result under the name "(the file)".
  * @param {Job} job @param {(result: Result) => void} report @returns {Promise<Job|null>} what is left to run */
@@ -67,7 +68,8 @@ function runProcess(job, report) {
   });
 }
 
-/** @param {Job[]} jobs in the order in which they begin @param {number} atOnce @param {(result: Result) => void} report */
+/** @param {Job[]} jobs in the order in which they begin @param {number} atOnce
+ * @param {(result: Result) => void} report */
 async function runJobs(jobs, atOnce, report) {
   const queue = [...jobs];
   const lane = async () => {
@@ -93,7 +95,8 @@ export async function runAll(jobs, atOnce) {
     seconds[file] = Math.round(((seconds[file] ?? 0) + result.seconds) * 10) / 10;
     if (problem) failures.push(result);
     else passed++;
-    console.log(`${problem ? 'failed, to be tried again' : 'passed'}: ${file}: ${name} (${result.seconds.toFixed(1)} s)`);
+    const word = problem ? 'failed, to be tried again' : 'passed';
+    console.log(`${word}: ${file}: ${name} (${result.seconds.toFixed(1)} s)`);
   });
   let failed = 0, flaky = 0;
   const repeat = failures.length <= TOO_MANY_TO_REPEAT;
@@ -103,7 +106,9 @@ export async function runAll(jobs, atOnce) {
     if (repeat && name !== '(the file)') {
       again = 'was not run';
       const whole = jobs.find((job) => basename(job.file) === file)?.file ?? '';
-      await runJobs([{ file: whole, names: [name], words: '' }], 1, (result) => { if (result.problem || result.name === name) again = result.problem; });
+      await runJobs([{ file: whole, names: [name], words: '' }], 1, (result) => {
+        if (result.problem || result.name === name) again = result.problem;
+      });
     }
     if (again === null) {
       flaky++;
@@ -111,7 +116,8 @@ export async function runAll(jobs, atOnce) {
       console.log(`flaky: ${file}: ${name}\n${indented(problem ?? '')}`);
     } else {
       failed++;
-      console.log(`FAILED: ${file}: ${name}\n${indented(problem ?? '')}${again === problem ? '' : `\n  and then: ${again}`}`);
+      const then = again === problem ? '' : `\n  and then: ${again}`;
+      console.log(`FAILED: ${file}: ${name}\n${indented(problem ?? '')}${then}`);
     }
   }
   if (flaky > MOST_FLAKY) {

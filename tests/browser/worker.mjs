@@ -8,7 +8,10 @@ import { Context, awaited, outDir, tell, tests } from './harness.mjs';
 function within(promise, ms) {
   let timer;
   const late = new Promise((_, reject) => {
-    timer = setTimeout(() => reject(new Error(`did not end within ${ms / 1000} s${awaited.size ? `; it waited for: ${[...awaited].join('; ')}` : ''}`)), ms);
+    timer = setTimeout(() => {
+      const what = awaited.size ? `; it waited for: ${[...awaited].join('; ')}` : '';
+      reject(new Error(`did not end within ${ms / 1000} s${what}`));
+    }, ms);
   });
   return Promise.race([promise, late]).finally(() => clearTimeout(timer));
 }
