@@ -63,6 +63,7 @@ unsigned Db::pullEdidFromDevice(const std::string& deviceType, unsigned index, c
 
 unsigned Db::triggerLcdBacklightFlash(const char* eid, const char* resource, unsigned mode, Errors& errors) {
     ZeqExchange exchange(ZeqReqUtil_newSetResource, resource, __func__);
+    // On purpose: 0 and 1 are moved up by one.
     setParams(exchange, {{"eid", eid}}, {{"lcdBacklightFlashDuration", mode < 2 ? mode + 1 : mode}});
     return exchange.send(errors, "Cannot write integer value to database.");
 }

@@ -2,6 +2,7 @@
 
 #include "db/MirlUtil.h"
 #include "frame/MsgBoxParts.h"
+#include "frame/RowsInOrder.h"
 #include "frame/WDialogHeading.h"
 
 #include <Wt/WPushButton>
@@ -11,11 +12,19 @@
 
 namespace {
 
-constexpr const char* kFirstLines[] = {
-    "[RSnnn]Error reading value(s).",     "[RSnnn]Error writing value(s).",
-    "[RSnnn]Error creating record(s).",   "[RSnnn]Error deleting record(s).",
-    "[RSnnn]Error performing operation.",
+struct FirstLine {
+    WMsgBoxDbErr::AccessType value;
+    const char* textKey;
 };
+
+constexpr FirstLine kFirstLines[] = {
+    {WMsgBoxDbErr::Read, "[RSnnn]Error reading value(s)."},
+    {WMsgBoxDbErr::Write, "[RSnnn]Error writing value(s)."},
+    {WMsgBoxDbErr::Create, "[RSnnn]Error creating record(s)."},
+    {WMsgBoxDbErr::Delete, "[RSnnn]Error deleting record(s)."},
+    {WMsgBoxDbErr::Operation, "[RSnnn]Error performing operation."},
+};
+static_assert(rowsInOrder(kFirstLines));
 
 } // namespace
 
@@ -27,7 +36,7 @@ WMsgBoxDbErr::WMsgBoxDbErr(AccessType type, const std::vector<std::string>& erro
     frame->elementAt(0, 0)->addWidget(
         new WDialogHeading(*this, "event-severity-error.png", tr("[RSnnn]Error")));
 
-    std::string text = tr(kFirstLines[type >= Read && type < Operation ? type : Operation]).toUTF8();
+    std::string text = tr(kFirstLines[type >= Read && type < Operation ? type : Operation].textKey).toUTF8();
     MirlUtil_concatErrMsgs(text, errors);
     frame->elementAt(1, 0)->addWidget(newMsgBoxText(Wt::WString::fromUTF8(text)));
 

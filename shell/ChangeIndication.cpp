@@ -13,6 +13,7 @@ void MirlApplication::subsectionChanged(ChangeTracker::SubsectionId id, bool cha
 
 void MirlApplication::sectionChanged(ChangeTracker::SectionId id, bool changed) {
     mChangeTracker.sectionChanged(id, changed);
+    // On purpose: the system settings get no sign this way.
     if (id == ChangeTracker::SECTION_SYSTEM_SETTINGS || id < 0 || id >= ChangeTracker::kSectionCount) return;
     MirlUtil_indicateChange(mSectionTabItems[id], changed);
 }

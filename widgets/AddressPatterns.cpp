@@ -3,7 +3,7 @@
 // The pieces are joined while compiling.
 #define HEX "[0-9A-Fa-f]{1,4}"
 #define OCTET "(25[0-5]|2[0-4][0-9]|1[0-9][0-9]|[1-9]?[0-9])"
-// The dot stands for any character here, and is kept so: what has been accepted stays accepted.
+// On purpose: the dot stands for any character here. What has been accepted stays accepted.
 #define TAIL_V4 "(" OCTET "(." OCTET "){3})"
 
 #define IPV4_OCTET "(25[0-5]|2[0-4][0-9]|[01]?[0-9][0-9]?)"

@@ -4,7 +4,7 @@
 
 namespace {
 
-// No field has this key: every address gets the brackets, also one of IPv4.
+// On purpose: no field has this key, and every address gets the brackets, also one of IPv4.
 constexpr const char* kKeyWithoutBrackets = "ZEQKEYS_SWX_NETWORK_IPV6_IP_ADDRESS";
 
 } // namespace

@@ -36,7 +36,11 @@ void WSettingsTab::setTables(std::initializer_list<WSettingsTable*> tables) {
     }
     sideBySide->addStretch(1);
     mTables = tables;
-    mVBoxLayout->addLayout(sideBySide);
+    setContent(sideBySide);
+}
+
+void WSettingsTab::setContent(Wt::WLayout* content) {
+    mVBoxLayout->addLayout(content);
     mVBoxLayout->addLayout(mHBoxLayout);
     mVBoxLayout->addStretch(1);
     setLayout(mVBoxLayout);

@@ -9,6 +9,7 @@
 
 namespace Wt {
 class WHBoxLayout;
+class WLayout;
 class WPushButton;
 class WVBoxLayout;
 } // namespace Wt
@@ -44,6 +45,9 @@ public:
 protected:
     /// Takes ownership; read and stored in the order given.
     void setTables(std::initializer_list<WSettingsTable*> tables);
+    /// For a tab that is more than tables, or something else: it reads, stores and judges what is its own. Takes
+    /// ownership; once.
+    void setContent(Wt::WLayout* content);
     virtual void readTables(const std::vector<unsigned>& indexes, bool force);
 
 private:

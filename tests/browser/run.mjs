@@ -1,5 +1,6 @@
 // node run.mjs [PART-OF-FILE-NAME...] [--only WORDS-OF-A-TEST'S-NAME] [--in FOLDER]: runs the browser tests,
-// MIRL_BROWSERS files at once (default 2), the slow ones of the last run first. Last line: "browser: N passed, N failed".
+// MIRL_BROWSERS files at once (default 2), the slow ones of the last run first.
+// Last line: "browser: N passed, N failed".
 import { mkdirSync, readFileSync, readdirSync, writeFileSync } from 'node:fs';
 import { join, resolve } from 'node:path';
 import { here } from './harness.mjs';

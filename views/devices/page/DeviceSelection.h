@@ -47,6 +47,16 @@ inline constexpr DeviceSelectionRule kDeviceSelectionRules[] = {
     // clang-format on
 };
 
+constexpr bool aLetterForEachAction() {
+    for (const DeviceSelectionRule& rule : kDeviceSelectionRules) {
+        if (rule.enabled.size() != kDeviceActionCount ||
+            rule.enabled.find_first_not_of("X.") != std::string_view::npos)
+            return false;
+    }
+    return true;
+}
+static_assert(aLetterForEachAction());
+
 constexpr bool answers(Ask question, bool fact) {
     return question == Ask::Any || (question == Ask::Yes) == fact;
 }

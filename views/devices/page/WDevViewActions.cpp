@@ -141,7 +141,7 @@ void WDevView::removeDevicesActionButtonClicked() {
         showFailures(results); // without the count
 }
 
-// Reaches what the filter shows, no more. This Switch is never offline.
+// On purpose it reaches what the filter shows, no more. This Switch is never offline.
 void WDevView::removeOfflineDevicesActionButtonClicked() {
     if (!confirm(kConfirmRemoveOffline)) return;
     ActionResults results;

@@ -94,6 +94,7 @@ constexpr Restore kRestoreFull = {kConfirmFull, kFull, false, askAboutThisSwxFul
 constexpr Restore kRestorePartial = {kConfirmPartial, kPartial, true, askAboutThisSwxPartial};
 
 void restoreSelected(WDevView& view, const Restore& restore) {
+    // On purpose: rows are asked for, not a selection. Without one the result is 0 of 0.
     if (view.list()->rowCount() == 0 || !confirm(restore.confirmation)) return;
     const std::vector<SelectedDevice> devices = view.list()->selectedDevices();
     ActionResults results;
