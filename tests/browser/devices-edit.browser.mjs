@@ -42,6 +42,25 @@ test('fifty Receivers get a location and a name at once', async (t) => {
   assert.equal(receivers(system, 'location')[0].location, 'Control room, desk 1', 'others keep theirs');
 });
 
+test('a device that is renamed stays in view wherever its new name puts it; the filter waits for Save', async (t) => {
+  const page = await devicesPage(t, await shared.get());
+  const filter = page.getByLabel('Filter by name').locator('visible=true');
+  await select(page, 'Rack Drawer');
+  await field(page, 'Receiver Name').fill('Zebra');
+  await until('the filter waits with the list', () => filter.isDisabled());
+  await save(page);
+  await until('the last row of the list is in view', async () => {
+    const row = deviceRow(page, 'Zebra').first();
+    return (await row.count()) > 0 && row.evaluate((e) => {
+      const list = /** @type {Element} */ (e.closest('[role="grid"]')).getBoundingClientRect();
+      const own = e.getBoundingClientRect();
+      return own.top >= list.top && own.bottom <= list.bottom && e.getAttribute('aria-selected') === 'true';
+    });
+  });
+  await until('the filter can be used', () => filter.isEnabled());
+  await t.picture(page, 'devices-renamed-to-the-end');
+});
+
 test('a save that one of three refuses stores the others and says so', async (t) => {
   const system = await shared.get();
   const page = await devicesPage(t, system);
