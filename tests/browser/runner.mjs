@@ -15,11 +15,14 @@ const TOO_MANY_TO_REPEAT = 10;
 /** Longest silence of a process beside the limit of its test: browsers start, systems stop (milliseconds). */
 const SLACK = Number(process.env.MIRL_BROWSER_SLACK_MS ?? 120_000);
 
+/** Stands for a test where none is to blame. */
+const OUTSIDE = '(the file)';
+
 /** @typedef {{file: string, name: string, problem: string|null, seconds: number}} Result */
 /** No names: all tests of the file that hold the words.
  * @typedef {{file: string, names: string[], words: string}} Job */
 
-/** The tests of one process. A problem outside of any test is a result under the name "(the file)".
+/** The tests of one process. A problem outside of any test is a result under the name OUTSIDE.
  * @param {Job} job @param {(result: Result) => void} report @returns {Promise<Job|null>} what is left to run */
 function runProcess(job, report) {
   return new Promise((resolve) => {
@@ -61,7 +64,7 @@ function runProcess(job, report) {
       }
       const why = hung ? 'hangs: its process had to be ended' : `its process ended with ${code ?? signal}`;
       if (whole && code === 0) return resolve(null);
-      ended(running || '(the file)', why);
+      ended(running || OUTSIDE, why);
       const rest = (left ?? []).filter((name) => name !== running);
       resolve(running && rest.length ? { ...job, names: rest } : null);
     });
@@ -102,8 +105,8 @@ export async function runAll(jobs, atOnce) {
   const repeat = failures.length <= TOO_MANY_TO_REPEAT;
   for (const { file, name, problem } of failures) {
     /** @type {string|null} */
-    let again = 'not tried again: too many have failed';
-    if (repeat && name !== '(the file)') {
+    let again = repeat ? 'no test that could be tried again' : 'not tried again: too many have failed';
+    if (repeat && name !== OUTSIDE) {
       again = 'was not run';
       const whole = jobs.find((job) => basename(job.file) === file)?.file ?? '';
       await runJobs([{ file: whole, names: [name], words: '' }], 1, (result) => {
