@@ -1,4 +1,4 @@
-// WCAG 2.2 A and AA by axe in the colours of every brand. places.browser.mjs looks at every page and dialog.
+// WCAG 2.2 A and AA by axe in the colours of every brand. walk.mjs looks at every page and dialog.
 import { readdirSync } from 'node:fs';
 import { join } from 'node:path';
 import { axeOptions, bringAxe, violations } from './axe.mjs';

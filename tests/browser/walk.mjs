@@ -1,9 +1,7 @@
-// Every place of the interface, light and dark: no violation of WCAG 2.2 A and AA,
-// and it looks as approved in two widths.
-// npm run approve takes all pictures anew; look at every one of them before you commit it.
+// A walk to every place of the interface in one colour scheme: no violation of WCAG 2.2 A and AA, and it looks as
+// approved in two widths. npm run approve takes all pictures anew; look at every one of them before you commit it.
 import { mkdirSync } from 'node:fs';
 import { axeOptions, bringAxe, violations } from './axe.mjs';
-import { test } from './harness.mjs';
 import { Approved, approving, takenDir } from './approved.mjs';
 import { login } from './pages.mjs';
 import { boxes, details, outside, pages } from './places.mjs';
@@ -57,11 +55,12 @@ async function walk(t, colorScheme, places, inside) {
 }
 
 /** Many places, one after the other: longer than other tests (milliseconds). */
-const LIMIT = 600_000;
+export const WALK_LIMIT = 600_000;
 
-for (const colorScheme of /** @type {const} */ (['light', 'dark'])) {
-  test(`before the login, ${colorScheme}`, (t) => walk(t, colorScheme, outside, false), LIMIT);
-  test(`pages, ${colorScheme}`, (t) => walk(t, colorScheme, pages, true), LIMIT);
-  test(`details of devices, ${colorScheme}`, (t) => walk(t, colorScheme, details, true), LIMIT);
-  test(`dialogs, ${colorScheme}`, (t) => walk(t, colorScheme, boxes, true), LIMIT);
-}
+/** The walks of a colour scheme, each a test. @param {'light' | 'dark'} colorScheme */
+export const walks = (colorScheme) => [
+  { name: `before the login, ${colorScheme}`, body: (t) => walk(t, colorScheme, outside, false) },
+  { name: `pages, ${colorScheme}`, body: (t) => walk(t, colorScheme, pages, true) },
+  { name: `details of devices, ${colorScheme}`, body: (t) => walk(t, colorScheme, details, true) },
+  { name: `dialogs, ${colorScheme}`, body: (t) => walk(t, colorScheme, boxes, true) },
+];

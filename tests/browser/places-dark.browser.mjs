@@ -1,0 +1,7 @@
+// Every place of the interface in dark colours. A file for each scheme: they are walked side by side.
+import { test } from './harness.mjs';
+import { WALK_LIMIT, walks } from './walk.mjs';
+
+for (const { name, body } of walks('dark')) {
+  test(name, body, WALK_LIMIT);
+}
