@@ -45,8 +45,8 @@ public:
 protected:
     /// Takes ownership; read and stored in the order given.
     void setTables(std::initializer_list<WSettingsTable*> tables);
-    /// For a tab that is more than tables, or something else: it reads, stores and judges what is its own. Takes
-    /// ownership; once.
+    /// For a tab that is more than tables, or something else: it reads, stores and judges what
+    /// is its own. Takes ownership; once.
     void setContent(Wt::WLayout* content);
     virtual void readTables(const std::vector<unsigned>& indexes, bool force);
 

@@ -45,7 +45,7 @@ test('fifty Receivers get a location and a name at once', async (t) => {
 test('a device that is renamed stays in view wherever its new name puts it; the filter waits for Save', async (t) => {
   const page = await devicesPage(t, await shared.get());
   const filter = page.getByLabel('Filter by name').locator('visible=true');
-  await select(page, 'Lobby Display');
+  await select(page, 'Video Wall 1');
   await field(page, 'Receiver Name').fill('Zebra');
   await until('the filter waits with the list', () => filter.isDisabled());
   await save(page);
