@@ -108,6 +108,57 @@ TEST_F(Held, AFailureIsToldOnceAndNotAskedAgain) {
     EXPECT_EQ(text("swx", 1, "name"), "failed");
     EXPECT_EQ(held.fetch("rx", {8}, {"name"}), nullptr);
     EXPECT_EQ(asked(), 0U) << "a silent service is not waited for twice";
+    HeldRecords searched;
+    unsigned index = 0;
+    EXPECT_EQ(searched.find("connection", "rxIndex", 7, index), 1U);
+    EXPECT_TRUE(searched.failed()) << "no answer is not the same as not found";
+}
+
+TEST_F(Held, OneValueIsNotWorthAWholeTable) {
+    HeldRecords held;
+    const HeldRecords::Use use(held);
+    EXPECT_EQ(HeldRecords::covering("rx", 0, "name"), nullptr);
+    EXPECT_EQ(HeldRecords::covering("rx", 7, "name"), &held);
+    EXPECT_EQ(HeldRecords::covering("systemGlobals", 0, "managedSetting"), &held);
+}
+
+TEST_F(Held, PlacesHoldUntilADeviceChanges) {
+    HeldRecords held;
+    const HeldRecords::Place place{1, 2};
+    held.dropChanged();
+    unsigned change = 1;
+    for (const unsigned kind : {1U, 7U, 8U}) {
+        held.places["E"] = place;
+        held.dropChanged();
+        EXPECT_EQ(held.places.count("E"), 1U);
+        store.put("changeStatus", kind, R"("lastChange":)" + std::to_string(++change));
+        held.dropChanged();
+        EXPECT_EQ(held.places.count("E"), 0U) << kind;
+    }
+    held.places["E"] = place;
+    store.put("changeStatus", 6, R"("lastChange":9)");
+    held.dropChanged();
+    EXPECT_EQ(held.places.count("E"), 1U) << "users are plugged in nowhere";
+    held.clear();
+    EXPECT_TRUE(held.places.empty());
+}
+
+TEST_F(Held, WhatFailedIsAskedForAgainAtTheNextRefresh) {
+    HeldRecords held;
+    held.dropChanged();
+    {
+        const HeldRecords::Use use(held);
+        store.refuse("get", "rx", 7);
+        EXPECT_EQ(text("rx", 7, "name"), "failed");
+        EXPECT_NE(held.fetch("rx", {8}, {"name"}), nullptr);
+        EXPECT_TRUE(held.failed());
+    }
+    store.accept("get", "rx", 7);
+    store.put("rx", 8, R"("name":"Renamed")"); // fetched for one refresh only, whatever is counted
+    held.dropChanged();
+    EXPECT_FALSE(held.failed());
+    const HeldRecords::Use use(held);
+    EXPECT_EQ(text("rx", 7, "name") + text("rx", 8, "name"), "Desk 4Renamed");
 }
 
 TEST_F(Held, FromRefreshToRefreshOnlyWhatChangedIsAskedFor) {

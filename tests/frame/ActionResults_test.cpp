@@ -32,6 +32,7 @@ protected:
     std::string boxOf(const ActionResults& results, const BoxRow& row = kRemoved) {
         std::string seen;
         const Answering user(session.environment(), [&](Wt::WDialog& dialog) {
+            EXPECT_EQ(dialog.maximumWidth().toPixels(), row.maxWidthPx);
             seen = textIn(&dialog) + widgetsIn<Wt::WImage>(&dialog).at(0)->imageLink().url();
             dialog.reject();
         });
@@ -58,6 +59,9 @@ TEST_F(Results, OnlyWhatTheServiceConfirmedCountsAndTheRestIsTold) {
              "event-severity-warning.png"},
         {{unanswered, unanswered, unanswered},
          std::string("Removed\n0 devices were removed.\nNo answer for d0, d1, d2.") + kUncertain +
+             "event-severity-warning.png"},
+        {{unanswered, unanswered, unanswered, unanswered},
+         std::string("Removed\n0 devices were removed.\nNo answer for d0, d1, d2 and 1 more.") + kUncertain +
              "event-severity-warning.png"},
         {{unanswered, unanswered, unanswered, unanswered, unanswered},
          std::string("Removed\n0 devices were removed.\nNo answer for d0, d1, d2 and 2 more.") + kUncertain +

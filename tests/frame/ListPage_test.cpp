@@ -9,13 +9,18 @@
 #include "frame/WAutoSizeTableView.h"
 #include "frame/WNumericSortFilterProxyModel.h"
 #include "frame/WObjListContextPanel.h"
+#include "test/TestSession.h"
 #include "tests/frame/WidgetSearch.h"
 #include "tests/widgets/WidgetTest.h"
+#include "widgets/WLineEditPlus.h"
 #include "widgets/WLineEditZeq.h"
 #include "widgets/WSettingsTable.h"
 
 #include <Wt/WDialog>
 #include <Wt/WStandardItemModel>
+
+#include <algorithm>
+#include <chrono>
 
 namespace {
 
@@ -31,7 +36,18 @@ public:
           table(new WSettingsTable(kSpec, kRows)) {
         setTables({table});
     }
+    void readTables(const std::vector<unsigned>& indexes, bool force) override {
+        forced = force;
+        WSettingsTab::readTables(indexes, force);
+    }
+    unsigned writeToDatabase(const std::vector<unsigned>& indexes,
+                             std::vector<std::string>& errors) override {
+        if (!remark.empty()) errors.push_back(remark);
+        return WSettingsTab::writeToDatabase(indexes, errors);
+    }
     WSettingsTable* table;
+    bool forced = false;
+    std::string remark; // told by a save that does not fail
 };
 
 class ShownTab : public Wt::WContainerWidget, public StatusTab {
@@ -54,8 +70,8 @@ public:
     std::vector<unsigned> records{1, 2, 3, 5};
 };
 
-enum class Doing { Make, Drop, Open, Ring };
-enum class Tab { Name, Shown };
+enum class Doing { Make, Drop, Open, Ring, Turn, Wait };
+enum class Tab { Name, Shown, Own };
 
 class Page : public ListPage {
 public:
@@ -64,11 +80,15 @@ public:
     void done() { ++doings; }
     void showSelection(bool forceDetails) override {
         ++selectionsShown;
+        forcedLast = forceDetails;
         actions()->enableFor(selection().count());
         details->readFromDatabase(forceDetails, chosenRecords(), false);
     }
     bool editsSingletons() const override { return singletons; }
-    bool listIsDue() const override { return false; }
+    bool listIsDue() const override { return due; }
+    void ownSave() { heard += "save "; }
+    void ownCancel() { heard += "cancel "; }
+    void ownChanged() { heard += "changed "; }
     void userSelected() { ++userSelections; }
     using EditingPage::save;
     using ListPage::selection;
@@ -76,7 +96,8 @@ public:
     Things* list = new Things;
     DetailsTabs* details = new DetailsTabs("details", WCollapsingContextPanel::FixedHeight, 200, 1);
     int doings = 0, selectionsShown = 0, userSelections = 0;
-    bool singletons = false;
+    bool singletons = false, due = false, forcedLast = false;
+    std::string heard; // by handlers of a tab's own
 };
 
 constexpr ActionRow<Page, Doing> kActions[] = {
@@ -84,10 +105,14 @@ constexpr ActionRow<Page, Doing> kActions[] = {
     {Doing::Drop, "drop", "Drop", "drops some", &Page::done, Needs::Records},
     {Doing::Open, "open", "Open", "opens one", &Page::done, Needs::OneRecord},
     {Doing::Ring, "ring", "Ring", "rings", &Page::done, Needs::Nothing, WhileEditing::LeftAlone},
+    {Doing::Turn, "turn", "Turn", "turns", &Page::done, Needs::Page, WhileEditing::LeftAlone, true},
+    {Doing::Wait, "wait", "Wait", "waits", &Page::done, Needs::Page, WhileEditing::LeftAlone, false},
 };
 static_assert(rowsInOrder(kActions));
-constexpr DetailsTabRow<Page, Tab> kTabs[] = {{Tab::Name, 0, "Name", makeTab<NameTab>},
-                                              {Tab::Shown, 0, "Shown", makeTab<ShownTab>}};
+constexpr DetailsTabRow<Page, Tab> kTabs[] = {
+    {Tab::Name, 0, "Name", makeTab<NameTab>},
+    {Tab::Shown, 0, "Shown", makeTab<ShownTab>},
+    {Tab::Own, 0, "Own", makeTab<NameTab>, &Page::ownSave, &Page::ownCancel, &Page::ownChanged}};
 static_assert(rowsInOrder(kTabs));
 constexpr ActionRow<Page, Doing> kTwisted[] = {kActions[1], kActions[0]};
 static_assert(!rowsInOrder(kTwisted));
@@ -140,7 +165,7 @@ TEST_F(Pages, ActionsFollowTheirNeedsAndWaitForEdits) {
     const struct {
         std::vector<unsigned> records;
         const char *idle, *editing;
-    } rows[] = {{{}, "X..X", "...X"}, {{1}, "XXXX", "...X"}, {{1, 2}, "XX.X", "...X"}};
+    } rows[] = {{{}, "X..XX.", "...XX."}, {{1}, "XXXXX.", "...XX."}, {{1, 2}, "XX.XX.", "...XX."}};
     for (const auto& row : rows) {
         select(row.records);
         EXPECT_EQ(enabled(), row.idle) << row.records.size();
@@ -156,14 +181,69 @@ TEST_F(Pages, ActionsFollowTheirNeedsAndWaitForEdits) {
 TEST_F(Pages, ARebuildKeepsRecordsAndTellsNobody) {
     select({1, 3});
     const int before = view.userSelections;
-    view.list->records = {9, 3, 2};
+    view.list->records = {3, 9, 2};
     view.readFromDatabase(false, true);
     EXPECT_EQ(view.selection().indexes(), std::vector<unsigned>{3}) << "1 is gone, 3 stands elsewhere";
+    EXPECT_TRUE(view.forcedLast) << "and the details are read";
     view.selection().clear();
     EXPECT_EQ(view.selection().count(), 0u);
     EXPECT_EQ(view.userSelections, before);
     select({2});
     EXPECT_EQ(view.userSelections, before + 1) << "and listens again";
+}
+
+TEST_F(Pages, ARecordThatARebuildMovesStaysInView) {
+    view.list->records.clear();
+    for (unsigned record = 1; record <= 200; ++record) view.list->records.push_back(record);
+    view.readFromDatabase(false, true);
+    select({150});
+    for (const bool moves : {false, true}) {
+        if (moves) std::reverse(view.list->records.begin(), view.list->records.end());
+        Wt::Impl::TestSession::current().takeOperations();
+        view.readFromDatabase(false, true);
+        const std::string sent = Wt::Impl::TestSession::current().takeOperations();
+        EXPECT_EQ(sent.find(R"("scroll")") != std::string::npos, moves);
+    }
+}
+
+TEST_F(Pages, TicksComeOnlyWhileThePageIsOnShow) {
+    const auto ticksIn = [this](std::chrono::milliseconds time) {
+        const int before = view.selectionsShown;
+        Wt::Impl::TestSession::current().advance(time);
+        return view.selectionsShown - before;
+    };
+    using namespace std::chrono_literals;
+    EXPECT_EQ(ticksIn(20s), 0);
+    view.enableAutoRefresh();
+    EXPECT_EQ(ticksIn(4999ms), 0);
+    EXPECT_EQ(ticksIn(1ms), 1);
+    view.disableAutoRefresh();
+    EXPECT_EQ(ticksIn(20s), 0);
+}
+
+TEST_F(Pages, AnEditIsMarkedAndLocksTheList) {
+    select({1});
+    for (const bool edited : {true, false}) {
+        if (edited)
+            type(name(), "B");
+        else
+            click(tab.cancelButton());
+        EXPECT_EQ(view.details->tabWidget(0)->tabText(0).toUTF8().ends_with("*"), edited);
+        EXPECT_EQ(view.list->table()->isDisabled(), edited);
+        EXPECT_EQ(view.list->filterField()->isDisabled(), edited);
+        EXPECT_EQ(session.app().parentSectionChanged(ChangeTracker::SUBSECTION_RX_ATTRIBS), edited);
+    }
+    EXPECT_EQ(stored(1), "\"A\"") << "thrown away, not saved";
+}
+
+TEST_F(Pages, HandlersOfATabsOwn) {
+    auto& own = static_cast<NameTab&>(*view.details->settingsTab(2));
+    select({1});
+    type(*own.table->widget<WLineEditZeq>("t"), "B");
+    click(own.saveButton());
+    click(own.cancelButton());
+    EXPECT_EQ(view.heard, "changed save cancel ");
+    EXPECT_FALSE(own.hasChanged());
 }
 
 TEST_F(Pages, SaveIsForAllThatIsValidOfOneAndAnyThatIsValidOfSeveral) {
@@ -198,7 +278,10 @@ TEST_F(Pages, AFailedSaveIsToldAndKeepsTheEditsWhereThePageWantsIt) {
     click(tab.cancelButton());
 
     type(name(), "D");
+    int before = view.selectionsShown;
     click(tab.saveButton()); // a row without a handler of its own
+    EXPECT_EQ(view.selectionsShown, before + 1);
+    EXPECT_TRUE(view.forcedLast) << "what was refused is no news";
     EXPECT_EQ(told.size(), 2u);
     EXPECT_FALSE(tab.hasChanged());
     EXPECT_TRUE(tab.saveButton()->isDisabled());
@@ -209,9 +292,21 @@ TEST_F(Pages, AFailedSaveIsToldAndKeepsTheEditsWhereThePageWantsIt) {
     EXPECT_TRUE(view.save(tab));
     EXPECT_EQ(told.size(), 2u);
     EXPECT_EQ(stored(2), "\"E\"");
+    EXPECT_FALSE(view.forcedLast);
+
+    tab.remark = "Refused.";
+    EXPECT_FALSE(view.save(tab)) << "told by its words alone";
+    EXPECT_EQ(told.size(), 3u);
+    before = view.selectionsShown;
+    click(tab.cancelButton());
+    EXPECT_EQ(view.selectionsShown, before + 1) << "what came meanwhile is shown";
 }
 
 TEST_F(Pages, OnlyTheTabOnShowIsRead) {
+    for (const bool cancelled : {true, false}) {
+        view.details->readFromDatabase(!cancelled, {2}, cancelled);
+        EXPECT_EQ(tab.forced, cancelled) << "edits are lost only when they are thrown away";
+    }
     auto* shown = widgetsIn<ShownTab>(view.details).at(0);
     select({2});
     EXPECT_EQ(shown->shown, std::vector<unsigned>{});
@@ -238,11 +333,16 @@ TEST_F(Pages, ATickAsksForEveryKindAndRefreshesUnlessEdited) {
     view.list->records = {1, 2};
     tick();
     EXPECT_EQ(view.list->rowCount(), 1) << "no kind is new twice";
+    view.due = true;
+    tick();
+    EXPECT_EQ(view.list->rowCount(), 2) << "due though nothing is new";
+    view.due = false;
+    view.list->records = {1};
     tab.indicateChangedContent(true);
     store.put("changeStatus", 6, R"("lastChange":3)");
     EXPECT_EQ(tick(), (std::pair<std::size_t, int>(0, 0)));
     view.readFromDatabase(false, true);
-    EXPECT_EQ(view.list->rowCount(), 2) << "forced, over unsaved edits";
+    EXPECT_EQ(view.list->rowCount(), 1) << "forced, over unsaved edits";
 }
 
 TEST_F(Pages, WatchedKinds) {

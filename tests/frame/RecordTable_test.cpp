@@ -173,6 +173,7 @@ TEST(RecordTable, ARenamedRecordStaysInViewIfItWas) {
         {"not moved", 140, 150, "1150", false},
         {"another one was renamed above it", 140, 152, "0", false}, // both still stand before it
         {"another one passed it", 130, 145, "0", true},
+        {"the one above all was passed", -1, 1, "0", true},
         {"moved, but the user had scrolled away", 0, 150, "0", false},
         {"nothing is selected", 140, 0, "0", false},
     };
@@ -214,10 +215,12 @@ TEST_F(RecordTableRead, ShowsWhatTheDatabaseAnswers) {
     EXPECT_EQ(table.shown(), "1:Desk 1 2:Desk 2 ");
     EXPECT_TRUE(table.read(kColumns, ZeqReq_rxRetrieve, nullptr)) << "instead of what was there";
     EXPECT_EQ(table.rowCount(), 2);
+    const std::size_t lines = log.lines().size();
 
     store.refuse("get", "rx", 0, R"({"errno":9})");
     EXPECT_FALSE(table.read(kColumns, ZeqReq_rxRetrieve, nullptr));
     EXPECT_EQ(table.rowCount(), 0);
+    EXPECT_GT(log.lines().size(), lines) << "the refusal stands in the log";
     store.hangUp();
     EXPECT_FALSE(table.read(kColumns, ZeqReq_rxRetrieve, nullptr));
 }
@@ -234,6 +237,7 @@ TEST(RecordPane, OnlyShows) {
     Pane pane(app.application.root());
     EXPECT_EQ(pane.table()->selectionMode(), Wt::NoSelection);
     EXPECT_TRUE(pane.table()->isSortingEnabled());
+    EXPECT_EQ(pane.table()->attributeValue("data-empty").toUTF8(), Wt::WString::tr("[RSnnn]Name").toUTF8());
     pane.layoutSizeChanged(520, 10);
     EXPECT_EQ(pane.table()->columnWidth(2).toPixels(), 396);
 }

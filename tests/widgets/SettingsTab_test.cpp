@@ -30,8 +30,13 @@ constexpr SettingsRow kTextRows[] = {
      .make = makeSettingsField<WTextAreaZeq>,
      .key = "d",
      .pattern = "[ -~\n]{0,8}",
-     .tooltip = "tt.dev.rx.attr.notes"},
-    {.label = "[RSnnn]EID", .make = makeSettingsField<WTextZeq>, .key = "t"},
+     .tooltip = "tt.dev.rx.attr.notes",
+     .height = 80},
+    {.label = "[RSnnn]EID",
+     .make = makeSettingsField<WTextZeq>,
+     .key = "t",
+     .cellStyle = kReadWriteNonTextCell,
+     .style = kComboBoxStyle},
 };
 
 constexpr SettingsTableSpec kNumbers{.resource = "r"};
@@ -176,6 +181,9 @@ TEST_F(SettingsTab, OnlyWhatWasChangedIsWrittenToEveryRecord) {
     tab.contentChanged().connect([&] { ++changes; });
     type(notes(), "why");
     EXPECT_EQ(changes, 1);
+    type(number(), "8");
+    type(number(), "");
+    EXPECT_EQ(changes, 3) << "of every table";
     EXPECT_EQ(tab.writeToDatabase({1, 3}, errors), 0U);
     EXPECT_EQ(store.requests(), (std::vector<std::string>{
                                     R"({"method":"SET","params":{"d":"why","index":1},"resource":"r"})",
@@ -197,6 +205,10 @@ TEST_F(SettingsTab, ARefusedRecordDoesNotKeepTheOthers) {
     type(number(), "5");
     EXPECT_EQ(tab.writeToDatabase({5}, errors), 1U);
     EXPECT_EQ(errors.size(), 2U);
+    type(name(), "OLD");
+    type(number(), "6");
+    EXPECT_EQ(tab.writeToDatabase({5}, errors), 1U);
+    EXPECT_EQ(errors.size(), 4U) << "a table that is refused does not keep the other";
 }
 
 TEST_F(SettingsTab, ASilentServiceEndsTheSaveAndLeavesNoMarks) {
@@ -239,6 +251,12 @@ TEST_F(SettingsTab, FieldsCarryTheirNameLimitAndDescription) {
     EXPECT_EQ(name().maxLength(), 4);
     EXPECT_EQ(number().maxLength(), 4);
     EXPECT_EQ(notes().toolTip(), Wt::WString::tr("tt.dev.rx.attr.notes"));
+    EXPECT_EQ(notes().width().toPixels(), 250);
+    EXPECT_EQ(notes().height().toPixels(), 80);
+    const auto* shown = tab.texts->widgetAt<WTextZeq>(3);
+    EXPECT_TRUE(shown->hasStyleClass(kComboBoxStyle));
+    EXPECT_TRUE(shown->parent()->hasStyleClass(kReadWriteNonTextCell));
+    EXPECT_TRUE(name().hasStyleClass(kLineEditStyle));
     const std::string labelled = name().attributeValue("aria-labelledby").toUTF8();
     EXPECT_FALSE(labelled.empty());
     EXPECT_NE(labelled, notes().attributeValue("aria-labelledby").toUTF8());

@@ -77,7 +77,9 @@ TEST_F(SettingsTable, RowsFollowAChoice) {
     };
     table.readFromDatabase({1}, false);
     EXPECT_EQ(enabled(), "XXX.");
+    type(*table.widget<WLineEditZeq>("t"), "KEPT");
     choose(choice, 1);
+    EXPECT_EQ(table.widget<WLineEditZeq>("t")->text().toUTF8(), "KEPT");
     EXPECT_EQ(enabled(), ".XXX") << "the second follows at the next read, the third never";
     type(*table.widget<WLineEditZeq>("y"), "text");
     choose(choice, 0);
@@ -108,6 +110,101 @@ TEST_F(SettingsTable, WhatAChoiceRulesOutIsNotJudged) {
         choose(*table.widget<WEnableDisable>("e"), row.choice);
         EXPECT_EQ(table.isAllValid(), row.all);
         EXPECT_EQ(table.isAnyValid(), row.any);
+    }
+}
+
+TEST_F(SettingsTable, WhatFollowsAtTheNextReadIsJudgedByTheChoiceAlready) {
+    static constexpr SettingsRow kRows[] = {
+        kFollowing[0],
+        kFollowing[2],
+        {.label = "[RSnnn]Locked",
+         .make = makeSettingsField<WLineEditZeq>,
+         .key = "t",
+         .pattern = "^[a-z]*$",
+         .enabledWhen = {.key = "e", .is = "enabled", .follows = SettingsChoice::AtNextRead},
+         .editable = neverEditable}};
+    WSettingsTable table(kSpec, kRows, page());
+    table.readFromDatabase({3}, false);
+    typeOnly(*table.widget<WLineEditZeq>("d"), "bad one");
+    EXPECT_TRUE(table.isAllValid()) << "the choice is not made";
+    choose(*table.widget<WEnableDisable>("e"), 0);
+    EXPECT_TRUE(table.widget<WLineEditZeq>("d")->isDisabled());
+    EXPECT_FALSE(table.isAllValid());
+    typeOnly(*table.widget<WLineEditZeq>("d"), "GOOD");
+    EXPECT_TRUE(table.isAllValid()) << "what the records lock is not judged";
+}
+
+TEST_F(SettingsTable, AFieldIsNeededWithOrWithoutAPattern) {
+    static constexpr SettingsRow kRows[] = {
+        kFollowing[0],
+        {.label = "[RSnnn]Free", .make = makeSettingsField<WLineEditZeq>, .key = "y", .neededWhen = kOn},
+        {.label = "[RSnnn]Bound",
+         .make = makeSettingsField<WLineEditZeq>,
+         .key = "d",
+         .pattern = "^[A-Z]*$",
+         .neededWhen = kOn}};
+    WSettingsTable table(kSpec, kRows, page());
+    const struct {
+        int choice;
+        const char *free, *bound;
+        bool valid;
+    } rows[] = {{0, "a", "A", true}, {0, "", "A", false}, {0, "a", "", false}, {1, "", "", true}};
+    for (const auto& row : rows) {
+        table.readFromDatabase({1}, true);
+        type(*table.widget<WLineEditZeq>("y"), row.free);
+        type(*table.widget<WLineEditZeq>("d"), row.bound);
+        choose(*table.widget<WEnableDisable>("e"), row.choice);
+        EXPECT_EQ(table.isAllValid(), row.valid) << row.choice << row.free << row.bound;
+        EXPECT_EQ(table.widget<WLineEditZeq>("d")->validator()->isMandatory(), row.choice == 0);
+    }
+}
+
+TEST_F(SettingsTable, RecordsLockATable) {
+    static constexpr SettingsTableSpec kAlone{.resource = "r", .editable = editableAlone};
+    static constexpr SettingsRow kRows[] = {kFollowing[0],
+                                            kFollowing[3],
+                                            {.label = "[RSnnn]Never",
+                                             .make = makeSettingsField<WLineEditZeq>,
+                                             .key = "t",
+                                             .editable = neverEditable}};
+    WSettingsTable table(kAlone, kRows, page());
+    for (const bool alone : {false, true}) {
+        table.readFromDatabase(alone ? Db::Indexes{1} : Db::Indexes{1, 2}, false);
+        for (const char* key : {"e", "x", "t"})
+            EXPECT_EQ(!table.widget<Wt::WFormWidget>(key)->isDisabled(), alone && *key != 't') << key;
+    }
+}
+
+TEST_F(SettingsTable, WhatTheTableReadsItselfIsLeftToIt) {
+    static constexpr SettingsRow kRows[] = {
+        {.label = "[RSnnn]Name", .make = makeSettingsField<WLineEditZeq>, .key = "t", .byOwner = true},
+        kFollowing[0]};
+    WSettingsTable table(kSpec, kRows, page());
+    table.readFromDatabase({1}, false);
+    EXPECT_EQ(table.widget<WLineEditZeq>("t")->text().toUTF8(), "");
+    type(*table.widget<WLineEditZeq>("t"), "X");
+    EXPECT_EQ(written(table, {1}), "");
+}
+
+TEST_F(SettingsTable, OneRefusalAmongSeveralResourcesIsAFailure) {
+    for (const auto save :
+         {SettingsTableSpec::Save::OneRequestPerRecord, SettingsTableSpec::Save::OneExchangePerField}) {
+        const SettingsTableSpec spec{.resource = "r", .save = save};
+        static constexpr SettingsRow kRows[] = {
+            {.label = "[RSnnn]Name", .make = makeSettingsField<WLineEditZeq>, .key = "t"},
+            {.label = "[RSnnn]Of all",
+             .make = makeSettingsField<WLineEditZeq>,
+             .key = "t",
+             .resource = "g",
+             .singleton = true}};
+        WSettingsTable table(spec, kRows, page());
+        table.readFromDatabase({5}, false);
+        type(*table.widgetAt<WLineEditZeq>(0), "X");
+        type(*table.widgetAt<WLineEditZeq>(1), save == SettingsTableSpec::Save{} ? "Y" : "Z");
+        errors.clear();
+        EXPECT_EQ(table.writeToDatabase({5}, errors), 1U) << "though the last one was stored";
+        EXPECT_EQ(errors.size(), 1U);
+        EXPECT_EQ(store.field("g", 0, "t"), save == SettingsTableSpec::Save{} ? "\"Y\"" : "\"Z\"");
     }
 }
 
@@ -213,7 +310,9 @@ TEST_F(SettingsTable, NestedFieldsBesidePlainOnes) {
 
     store.forget();
     table.readFromDatabase({1}, false);
-    EXPECT_EQ(store.requests().size(), 1U);
+    ASSERT_EQ(store.requests().size(), 1U);
+    EXPECT_NE(store.requests()[0].find("\"keySettings\""), std::string::npos) << "what holds the nested keys";
+    EXPECT_EQ(store.requests()[0].find("customKeys"), std::string::npos);
     EXPECT_EQ(boxes[0]->currentText().toUTF8(), "4 - A");
     EXPECT_FALSE(custom.isDisabled());
     choose(*table.widget<WOsdActivateHotkey>("hotKey"), 0);
@@ -247,10 +346,17 @@ TEST_F(SettingsTable, ANestedReadThatFailsLeavesTheFields) {
         {.label = "[RSnnn]IPv4 Address", .make = makeSettingsField<WIpV4Addr>, .key = "ipAddress"}};
     store.put("swx", 2, R"("network":{"ipv4":{"ipAddress":"10.0.0.2"}})");
     store.put("swx", 3, R"("network":{})");
-    WSettingsTable table(kNested, kRows, page());
+    class Telling : public WSettingsTable {
+    public:
+        using WSettingsTable::WSettingsTable;
+        void nestedReadFailed() override { ++failures; }
+        int failures = 0;
+    } table(kNested, kRows, page());
     table.readFromDatabase({2}, false);
+    EXPECT_EQ(table.failures, 0);
     for (const Db::Indexes& none : {Db::Indexes{3}, {99}, {}}) table.readFromDatabase(none, true);
     EXPECT_EQ(table.widgetAt<WIpV4Addr>(0)->text().toUTF8(), "10.0.0.2");
+    EXPECT_EQ(table.failures, 2) << "no record is no failure";
 }
 
 TEST_F(SettingsTable, NestedFieldsOfASingleton) {
@@ -285,6 +391,17 @@ TEST_F(SettingsTable, ValueColumnsAndFieldsBesideEachOther) {
     columns.readFromDatabase({1}, false);
     EXPECT_EQ(textIn(columns, 2, 1) + textIn(columns, 2, 2), "LR");
     EXPECT_EQ(columns.widget<WTextZeq>("t", 1)->text().toUTF8(), "R");
+    const auto isGroup = [&](int row) {
+        return columns.elementAt(row, 0)->children().at(0)->hasStyleClass("mirl-attribute-table-group-label");
+    };
+    EXPECT_TRUE(isGroup(1));
+    EXPECT_FALSE(isGroup(2));
+    columns.setRowEnabled("t", false);
+    for (const std::size_t column : {0U, 1U})
+        EXPECT_TRUE(columns.widget<WTextZeq>("t", column)->isDisabled());
+    columns.clearValues();
+    EXPECT_EQ(textIn(columns, 2, 1) + textIn(columns, 2, 2), "");
+    EXPECT_NE(textIn(columns, 2, 0), "") << "labels stay";
 
     static constexpr SettingsTableSpec kKeys{.resource = "r", .headings = {"Key", "Action", "Target"}};
     static constexpr SettingsRow kPairs[] = {
@@ -360,6 +477,11 @@ TEST_F(SettingsTable, LookupsThatDiffer) {
         EXPECT_EQ(textIn(table, 1, 1), row.marked);
         EXPECT_EQ(textIn(table, 2, 1), row.plain);
     }
+    static constexpr SettingsRow kOfPeer[] = {
+        {.label = "[RSnnn]Mode", .make = makeSettingsField<LookedUp>, .group = 1}};
+    Groups peers(kOfPeer, page());
+    peers.readFromDatabase({1}, false);
+    EXPECT_EQ(textIn(peers, 1, 1), "1") << "of the group's record, not of the chosen one";
 }
 
 constexpr SettingsRow kPasswords[] = {
@@ -429,6 +551,38 @@ TEST_F(SettingsTable, APasswordIsOfOneRecord) {
     table.readFromDatabase({1}, false);
     EXPECT_EQ(first->currentIndex(), 0);
     EXPECT_FALSE(first->isDisabled());
+    EXPECT_FALSE(table.anyWidgetHasFocus());
+    first->field().setFocus();
+    EXPECT_TRUE(table.anyWidgetHasFocus()) << "though the row's widget is the stack around it";
+}
+
+TEST_F(SettingsTable, APasswordFieldIsAPairOfPages) {
+    WPasswordField password("r", "password", true, page());
+    auto* empty = dynamic_cast<Wt::WLineEdit*>(password.widget(1));
+    ASSERT_NE(empty, nullptr);
+    EXPECT_TRUE(empty->isDisabled()) << "nothing can be typed for several";
+    EXPECT_FALSE(password.field().autoComplete());
+    password.resize(120, Wt::WLength::Auto);
+    EXPECT_EQ(password.field().width().toPixels(), 120);
+    EXPECT_EQ(empty->width().toPixels(), 120);
+    password.setDisabled(true);
+    EXPECT_TRUE(password.field().isDisabled());
+    password.setDisabled(false);
+    EXPECT_FALSE(password.field().isDisabled());
+    for (const std::size_t records : {1U, 2U}) {
+        type(password.field(), "secret");
+        password.showFor(records);
+        EXPECT_EQ(password.field().text().toUTF8(), records == 1 ? "secret" : "");
+        EXPECT_EQ(password.field().hasChangedContent(), records == 1);
+    }
+}
+
+TEST_F(SettingsTable, AButtonThatShowsAValueIsNamedByBoth) {
+    static constexpr SettingsRow kRows[] = {
+        {.label = "[RSnnn]Icon", .make = makeSettingsField<WPasswordField>, .key = "password"}};
+    WSettingsTable table(kSpec, kRows, page());
+    const auto* shown = table.widgetAt<WPasswordField>(0);
+    EXPECT_TRUE(shown->attributeValue("aria-labelledby").toUTF8().ends_with(" " + shown->id()));
 }
 
 } // namespace
