@@ -17,7 +17,10 @@
 #include "widgets/WSettingsTable.h"
 
 #include <Wt/WDialog>
+#include <Wt/WHBoxLayout>
+#include <Wt/WLayoutItem>
 #include <Wt/WStandardItemModel>
+#include <Wt/WVBoxLayout>
 
 #include <algorithm>
 #include <chrono>
@@ -219,6 +222,17 @@ TEST_F(Pages, TicksComeOnlyWhileThePageIsOnShow) {
     EXPECT_EQ(ticksIn(1ms), 1);
     view.disableAutoRefresh();
     EXPECT_EQ(ticksIn(20s), 0);
+}
+
+TEST_F(Pages, PanesHaveTheirHeightAndDividersBetweenThem) {
+    EXPECT_EQ(view.list->height().toPixels(), 100);
+    const auto* row = dynamic_cast<Wt::WHBoxLayout*>(view.layout());
+    ASSERT_NE(row, nullptr);
+    EXPECT_TRUE(row->isResizable(0)) << "between the actions and the panes";
+    const auto* panes = dynamic_cast<Wt::WVBoxLayout*>(row->itemAt(1)->layout());
+    ASSERT_NE(panes, nullptr);
+    EXPECT_TRUE(panes->isResizable(0));
+    EXPECT_FALSE(panes->isResizable(1));
 }
 
 TEST_F(Pages, AnEditIsMarkedAndLocksTheList) {

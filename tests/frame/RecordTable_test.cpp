@@ -71,6 +71,7 @@ TEST(RecordTable, ColumnsAreRows) {
     EXPECT_EQ(header(2), "[RSnnn]Name");
     EXPECT_EQ(f.table.selectionMode(), Wt::SingleSelection);
     EXPECT_FALSE(f.table.alternatingRowColors());
+    EXPECT_TRUE(f.table.isColumnResizeEnabled());
     for (const int width : {520, 720}) { // also when it comes again
         f.table.adaptToWidth(width);
         EXPECT_EQ(f.table.columnWidth(1).toPixels(), 90);

@@ -150,6 +150,7 @@ TEST(TwoListMover, MovesWhatIsSelected) {
     EXPECT_EQ(page.enabled(), "A..r..");
 
     page.select(page.mover->right(), {2});
+    EXPECT_TRUE(page.mover->hasSelection()) << "of either list";
     EXPECT_EQ(page.enabled(), "A.RrUD");
     page.press(Move::Remove);
     EXPECT_EQ(page.told, "R 2");
