@@ -24,6 +24,7 @@ bool EditingPage::save(WSettingsTab& tab, OnFailure onFailure) {
     endEdits(tab);
     // What was refused is no news for the change status: the tab is read all the same, and shows what is stored.
     readAgain(failed);
+    afterSave();
     return !failed;
 }
 

@@ -34,6 +34,8 @@ protected:
     virtual bool editsSingletons() const { return false; }
     /// Reads the page when edits have ended. `force`: also the details, whatever the service says of news.
     virtual void readAgain(bool force) = 0;
+    /// Behind the reading that follows a save.
+    virtual void afterSave() {}
 
 private:
     static void endEdits(WSettingsTab& tab);

@@ -34,6 +34,11 @@ void KeptSelection::clear() {
     quietly([this] { mList.table()->clearSelection(); });
 }
 
+void KeptSelection::bringIntoView() {
+    const Wt::WModelIndexSet rows = mList.table()->selectedIndexes();
+    if (rows.size() == 1) mList.table()->scrollTo(*rows.begin(), Wt::WAbstractItemView::EnsureVisible);
+}
+
 std::vector<unsigned> KeptSelection::indexes() const {
     return mList.table()->selectedZeqIndexes();
 }

@@ -28,6 +28,8 @@ public:
     /// new name moves it.
     void rebuild();
     void clear();
+    /// Scrolls to the selected row if it is the only one and out of view.
+    void bringIntoView();
 
     /// Record indexes in the selection's order.
     std::vector<unsigned> indexes() const;

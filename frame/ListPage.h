@@ -30,6 +30,9 @@ protected:
 
     std::vector<unsigned> chosenRecords() const override { return mSelection->indexes(); }
     void readAgain(bool force) override { readFromDatabase(force, false); }
+    /// The browser tells of a scrolled list only when it needs rows: whether the edited row is in view is not known
+    /// here for certain. It is brought there.
+    void afterSave() override { selection().bringIntoView(); }
     void refresh() override;
 
 private:

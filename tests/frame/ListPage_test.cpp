@@ -209,6 +209,18 @@ TEST_F(Pages, ARecordThatARebuildMovesStaysInView) {
     }
 }
 
+TEST_F(Pages, AnEditedRecordIsBroughtIntoViewBySaving) {
+    for (const auto& records : {std::vector<unsigned>{1}, std::vector<unsigned>{1, 2}}) {
+        select(records);
+        type(name(), records.size() == 1 ? "F" : "G");
+        Wt::Impl::TestSession::current().takeOperations();
+        EXPECT_TRUE(view.save(tab));
+        const std::string sent = Wt::Impl::TestSession::current().takeOperations();
+        EXPECT_EQ(sent.find(R"("scroll")") != std::string::npos, records.size() == 1)
+            << "wherever the list stands";
+    }
+}
+
 TEST_F(Pages, TicksComeOnlyWhileThePageIsOnShow) {
     const auto ticksIn = [this](std::chrono::milliseconds time) {
         const int before = view.selectionsShown;
