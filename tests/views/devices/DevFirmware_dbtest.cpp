@@ -146,7 +146,8 @@ TEST_F(DevFirmware, WhatIsRefusedIsNotCountedAndThisSwitchIsNotFollowed) {
 
 TEST_F(DevFirmware, ThisSwitchIsFollowedWhenItIsAmongThoseCommanded) {
     makeFile("fw.bin");
-    for (const char* name : {"Annex Switch", "Main Hall Switch"}) {
+    for (const char* name :
+         {"Desk 1 Left", "SCADA A", "Annex Switch", "Main Hall Switch"}) { // two are 1 of theirs
         select({name});
         choose("Proceed");
         answerWith("Close");
@@ -204,6 +205,25 @@ TEST_F(DevFirmware, DeletedFilesAreGoneAndTheDialogStays) {
     clickAction(DeviceAction::Update);
 }
 
+TEST_F(DevFirmware, OneOfSeveralIsDeletedHoweverTheListIsSorted) {
+    makeFile("a.bin");
+    const unsigned kept = makeFile("b.bin");
+    select({"Desk 4"});
+    answer([](Wt::WDialog& dialog) {
+        auto& chooser = dynamic_cast<Chooser&>(dialog);
+        chooser.table()->sortByColumn(1, Wt::DescendingOrder); // b, a
+        chooser.table()->select(chooser.table()->model()->index(1, 0));
+        chooser.selectionChangedHandler();
+        click(buttonIn(&dialog, "Delete"));
+        EXPECT_TRUE(buttonIn(&dialog, "Delete")->isDisabled()) << "nothing is selected any more";
+        EXPECT_TRUE(buttonIn(&dialog, "Proceed")->isDisabled());
+        click(buttonIn(&dialog, "Close"));
+    });
+    clickAction(DeviceAction::Update);
+    EXPECT_EQ(count("upgrade"), 1);
+    EXPECT_EQ(stored("upgrade", kept, "filename"), "b.bin");
+}
+
 TEST_F(DevFirmware, AUsernameWithoutAPasswordAsksForBothAndKeepsThem) {
     const unsigned file = makeFile("fw.bin", "joe");
     select({"Desk 4"});
@@ -216,6 +236,7 @@ TEST_F(DevFirmware, AUsernameWithoutAPasswordAsksForBothAndKeepsThem) {
     answerWith("Close");
     clickAction(DeviceAction::Update);
     EXPECT_EQ(stored("rx", 7, "upgradeIndex"), std::to_string(file));
+    EXPECT_EQ(stored("upgrade", file, "username"), "joe");
 
     choose("Proceed");
     answerWith("Close"); // no login any more

@@ -52,6 +52,20 @@ TEST_F(DevFwFollow, TenMinutesOfUpgradingAreTooLong) {
     EXPECT_FALSE(view->followsThisSwx());
 }
 
+TEST_F(DevFwFollow, ASecondUpdateHasTenMinutesOfItsOwn) {
+    view->followThisSwx();
+    poke("upgradeStatus", "upgrading");
+    clock.advance(500);
+    view->followThisSwx();
+    clock.advance(500);
+    view->fwUpdateTimerTimeout();
+    EXPECT_TRUE(view->followsThisSwx());
+    clock.advance(101);
+    answerWith("Okay");
+    view->fwUpdateTimerTimeout();
+    EXPECT_TRUE(contains(shown.back(), "timed out.")) << shown.back();
+}
+
 TEST_F(DevFwFollow, AfterSuccessTheSwitchRebootsByItselfOrLater) {
     for (const bool automatic : {true, false}) {
         store("systemGlobals", 0, "resetAfterUpgrade", automatic ? "enabled" : "disabled");
