@@ -216,6 +216,8 @@ TEST_F(DevFirmware, OneOfSeveralIsDeletedHoweverTheListIsSorted) {
         chooser.selectionChangedHandler();
         click(buttonIn(&dialog, "Delete"));
         EXPECT_TRUE(buttonIn(&dialog, "Delete")->isDisabled()) << "nothing is selected any more";
+        const std::string left = chooser.table()->textAt(chooser.table()->model()->index(0, 0), 1);
+        EXPECT_TRUE(contains(left, "b.bin")) << left;
         EXPECT_TRUE(buttonIn(&dialog, "Proceed")->isDisabled());
         click(buttonIn(&dialog, "Close"));
     });
