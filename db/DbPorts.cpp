@@ -3,7 +3,6 @@
 #include "db/Db.h"
 #include "db/HeldRecords.h"
 #include "db/OfRecord.h"
-#include "db/PortTables.h"
 #include "db/ZeqExchange.h"
 #include "platform/client/ZeqReq.h"
 #include "platform/client/ZeqRsp.h"
@@ -14,10 +13,8 @@ namespace {
 
 constexpr unsigned kPortStatusRecords = 50; // at most, numbered from 1
 
-thread_local PortTables* tHeld = nullptr;
-
 /// Adds what is plugged into the ports of a table. An EID that stands twice keeps its first place.
-bool readTable(unsigned record, std::map<std::string, PortTables::Place>& places) {
+bool readTable(unsigned record, std::map<std::string, HeldRecords::Place>& places) {
     ZeqClient_s* client = nullptr;
     if (Db::db.getZeqClient(client) != 0) return false;
     const ZeqPtr rsp = zeqRetrieve(ZeqReq_portStatusRetrieveByIndex, client, record);
@@ -39,22 +36,16 @@ unsigned findPort(const char* resource, unsigned device, unsigned& swxIndex, uns
                   Db::Errors& errors) {
     std::string eid;
     if (readTextOf(resource, device, "eid", eid, errors) != 0) return 1;
-    HeldRecords* held = HeldRecords::inUse();
-    if (held && held->places.contains(eid)) {
-        std::tie(swxIndex, portIndex) = held->places[eid];
-        return 0;
+    HeldRecords own; // of the ones in use, if there are any: many devices then cost each port table once
+    const HeldRecords::Use use(own);
+    auto& [places, tables] = HeldRecords::inUse()->ports;
+    auto place = places.find(eid);
+    while (place == places.end() && tables < kPortStatusRecords) {
+        if (!readTable(tables + 1, places)) return 1;
+        ++tables;
+        place = places.find(eid);
     }
-    PortTables own; // of the ones held, if there are any
-    PortTables& known = *PortTables::held();
-    auto place = known.places.find(eid);
-    while (place == known.places.end() && known.tables < kPortStatusRecords) {
-        if (!readTable(known.tables + 1, known.places)) return 1;
-        ++known.tables;
-        place = known.places.find(eid);
-    }
-    if (place == known.places.end()) return 0;
-    std::tie(swxIndex, portIndex) = place->second;
-    if (held) held->places[eid] = place->second;
+    if (place != places.end()) std::tie(swxIndex, portIndex) = place->second;
     return 0;
 }
 
@@ -78,18 +69,6 @@ unsigned nameOrEidOfSwx(unsigned swx, std::string& value, Db::Errors& errors) {
 }
 
 } // namespace
-
-PortTables::PortTables() : mOuter(tHeld) {
-    if (!mOuter) tHeld = this;
-}
-
-PortTables::~PortTables() {
-    if (!mOuter) tHeld = nullptr;
-}
-
-PortTables* PortTables::held() {
-    return tHeld;
-}
 
 unsigned Db::getSwxIndexAndPortIndexFromRxIndex(unsigned rxIndex, unsigned& swxIndex, unsigned& portIndex,
                                                 Errors& errors) {

@@ -89,7 +89,7 @@ bool HeldRecords::holdsWhole(const char* resource) {
 
 void HeldRecords::clear() {
     mTables.clear();
-    places.clear();
+    ports = {};
 }
 
 void HeldRecords::dropChanged() {
@@ -119,7 +119,7 @@ void HeldRecords::dropChanged() {
         std::erase_if(table.records, [](const auto& record) { return !record.second; });
     }
     for (const char* resource : kPlugged)
-        if (isOld(resource)) places.clear();
+        if (isOld(resource)) ports = {};
     mCounters = std::move(counters);
 }
 

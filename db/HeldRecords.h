@@ -53,7 +53,12 @@ public:
     /// Something could not be read.
     bool failed() const { return mFailed; }
 
-    std::map<std::string, Place> places; // where devices are plugged in, by EID, as far as it was looked up
+    /// Where devices are plugged in, as far as the port tables were read.
+    struct Ports {
+        std::map<std::string, Place> places; // by EID
+        unsigned tables = 0;                 // read so far, from the first
+    };
+    Ports ports;
 
 private:
     using Row = std::shared_ptr<const json_t>; // shares the answer that it is part of; null: refused

@@ -1,7 +1,6 @@
 // Reading a settings table: each resource and group of records with one request.
 
 #include "db/HeldRecords.h"
-#include "db/PortTables.h"
 #include "widgets/WLookupText.h"
 #include "widgets/WSettingsTable.h"
 
@@ -10,7 +9,6 @@
 void WSettingsTable::readFromDatabase(const Indexes& indexes, bool force) {
     HeldRecords own;
     const HeldRecords::Use use(own); // of the ones in use, if there are any
-    const PortTables once;           // for the rows that tell where the devices are plugged in
     if (indexes != mShown) force = true;
     if (force) clearMarks();
     mShown = indexes;

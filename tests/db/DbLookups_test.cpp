@@ -1,8 +1,8 @@
 #include "tests/db/DbTest.h"
 
 #include "db/DeviceState.h"
+#include "db/HeldRecords.h"
 #include "db/MirlUtil.h"
-#include "db/PortTables.h"
 
 #include <Wt/WString>
 
@@ -139,11 +139,12 @@ TEST_F(DbLookups, PortOfADevice) {
     EXPECT_EQ(Db::db.getSwxNameFromTxIndex(4, text, errors), 0U);
     EXPECT_EQ(text, "");
 
-    const PortTables once;
+    HeldRecords held;
+    const HeldRecords::Use use(held);
     store.forget();
     const struct {
         unsigned rx, tx, requests; // one device, and the requests made until it was found, or not
-    } rows[] = {{3, 0, 3}, {3, 0, 4}, {0, 4, 53}, {0, 4, 54}, {3, 0, 55}};
+    } rows[] = {{3, 0, 3}, {3, 0, 3}, {0, 4, 52}, {0, 4, 52}, {3, 0, 52}};
     for (const auto& row : rows) {
         swx = port = 0;
         EXPECT_EQ(row.rx ? Db::db.getSwxIndexAndPortIndexFromRxIndex(row.rx, swx, port, errors)

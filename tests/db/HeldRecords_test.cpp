@@ -128,19 +128,19 @@ TEST_F(Held, PlacesHoldUntilADeviceChanges) {
     held.dropChanged();
     unsigned change = 1;
     for (const unsigned kind : {1U, 7U, 8U}) {
-        held.places["E"] = place;
+        held.ports.places["E"] = place;
         held.dropChanged();
-        EXPECT_EQ(held.places.count("E"), 1U);
+        EXPECT_EQ(held.ports.places.count("E"), 1U);
         store.put("changeStatus", kind, R"("lastChange":)" + std::to_string(++change));
         held.dropChanged();
-        EXPECT_EQ(held.places.count("E"), 0U) << kind;
+        EXPECT_EQ(held.ports.places.count("E"), 0U) << kind;
     }
-    held.places["E"] = place;
+    held.ports.places["E"] = place;
     store.put("changeStatus", 6, R"("lastChange":9)");
     held.dropChanged();
-    EXPECT_EQ(held.places.count("E"), 1U) << "users are plugged in nowhere";
+    EXPECT_EQ(held.ports.places.count("E"), 1U) << "users are plugged in nowhere";
     held.clear();
-    EXPECT_TRUE(held.places.empty());
+    EXPECT_TRUE(held.ports.places.empty());
 }
 
 TEST_F(Held, WhatFailedIsAskedForAgainAtTheNextRefresh) {

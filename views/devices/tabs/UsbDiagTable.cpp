@@ -22,6 +22,6 @@ std::string usbDiagText(UsbFormat format, unsigned value) {
 }
 
 UsbDiagTable::Indexes UsbDiagTable::recordsOf(unsigned /*group*/, const Indexes& chosen) {
-    unsigned record = 0;
-    return chosen.size() == 1 && findRecord(chosen.front(), record) ? Indexes{record} : Indexes{};
+    const unsigned record = chosen.size() == 1 ? mFind(chosen.front()) : 0;
+    return record != 0 ? Indexes{record} : Indexes{};
 }

@@ -34,15 +34,18 @@ constexpr SettingsRow usbGroup(const char* label) {
 /// State of the USB transport in one device. Empty unless exactly one device is selected and it answers.
 class UsbDiagTable : public WSettingsTable {
 protected:
-    /// `spec` and rows are constants, not owned.
-    UsbDiagTable(const SettingsTableSpec& spec, std::span<const SettingsRow> rows,
-                 Wt::WContainerWidget* parent)
-        : WSettingsTable(spec, rows, parent) {}
+    /// Index of the record to show for the selected device; 0: there is none to show.
+    using FindRecord = unsigned (*)(unsigned deviceIndex);
 
-    /// Finds the record to show for the selected device. False: there is none to show.
-    virtual bool findRecord(unsigned deviceIndex, unsigned& recordIndex) = 0;
+    /// `spec` and rows are constants, not owned.
+    UsbDiagTable(const SettingsTableSpec& spec, std::span<const SettingsRow> rows, FindRecord finder,
+                 Wt::WContainerWidget* parent)
+        : WSettingsTable(spec, rows, parent), mFind(finder) {}
 
     Indexes recordsOf(unsigned group, const Indexes& chosen) override;
+
+private:
+    FindRecord mFind;
 };
 
 constexpr SettingsTableSpec usbSpec(const char* resource) {

@@ -70,35 +70,36 @@ constexpr auto kRxPageTxRows = usbTxRows(
     {"[RSnnn]Transmitter HCP", "[RSnnn]Transmitter HRP", "rcv.deviceDetails.usb.label.TransmitterHSP"});
 constexpr auto kTxPageRows = usbTxRows({"[RSnnn]HCP", "[RSnnn]HRP", "xmt.deviceDetails.usb.label.HSP"});
 
+unsigned readyRx(unsigned rxIndex) {
+    const auto state = readRxState(rxIndex);
+    return state && state->ready() ? rxIndex : 0;
+}
+
+unsigned readyTx(unsigned txIndex) {
+    const auto state = readTxState(txIndex);
+    return state && state->ready() ? txIndex : 0;
+}
+
+unsigned txConnectedTo(unsigned rxIndex) {
+    std::vector<std::string> errors;
+    unsigned connection = 0;
+    unsigned tx = 0;
+    const bool found =
+        Db::db.findIndexOfUInt32Key("connection", "rxIndex", rxIndex, connection, errors) == 0 &&
+        Db::db.readUInt32("connection", connection, "txIndex", tx, errors) == 0;
+    return found ? tx : 0;
+}
+
 } // namespace
 
 WDevViewRxUsbRxTable::WDevViewRxUsbRxTable(Wt::WContainerWidget* parent)
-    : UsbDiagTable(kRxSpec, kRxRows, parent) {}
-
-bool WDevViewRxUsbRxTable::findRecord(unsigned rxIndex, unsigned& recordIndex) {
-    recordIndex = rxIndex;
-    const auto state = readRxState(rxIndex);
-    return state && state->ready();
-}
+    : UsbDiagTable(kRxSpec, kRxRows, readyRx, parent) {}
 
 WDevViewRxUsbTxTable::WDevViewRxUsbTxTable(Wt::WContainerWidget* parent)
-    : UsbDiagTable(kTxSpec, kRxPageTxRows, parent) {}
-
-bool WDevViewRxUsbTxTable::findRecord(unsigned rxIndex, unsigned& recordIndex) {
-    std::vector<std::string> errors;
-    unsigned connection = 0;
-    return Db::db.findIndexOfUInt32Key("connection", "rxIndex", rxIndex, connection, errors) == 0 &&
-           Db::db.readUInt32("connection", connection, "txIndex", recordIndex, errors) == 0;
-}
+    : UsbDiagTable(kTxSpec, kRxPageTxRows, txConnectedTo, parent) {}
 
 WDevViewTxUsbTable::WDevViewTxUsbTable(Wt::WContainerWidget* parent)
-    : UsbDiagTable(kTxSpec, kTxPageRows, parent) {}
-
-bool WDevViewTxUsbTable::findRecord(unsigned txIndex, unsigned& recordIndex) {
-    recordIndex = txIndex;
-    const auto state = readTxState(txIndex);
-    return state && state->ready();
-}
+    : UsbDiagTable(kTxSpec, kTxPageRows, readyTx, parent) {}
 
 WDevViewRxUsb::WDevViewRxUsb(Wt::WContainerWidget* parent)
     : ShownTables({new WDevViewRxUsbTxTable, new WDevViewRxUsbRxTable}, parent) {}

@@ -7,27 +7,18 @@
 class WDevViewRxUsbRxTable : public UsbDiagTable {
 public:
     explicit WDevViewRxUsbRxTable(Wt::WContainerWidget* parent = nullptr);
-
-protected:
-    bool findRecord(unsigned rxIndex, unsigned& recordIndex) override;
 };
 
 /// Transmitter's side: of the Transmitter that the selected Receiver is connected to.
 class WDevViewRxUsbTxTable : public UsbDiagTable {
 public:
     explicit WDevViewRxUsbTxTable(Wt::WContainerWidget* parent = nullptr);
-
-protected:
-    bool findRecord(unsigned rxIndex, unsigned& recordIndex) override;
 };
 
 /// Transmitter's side, of the selected Transmitter. Empty while it is not ready.
 class WDevViewTxUsbTable : public UsbDiagTable {
 public:
     explicit WDevViewTxUsbTable(Wt::WContainerWidget* parent = nullptr);
-
-protected:
-    bool findRecord(unsigned txIndex, unsigned& recordIndex) override;
 };
 
 class WDevViewRxUsb : public ShownTables {
