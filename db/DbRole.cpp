@@ -1,16 +1,15 @@
 // Role of this Switch, and of a set of Switches.
 
 #include "db/Db.h"
+#include "db/ThisSwx.h"
 #include "platform/client/EventLog.h"
 
 namespace {
 
-constexpr unsigned kThisSwx = 1;
-
 bool thisSwxHas(const char* key, const char* value) {
     std::string text;
     Db::Errors dropped;
-    return Db::db.readString("swx", kThisSwx, key, text, dropped) == 0 && text == value;
+    return Db::db.readString("swx", kThisSwxIndex, key, text, dropped) == 0 && text == value;
 }
 
 } // namespace

@@ -1,10 +1,19 @@
 // Editing in the details pane, as far as it is more than the frame's.
 
-#include "frame/WMsgBox.h"
+#include "frame/ShowBox.h"
 #include "shell/WallClock.h"
 #include "views/devices/page/WDevView.h"
 #include "views/devices/page/WDevViewDetails.h"
 #include "views/devices/tabs/WDevViewSwxNtp.h"
+
+namespace {
+
+constexpr BoxRow kModeWarning{.type = WMsgBox::Warning,
+                              .title = "[RSnnn]Master/Slave Mode Change",
+                              .buttons = {"[RSnnn]Close"},
+                              .maxWidthPx = 400};
+
+} // namespace
 
 void WDevView::saveTab(DevTab tab) {
     save(mDetails->settingsTabOf(tab));
@@ -25,10 +34,5 @@ void WDevView::swxModeChangedHandler() {
     const std::time_t now = WallClock_now();
     if (now - mLastModeWarning <= kWarningPause) return;
     mLastModeWarning = now;
-    WMsgBox box(WMsgBox::Warning);
-    box.setMaximumSize(400, Wt::WLength::Auto);
-    box.titleSet(tr("[RSnnn]Master/Slave Mode Change"));
-    box.msgSet(tr("[RSnnn]warn about master/slave mode change"));
-    box.buttonAdd(tr("[RSnnn]Close"));
-    box.exec();
+    showBox(kModeWarning, tr("[RSnnn]warn about master/slave mode change"));
 }
