@@ -96,10 +96,10 @@ export const outside = [
 ];
 
 /** Presses a button of the topmost dialog. @param {Page} page @param {string} name */
-const answer = (page, name) => page.getByRole('dialog').last().getByRole('button', { name, exact: true }).click();
+export const answer = (page, name) => page.getByRole('dialog').last().getByRole('button', { name, exact: true }).click();
 
 /** The topmost dialog has these words. @param {Page} page @param {string} words */
-const dialogSays = (page, words) => until(`a dialog that says "${words}"`, async () =>
+export const dialogSays = (page, words) => until(`a dialog that says "${words}"`, async () =>
   (await page.getByRole('dialog').count()) > 0 && (await page.getByRole('dialog').last().innerText()).includes(words));
 
 /** @param {Page} page */
@@ -161,6 +161,34 @@ async function cancelEdits(page) {
   await until('nothing is edited', () => cancel.isDisabled());
 }
 
+/** The settings of the system, on a tab. @param {Page} page @param {string} tab */
+export async function openSettings(page, tab) {
+  await mainTab(page, 'System Settings').click();
+  await detailsTab(page, tab).click();
+  await until(`${tab} is on show`, async () => (await detailsTab(page, tab).getAttribute('aria-selected')) === 'true');
+}
+
+/** Tabs of the system's settings. */
+const settingsTabs = ['Manager', 'MIRL', 'OSD', 'Events', 'Defaults', 'Other', 'Remote Access'];
+
+/** A dialog of the system's settings. @param {string} name @param {string} tab @param {string} button
+ * @param {{says: string, then?: (page: Page) => Promise<void>, leave?: string[]}} rest */
+const settingsBox = (name, tab, button, { says, then, leave = ['Cancel'] }) => ({
+  name,
+  part: dialogPart,
+  go: async (page) => {
+    await openSettings(page, tab);
+    await page.getByRole('button', { name: button, exact: true }).locator('visible=true').first().click();
+    await page.getByRole('dialog').waitFor();
+    if (then) await then(page);
+    await dialogSays(page, says);
+  },
+  leave: async (page) => {
+    for (const word of leave) await answer(page, word);
+    await noDialog(page);
+  },
+});
+
 /** Pages behind the login, in an order in which one leads to the next. @type {Place[]} */
 export const pages = [
   { name: 'first-page', go: async () => {} },
@@ -189,8 +217,27 @@ export const details = kinds.flatMap((kind) => kind.tabs.map((tab) => ({
   },
 })));
 
+details.push(...settingsTabs.map((tab) => ({
+  name: `settings-${tab.toLowerCase().replace(' ', '-')}`,
+  part: detailsPart,
+  go: (/** @type {Page} */ page) => openSettings(page, tab),
+})));
+
 /** Dialogs, and pages in a state that takes some doing. @type {Place[]} */
 export const boxes = [
+  settingsBox('box-settings-save', 'Manager', 'Save', { says: 'All settings of the system' }),
+  settingsBox('box-settings-saved', 'Manager', 'Save', {
+    says: 'The settings file is ready',
+    then: (page) => answer(page, 'Next →'),
+    leave: ['Close'],
+  }),
+  settingsBox('box-settings-load', 'Manager', 'Load', { says: 'replaces the settings of the system' }),
+  settingsBox('box-settings-choose', 'Manager', 'Load', {
+    says: 'Choose a settings file',
+    then: (page) => answer(page, 'Next →'),
+  }),
+  settingsBox('box-settings-restore', 'Manager', 'Restore Full', { says: 'to full factory default' }),
+  settingsBox('box-icons', 'Other', 'Custom target icons...', { says: 'Choose an icon', leave: ['Close'] }),
   box('box-restore', receiver, 'Restore Full', { says: 'to factory default settings?' }),
   box('box-restore-self', thisSwitch, 'Restore Full', {
     says: 'A complete factory default may cause',

@@ -21,6 +21,7 @@ constexpr DialogFormHead kHead = {"event-severity-warning.png", "[RSnnn]Load Set
                                   "[RSnnn]load warning"};
 
 constexpr int kMaxWidthPx = 500;
+constexpr int kPasswordRow = 1; // below the upload
 constexpr int kMaxPassword = 50; // characters
 
 /// The service may run under another account of the same group.
@@ -76,7 +77,7 @@ void WLoadSettingsDialog::transfer() {
     mStep = Step::Transfers;
     textSet(tr("[RSnnn]Transferring file."));
     mUpload->upload();
-    showFields(false);
+    fields()->rowAt(kPasswordRow)->hide(); // the upload stays on show: it tells how far it is
     delete mNextButton;
     mNextButton = nullptr;
 }
@@ -114,12 +115,14 @@ void WLoadSettingsDialog::fileUploadedHandler() {
 void WLoadSettingsDialog::end(Result result, const char* text) {
     mResult = result;
     textSet(tr(text));
+    showFields(false);
     delete mCancelButton;
     mCancelButton = nullptr;
 }
 
 void WLoadSettingsDialog::fileTooLargeHandler() {
     mResult = TooLarge;
+    showFields(false);
     textSet(tr("[RSnnn]File too large. Probably not a valid settings file."));
 }
 

@@ -20,8 +20,10 @@ constexpr MoverButton kButtons[] = {
     {Move::RemoveAll, "[RSnnn](left arrow) Disable all"},
 };
 
+constexpr int kTextPx = 320; // the longest name is whole
+
 MoverList* newList(const char* header) {
-    return new MoverList({.header = header, .height = 155});
+    return new MoverList({.header = header, .height = 155, .textWidth = kTextPx});
 }
 
 } // namespace

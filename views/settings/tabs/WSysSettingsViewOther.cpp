@@ -1,5 +1,6 @@
 #include "views/settings/tabs/WSysSettingsViewOther.h"
 
+#include "views/settings/icons/WTxIconsDialog.h"
 #include "views/settings/tabs/SysRows.h"
 #include "widgets/WEnableDisable.h"
 #include "widgets/WLineEditUInt32Zeq.h"
@@ -30,4 +31,12 @@ WSysSettingsViewOtherTable::WSysSettingsViewOtherTable(Wt::WContainerWidget* par
 WSysSettingsViewOther::WSysSettingsViewOther(Wt::WContainerWidget* parent)
     : WSettingsTab(parent, ChangeTracker::SUBSECTION_SYS_SETTINGS, {}) {
     setTables({new WSysSettingsViewOtherTable});
+    auto* row = new Wt::WContainerWidget;
+    mIconsButton = new Wt::WPushButton(tr("settings.icons.button"), row);
+    mIconsButton->clicked().connect(this, &WSysSettingsViewOther::iconsButtonClickedHandler);
+    addBelowTables(row);
+}
+
+void WSysSettingsViewOther::iconsButtonClickedHandler() {
+    WTxIconsDialog().exec();
 }

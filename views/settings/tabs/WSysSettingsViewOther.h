@@ -12,4 +12,11 @@ public:
 class WSysSettingsViewOther : public WSettingsTab {
 public:
     explicit WSysSettingsViewOther(Wt::WContainerWidget* parent = nullptr);
+
+    /// The custom icons, in a dialog of their own.
+    void iconsButtonClickedHandler();
+    Wt::WPushButton* iconsButton() const { return mIconsButton; }
+
+private:
+    Wt::WPushButton* mIconsButton;
 };
