@@ -50,7 +50,8 @@ bool WSettingsTable::isValid(const Field& field) const {
     if (form->validator() && form->validate() != Wt::WValidator::Valid) return false;
     const SettingsRow& row = *field.row;
     if (row.neededWhen.key && isMade(row.neededWhen, field) && isEmpty(form)) return false;
-    if (!row.repeats || findField(row.repeats, field)->made.form->valueText() == form->valueText()) return true;
+    if (!row.repeats || findField(row.repeats, field)->made.form->valueText() == form->valueText())
+        return true;
     form->addStyleClass(kInvalidStyle); // which its own validator has just taken away
     return false;
 }

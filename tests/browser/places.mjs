@@ -96,7 +96,8 @@ export const outside = [
 ];
 
 /** Presses a button of the topmost dialog. @param {Page} page @param {string} name */
-export const answer = (page, name) => page.getByRole('dialog').last().getByRole('button', { name, exact: true }).click();
+export const answer = (page, name) =>
+  page.getByRole('dialog').last().getByRole('button', { name, exact: true }).click();
 
 /** The topmost dialog has these words. @param {Page} page @param {string} words */
 export const dialogSays = (page, words) => until(`a dialog that says "${words}"`, async () =>
@@ -109,16 +110,15 @@ const noDialog = (page) => page.getByRole('dialog').waitFor({ state: 'hidden' })
 const receiver = 'Desk 4';
 const thisSwitch = 'Main Hall Switch';
 
-/** A dialog that an action button opens; `then` goes further, `leave` are the buttons on the way out.
- * @param {string} name @param {string | null} device @param {string} button
+/** A dialog that a button opens, behind `open`; `then` goes further, `leave` are the buttons on the way out.
+ * @param {string} name @param {(page: Page) => Promise<void>} open @param {string} button
  * @param {{says: string, then?: (page: Page) => Promise<void>, leave?: string[]}} rest */
-const box = (name, device, button, { says, then, leave = ['Cancel'] }) => ({
+const boxBehind = (name, open, button, { says, then, leave = ['Cancel'] }) => ({
   name,
   part: dialogPart,
   go: async (page) => {
-    await openDevices(page);
-    if (device) await (await showRow(page, device)).click();
-    const action = page.getByRole('button', { name: button, exact: true });
+    await open(page);
+    const action = page.getByRole('button', { name: button, exact: true }).locator('visible=true').first();
     await until(`${button} can be pressed`, () => action.isEnabled());
     await action.click();
     await page.getByRole('dialog').waitFor();
@@ -130,6 +130,12 @@ const box = (name, device, button, { says, then, leave = ['Cancel'] }) => ({
     await noDialog(page);
   },
 });
+
+/** One of the Devices page, for a device if one is named. @param {string} name @param {string | null} device */
+const box = (name, device, button, rest) => boxBehind(name, async (page) => {
+  await openDevices(page);
+  if (device) await (await showRow(page, device)).click();
+}, button, rest);
 
 /** On to the description of a new firmware file. @param {string} protocol as the list of sources names it */
 const newFile = (protocol) => async (page) => {
@@ -165,29 +171,15 @@ async function cancelEdits(page) {
 export async function openSettings(page, tab) {
   await mainTab(page, 'System Settings').click();
   await detailsTab(page, tab).click();
-  await until(`${tab} is on show`, async () => (await detailsTab(page, tab).getAttribute('aria-selected')) === 'true');
+  const shown = async () => (await detailsTab(page, tab).getAttribute('aria-selected')) === 'true';
+  await until(`${tab} is on show`, shown);
 }
 
 /** Tabs of the system's settings. */
 const settingsTabs = ['Manager', 'MIRL', 'OSD', 'Events', 'Defaults', 'Other', 'Remote Access'];
 
-/** A dialog of the system's settings. @param {string} name @param {string} tab @param {string} button
- * @param {{says: string, then?: (page: Page) => Promise<void>, leave?: string[]}} rest */
-const settingsBox = (name, tab, button, { says, then, leave = ['Cancel'] }) => ({
-  name,
-  part: dialogPart,
-  go: async (page) => {
-    await openSettings(page, tab);
-    await page.getByRole('button', { name: button, exact: true }).locator('visible=true').first().click();
-    await page.getByRole('dialog').waitFor();
-    if (then) await then(page);
-    await dialogSays(page, says);
-  },
-  leave: async (page) => {
-    for (const word of leave) await answer(page, word);
-    await noDialog(page);
-  },
-});
+/** One of the system's settings. @param {string} name @param {string} tab */
+const settingsBox = (name, tab, button, rest) => boxBehind(name, (page) => openSettings(page, tab), button, rest);
 
 /** Pages behind the login, in an order in which one leads to the next. @type {Place[]} */
 export const pages = [

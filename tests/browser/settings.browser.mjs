@@ -39,7 +39,8 @@ test('each tab is edited, saved and stored', async (t) => {
     ['MIRL', 'MIRL Banner Text', 'Staff only.\n<b>Keep</b> out.', 'systemGlobals', 'mirlBannerText'],
     ['OSD', 'OSD Banner Text', 'Call 2100', 'systemGlobals', 'rxOsdBannerText'],
     ['Events', 'Syslog Server IP Address', '10.9.8.7', 'systemGlobals', 'syslogDest'],
-    ['Defaults', 'Receiver Session Timeout (minutes, 0 means never)', '7', 'cfgDefaults', 'rxDefaultSessionInactivityTimeout'],
+    ['Defaults', 'Receiver Session Timeout (minutes, 0 means never)', '7',
+      'cfgDefaults', 'rxDefaultSessionInactivityTimeout'],
     ['Other', 'Default Time to Flash LCD Backlight (seconds)', '45', 'systemGlobals', 'backlightFlashDuration'],
     ['Remote Access', 'Telnet TCP Port', '2424', 'systemGlobals', 'rapParameters/telnetPort'],
   ];
@@ -89,11 +90,12 @@ test('settings go from one installation to another', async (t) => {
   await dialogSays(page, 'All settings of the system');
   const dialog = page.getByRole('dialog').last();
   await dialog.getByLabel('Password', { exact: true }).fill('Secret9');
-  await until('Next waits for the second', async () => !(await dialog.getByRole('button', { name: 'Next' }).isEnabled()));
+  const next = dialog.getByRole('button', { name: 'Next' });
+  await until('Next waits for the second', async () => !(await next.isEnabled()));
   await t.picture(page, 'settings-save');
   await dialog.getByLabel('Confirm Password').fill('Secret9');
-  await until('Next can be pressed', () => dialog.getByRole('button', { name: 'Next' }).isEnabled());
-  await dialog.getByRole('button', { name: 'Next' }).click();
+  await until('Next can be pressed', () => next.isEnabled());
+  await next.click();
   await dialogSays(page, 'The settings file is ready');
   await t.picture(page, 'settings-saved');
   const link = dialog.getByRole('link', { name: 'Settings file' });
@@ -155,7 +157,8 @@ test('settings go from one installation to another', async (t) => {
 test('restoring asks, and a peer that is linked keeps it from happening', async (t) => {
   const system = await shared.get();
   const page = await settingsPage(t, system);
-  for (const [name, words] of [['Restore Full', 'to full factory default'], ['Restore Partial', 'Network settings will be']]) {
+  const questions = [['Restore Full', 'to full factory default'], ['Restore Partial', 'Network settings will be']];
+  for (const [name, words] of questions) {
     await action(page, name).click();
     await dialogSays(page, words);
     await t.picture(page, `settings-${name.toLowerCase().replace(' ', '-')}`);

@@ -21,7 +21,7 @@ constexpr DialogFormHead kHead = {"event-severity-warning.png", "[RSnnn]Load Set
                                   "[RSnnn]load warning"};
 
 constexpr int kMaxWidthPx = 500;
-constexpr int kPasswordRow = 1; // below the upload
+constexpr int kPasswordRow = 1;  // below the upload
 constexpr int kMaxPassword = 50; // characters
 
 /// The service may run under another account of the same group.

@@ -9,8 +9,7 @@ class WFileResource;
 class WStackedWidget;
 } // namespace Wt
 
-/// Has the service write all settings to a file, and offers it. Run with exec(). The file is gone when the dialog
-/// is.
+/// Has the service write all settings to a file, and offers it. Run with exec(). The file goes with the dialog.
 class WSaveSettingsDialog : public DialogForm {
 public:
     enum Button { None, Cancel };

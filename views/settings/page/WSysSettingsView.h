@@ -6,8 +6,7 @@
 class WNavAccordionStdCell;
 class WSysSettingsViewDetails;
 
-/// The System Settings tab: the Switch's own settings, files that keep all of them, and the way back to those of
-/// the factory.
+/// The System Settings tab: the Switch's own settings, files that keep all of them, factory settings.
 class WSysSettingsView : public EditingPage {
 public:
     explicit WSysSettingsView(Wt::WContainerWidget* parent = nullptr);
