@@ -34,6 +34,7 @@ constexpr Held kHeld[] = {
     {"systemGlobals"},
     {"cfgDefaults"},
     {"eventLogControl"},
+    {"alertLogControl"},
     {"rxUsbDiag"},
     {"txUsbDiag"},
     {"changeStatus", kNotCounted, kCounterKeys},

@@ -14,6 +14,7 @@ constexpr int kText = 1;
 MoverList::MoverList(const MoverListLook& look, Wt::WContainerWidget* parent)
     : RecordTable(kColumns, parent) {
     setHeader(kText, tr(look.header));
+    setAttributeValue("aria-label", tr(look.header));
     fixColumn(kText, look.textWidth);
     setColumnResizeEnabled(false);
     setSelectionMode(Wt::ExtendedSelection);

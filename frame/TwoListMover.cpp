@@ -25,6 +25,7 @@ TwoListMover::TwoListMover(Model& model, MoverList* left, MoverList* right,
     auto* column = new Wt::WVBoxLayout;
     for (const MoverButton& row : buttons) {
         auto* button = new Wt::WPushButton(tr(row.label));
+        button->addStyleClass("mirl-mover-button");
         button->clicked().connect(std::bind([this, move = row.move] { apply(move); }));
         mButtons.push_back({row.move, button});
         column->addWidget(button);

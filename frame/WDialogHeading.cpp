@@ -19,10 +19,11 @@ WDialogHeading::WDialogHeading(Wt::WDialog& dialog, const std::string& imageFile
     auto* layout = new Wt::WHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
 
-    auto* image = new Wt::WImage(Wt::WLink(MirlPath_themeBase() + imageFile));
-    image->resize(Wt::WLength::Auto, kImageHeightPx);
-    image->setAlternateText("");
-    layout->addWidget(image, 0, Wt::AlignMiddle);
+    mImage = new Wt::WImage;
+    mImage->resize(Wt::WLength::Auto, kImageHeightPx);
+    mImage->setAlternateText("");
+    setImage(imageFile);
+    layout->addWidget(mImage, 0, Wt::AlignMiddle);
 
     mTitle = new Wt::WText(title, Wt::PlainText);
     mTitle->addStyleClass("mirl-dialog-title");
@@ -34,4 +35,8 @@ WDialogHeading::WDialogHeading(Wt::WDialog& dialog, const std::string& imageFile
 
 void WDialogHeading::setTitle(const Wt::WString& title) {
     mTitle->setText(title);
+}
+
+void WDialogHeading::setImage(const std::string& imageFile) {
+    mImage->setImageLink(Wt::WLink(MirlPath_themeBase() + imageFile));
 }

@@ -19,7 +19,10 @@ public:
     WDialogHeading(Wt::WDialog& dialog, const std::string& imageFile, const Wt::WString& title);
 
     void setTitle(const Wt::WString& title);
+    /// The same kind of file as at the beginning.
+    void setImage(const std::string& imageFile);
 
 private:
+    Wt::WImage* mImage;
     Wt::WText* mTitle;
 };

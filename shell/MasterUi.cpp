@@ -15,7 +15,7 @@
 #include "views/events/WEventView.h"
 #include "views/peripherals/WPeriphView.h"
 #include "views/sessions/WSesView.h"
-#include "views/settings/WSysSettingsView.h"
+#include "views/settings/page/WSysSettingsView.h"
 #include "views/users/WUsrView.h"
 
 #include <Wt/WTabWidget>

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstdio>
+#include <cstdlib>
 
 namespace {
 
@@ -35,6 +36,11 @@ const MirlBrand& MirlPath_brand() {
 const std::string& MirlPath_themeBase() {
     static const std::string path = std::string("resources/themes/") + MirlPath_brand().name + "/";
     return path;
+}
+
+std::string MirlPath_settingsBase() {
+    const char* folder = std::getenv("MIRL_SETTINGS_DIR");
+    return std::string(folder && *folder ? folder : "/data/settings") + "/";
 }
 
 const std::string& MirlPath_iconsBase() {

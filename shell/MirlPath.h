@@ -21,6 +21,9 @@ const MirlBrand& MirlPath_brand();
 /// "resources/themes/<brand>/", relative to the document root.
 const std::string& MirlPath_themeBase();
 
+/// Folder in which the service leaves settings files: MIRL_SETTINGS_DIR of the environment, else "/data/settings/".
+std::string MirlPath_settingsBase();
+
 /// "/data/settings/icons/<brand>/".
 const std::string& MirlPath_iconsBase();
 

@@ -50,7 +50,10 @@ bool WSettingsTable::isValid(const Field& field) const {
     if (form->validator() && form->validate() != Wt::WValidator::Valid) return false;
     const SettingsRow& row = *field.row;
     if (row.neededWhen.key && isMade(row.neededWhen, field) && isEmpty(form)) return false;
-    return !row.repeats || findField(row.repeats, field)->made.form->valueText() == form->valueText();
+    if (!row.repeats || findField(row.repeats, field)->made.form->valueText() == form->valueText())
+        return true;
+    form->addStyleClass(kInvalidStyle); // which its own validator has just taken away
+    return false;
 }
 
 // A password that another field must repeat is saved only when it does.

@@ -39,6 +39,10 @@ void WSettingsTab::setTables(std::initializer_list<WSettingsTable*> tables) {
     setContent(sideBySide);
 }
 
+void WSettingsTab::addBelowTables(Wt::WWidget* widget) {
+    mVBoxLayout->insertWidget(1, widget);
+}
+
 void WSettingsTab::setContent(Wt::WLayout* content) {
     mVBoxLayout->addLayout(content);
     mVBoxLayout->addLayout(mHBoxLayout);

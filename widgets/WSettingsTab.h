@@ -45,6 +45,8 @@ public:
 protected:
     /// Takes ownership; read and stored in the order given.
     void setTables(std::initializer_list<WSettingsTable*> tables);
+    /// Between the tables and the buttons. Takes ownership; behind setTables().
+    void addBelowTables(Wt::WWidget* widget);
     /// For a tab that is more than tables, or something else: it reads, stores and judges what
     /// is its own. Takes ownership; once.
     void setContent(Wt::WLayout* content);

@@ -96,7 +96,8 @@ export const field = (page, label) =>
   page.getByLabel(label, { exact: true }).and(page.locator(':not([role="tabpanel"])')).locator('visible=true');
 
 /** @param {Page} page */
-export const saveButton = (page) => page.getByRole('button', { name: 'Save' }).locator('visible=true');
+export const saveButton = (page) =>
+  page.locator('.mirl-details-tab:visible').getByRole('button', { name: 'Save' }).locator('visible=true');
 
 /** Selects a Receiver of the list and waits until its name stands in the Attributes tab. @param {Page} page */
 export async function selectReceiver(page, name) {

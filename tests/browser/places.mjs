@@ -96,10 +96,11 @@ export const outside = [
 ];
 
 /** Presses a button of the topmost dialog. @param {Page} page @param {string} name */
-const answer = (page, name) => page.getByRole('dialog').last().getByRole('button', { name, exact: true }).click();
+export const answer = (page, name) =>
+  page.getByRole('dialog').last().getByRole('button', { name, exact: true }).click();
 
 /** The topmost dialog has these words. @param {Page} page @param {string} words */
-const dialogSays = (page, words) => until(`a dialog that says "${words}"`, async () =>
+export const dialogSays = (page, words) => until(`a dialog that says "${words}"`, async () =>
   (await page.getByRole('dialog').count()) > 0 && (await page.getByRole('dialog').last().innerText()).includes(words));
 
 /** @param {Page} page */
@@ -109,16 +110,15 @@ const noDialog = (page) => page.getByRole('dialog').waitFor({ state: 'hidden' })
 const receiver = 'Desk 4';
 const thisSwitch = 'Main Hall Switch';
 
-/** A dialog that an action button opens; `then` goes further, `leave` are the buttons on the way out.
- * @param {string} name @param {string | null} device @param {string} button
+/** A dialog that a button opens, behind `open`; `then` goes further, `leave` are the buttons on the way out.
+ * @param {string} name @param {(page: Page) => Promise<void>} open @param {string} button
  * @param {{says: string, then?: (page: Page) => Promise<void>, leave?: string[]}} rest */
-const box = (name, device, button, { says, then, leave = ['Cancel'] }) => ({
+const boxBehind = (name, open, button, { says, then, leave = ['Cancel'] }) => ({
   name,
   part: dialogPart,
   go: async (page) => {
-    await openDevices(page);
-    if (device) await (await showRow(page, device)).click();
-    const action = page.getByRole('button', { name: button, exact: true });
+    await open(page);
+    const action = page.getByRole('button', { name: button, exact: true }).locator('visible=true').first();
     await until(`${button} can be pressed`, () => action.isEnabled());
     await action.click();
     await page.getByRole('dialog').waitFor();
@@ -130,6 +130,12 @@ const box = (name, device, button, { says, then, leave = ['Cancel'] }) => ({
     await noDialog(page);
   },
 });
+
+/** One of the Devices page, for a device if one is named. @param {string} name @param {string | null} device */
+const box = (name, device, button, rest) => boxBehind(name, async (page) => {
+  await openDevices(page);
+  if (device) await (await showRow(page, device)).click();
+}, button, rest);
 
 /** On to the description of a new firmware file. @param {string} protocol as the list of sources names it */
 const newFile = (protocol) => async (page) => {
@@ -161,6 +167,20 @@ async function cancelEdits(page) {
   await until('nothing is edited', () => cancel.isDisabled());
 }
 
+/** The settings of the system, on a tab. @param {Page} page @param {string} tab */
+export async function openSettings(page, tab) {
+  await mainTab(page, 'System Settings').click();
+  await detailsTab(page, tab).click();
+  const shown = async () => (await detailsTab(page, tab).getAttribute('aria-selected')) === 'true';
+  await until(`${tab} is on show`, shown);
+}
+
+/** Tabs of the system's settings. */
+const settingsTabs = ['Manager', 'MIRL', 'OSD', 'Events', 'Defaults', 'Other', 'Remote Access'];
+
+/** One of the system's settings. @param {string} name @param {string} tab */
+const settingsBox = (name, tab, button, rest) => boxBehind(name, (page) => openSettings(page, tab), button, rest);
+
 /** Pages behind the login, in an order in which one leads to the next. @type {Place[]} */
 export const pages = [
   { name: 'first-page', go: async () => {} },
@@ -189,8 +209,27 @@ export const details = kinds.flatMap((kind) => kind.tabs.map((tab) => ({
   },
 })));
 
+details.push(...settingsTabs.map((tab) => ({
+  name: `settings-${tab.toLowerCase().replace(' ', '-')}`,
+  part: detailsPart,
+  go: (/** @type {Page} */ page) => openSettings(page, tab),
+})));
+
 /** Dialogs, and pages in a state that takes some doing. @type {Place[]} */
 export const boxes = [
+  settingsBox('box-settings-save', 'Manager', 'Save', { says: 'All settings of the system' }),
+  settingsBox('box-settings-saved', 'Manager', 'Save', {
+    says: 'The settings file is ready',
+    then: (page) => answer(page, 'Next →'),
+    leave: ['Close'],
+  }),
+  settingsBox('box-settings-load', 'Manager', 'Load', { says: 'replaces the settings of the system' }),
+  settingsBox('box-settings-choose', 'Manager', 'Load', {
+    says: 'Choose a settings file',
+    then: (page) => answer(page, 'Next →'),
+  }),
+  settingsBox('box-settings-restore', 'Manager', 'Restore Full', { says: 'to full factory default' }),
+  settingsBox('box-icons', 'Other', 'Custom target icons...', { says: 'Choose an icon', leave: ['Close'] }),
   box('box-restore', receiver, 'Restore Full', { says: 'to factory default settings?' }),
   box('box-restore-self', thisSwitch, 'Restore Full', {
     says: 'A complete factory default may cause',

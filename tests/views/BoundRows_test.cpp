@@ -8,6 +8,7 @@
 #include "tests/db/DbTest.h"
 #include "tests/views/CatalogueCheck.h"
 #include "views/devices/page/WDevView.h"
+#include "views/settings/page/WSysSettingsView.h"
 #include "widgets/Selectors.h"
 #include "widgets/ValidatedFields.h"
 #include "widgets/WEnableDisable.h"
@@ -36,6 +37,7 @@ const struct {
     std::size_t fields;
 } kPages[] = {
     {"devices", made<WDevView>, 130},
+    {"settings", made<WSysSettingsView>, 24},
     {"preferences", made<WPrefsTable>, 10},
 };
 
@@ -57,6 +59,12 @@ const struct {
     {"rx/monPrefVideoTiming/frameRate: no such key", 1, kComputed},
     {"swx/network/ipv6/ipAddress: takes '::1x2x3x4', refused (ipAddress: an IPv6 address)", 1, kAnyDot},
     {"swx/network/ipv6/gatewayAddress: takes '::1x2x3x4', refused (gatewayAddress: an IPv6 address)", 1,
+     kAnyDot},
+    {"systemGlobals/managerIpAddress: takes '::1x2x3x4', refused (managerIpAddress: an IPv4 or IPv6 address)",
+     1, kAnyDot},
+    {"systemGlobals/auxiliaryManagerIpAddress: takes '::1x2x3x4', refused (auxiliaryManagerIpAddress: an IPv4 or IPv6 address)",
+     1, kAnyDot},
+    {"systemGlobals/syslogDest: takes '::1x2x3x4', refused (syslogDest: an IPv4 or IPv6 address)", 1,
      kAnyDot},
     {"swx/primaryNtpIpAddress: takes '::1x2x3x4', refused (primaryNtpIpAddress: an address or a host name with a domain)",
      1, kAnyDot},

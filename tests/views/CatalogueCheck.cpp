@@ -6,7 +6,9 @@
 #include "tests/frame/WidgetSearch.h"
 #include "widgets/ValueTexts.h"
 #include "widgets/WComboBoxPlus.h"
+#include "widgets/WManagementMode.h"
 #include "widgets/WNtpTime.h"
+#include "widgets/WOsdActivateHotkeyCustom.h"
 #include "widgets/WTargetAny.h"
 #include "widgets/WTextZeq.h"
 #include "widgets/WTxIcon.h"
@@ -236,6 +238,16 @@ bool checkPicker(WWidgetZeq& bound, const KeyRow& row, Faults& faults) {
     return true;
 }
 
+// Only the way out of management is ever stored.
+bool checkManagement(WWidgetZeq& bound, const Place& place, Faults& faults) {
+    auto* box = dynamic_cast<WManagementMode*>(&bound);
+    if (!box) return false;
+    box->setCurrentIndex(0);
+    const std::string refusal = refusalOfShown(bound, place);
+    if (!refusal.empty()) faults.push_back("cannot leave, " + refusal);
+    return true;
+}
+
 // Read only texts of one kind of value.
 bool checkShown(WWidgetZeq& bound, const KeyRow& row, Faults& faults) {
     Type type;
@@ -263,7 +275,11 @@ Faults faultsAt(WWidgetZeq& bound, const Place& place) {
         checkTyped(*area, bound, place, faults);
     else if (auto* text = dynamic_cast<WValueText*>(&bound))
         checkWords(*text, bound, place, faults);
-    else if (!checkPicker(bound, row, faults) && !checkShown(bound, row, faults))
+    else if (dynamic_cast<WOsdActivateHotkeyCustom*>(&bound)) {
+        if (row.type != Type::Binary || zeqd::findKey(place.among, "length") < 0)
+            faults.push_back("is a sequence of keys, but not for the service");
+    } else if (!checkManagement(bound, place, faults) && !checkPicker(bound, row, faults) &&
+               !checkShown(bound, row, faults))
         faults.push_back("is a widget that this check does not know; tell it how");
     return faults;
 }
@@ -278,7 +294,10 @@ std::vector<std::string> catalogueFaultsOf(WWidgetZeq& bound) {
     Faults faults;
     if (bound.indexed() == (resource->shape == zeqd::Shape::Singleton))
         faults.push_back(bound.indexed() ? "is no table" : "is no singleton");
-    const auto places = placesOf(*resource, path.substr(std::min(end + 1, path.size())), bound.key());
+    // Two keys of an object in one field: the field has the object's name.
+    const bool custom = dynamic_cast<WOsdActivateHotkeyCustom*>(&bound) != nullptr;
+    const auto places =
+        placesOf(*resource, path.substr(std::min(end + 1, path.size())), custom ? "sequence" : bound.key());
     if (places.empty()) faults.push_back("no such key");
     // A key that stands in several objects: the widget must fit one of them.
     Faults fewest;

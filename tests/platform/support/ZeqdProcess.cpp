@@ -54,6 +54,7 @@ ZeqdProcess::ZeqdProcess(std::vector<std::string> installation) : mInstallation(
     std::filesystem::create_directories(dataFolder());
     std::filesystem::create_directories(settingsFolder());
     ::setenv("ZEQ_SOCKET", socketPath().c_str(), 1);
+    ::setenv("MIRL_SETTINGS_DIR", settingsFolder().c_str(), 1);
     ::setenv("ZEQD_ADMIN_PASSWORD", kAdminPassword, 1);
     try {
         start();
@@ -66,6 +67,7 @@ ZeqdProcess::ZeqdProcess(std::vector<std::string> installation) : mInstallation(
 ZeqdProcess::~ZeqdProcess() {
     stop();
     ::unsetenv("ZEQ_SOCKET");
+    ::unsetenv("MIRL_SETTINGS_DIR");
 }
 
 void ZeqdProcess::start() {

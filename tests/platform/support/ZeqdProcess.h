@@ -9,7 +9,7 @@
 #include <vector>
 
 /// Runs the zeqd of this build on a temporary socket and data folder, with the demo installation unless told
-/// otherwise, and points the environment's ZEQ_SOCKET to it: ZeqClient_new then reaches this service. Ends
+/// otherwise, and points the environment's ZEQ_SOCKET and MIRL_SETTINGS_DIR to it: ZeqClient_new then reaches this service. Ends
 /// and removes everything in its destructor. One at a time, made on the test's main thread.
 class ZeqdProcess {
 public:
