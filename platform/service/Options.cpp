@@ -40,6 +40,7 @@ const OptionRow kOptions[] = {
      "else control-room-1"},
     {"--clients", "N", &Options::clients, "most clients at a time (1024)"},
     {"--settings-dir", "DIR", &Options::settingsDir, "folder for settings files (/data/settings)"},
+    {"--syslog-port", "N", &Options::syslogPort, "UDP port of the syslog server of the settings (514)"},
     {"--time-factor", "N", &Options::timeFactor, "simulated time runs N times as fast (1)"},
     {"--describe-resources", "", Options::Action::DescribeResources,
      "print the page of all resources and end"},

@@ -17,6 +17,7 @@ struct Options {
     std::uint32_t devices = 0;
     std::uint32_t clients = 0;
     std::uint32_t timeFactor = 1;
+    std::uint32_t syslogPort = 514;
     std::string firmwareType; ///< of --make-firmware
     std::string firmwareVersion;
     std::string firmwareFile;

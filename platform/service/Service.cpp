@@ -6,6 +6,7 @@
 #include "platform/service/domain/Devices.h"
 #include "platform/service/engine/SystemClock.h"
 #include "platform/service/net/Server.h"
+#include "platform/service/net/Syslog.h"
 #include "platform/service/record/RecordJson.h"
 #include "platform/service/sim/Fetch.h"
 #include "platform/service/store/SqliteDisk.h"
@@ -123,7 +124,12 @@ int serve(const Options& options) {
     std::string damaged;
     const auto disk = openDatabase(options.data + "/zeq.db", store, damaged, options, clock);
     ThreadExecutor executor;
-    Engine engine({clock, *disk, executor, log, options.settingsDir}, std::move(store));
+    SyslogSender syslog(static_cast<std::uint16_t>(options.syslogPort), log);
+    const auto toSyslog = [&syslog](const std::string& server, const EventLine& event,
+                                    const std::string& eid) {
+        syslog.send(server, syslogMessage(event, eid));
+    };
+    Engine engine({clock, *disk, executor, log, options.settingsDir, toSyslog}, std::move(store));
     const std::filesystem::path folder = std::filesystem::path(options.socket).parent_path();
     if (!folder.empty()) std::filesystem::create_directories(folder);
     const int listening = listenOn(options.socket);

@@ -36,7 +36,7 @@ bool acknowledge(Transaction& tx, std::uint32_t instance) {
 void addAlert(Transaction& tx, std::int64_t now, std::string_view severity, std::string_view originatorEid,
               std::string message) {
     if (tx.singleton(Res::EventLogControl).enabled(severity))
-        tx.log(std::string(severity) + " " + std::string(originatorEid) + ": " + message);
+        tx.log({std::string(severity), std::string(originatorEid), message, now});
     makeRoom(tx);
     const std::uint32_t instance =
         std::max(tx.nextIndex(Res::UnacknowledgedAlerts), tx.nextIndex(Res::HistoricalAlerts));

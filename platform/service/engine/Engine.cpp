@@ -189,7 +189,7 @@ void Engine::finishBatch(const std::string& failure) {
     if (kept) {
         mStore.apply(*mBatch);
         for (const TimedTask& task : mBatch->tasks()) mSchedule.add(mParts.clock.monotonicMs(), task);
-        for (const std::string& line : mBatch->logLines()) mParts.log(line);
+        for (const EventLine& line : mBatch->logLines()) tell(line);
     } else {
         mParts.log("error: writing to the database failed, nothing of it is kept: " + failure);
     }
@@ -200,6 +200,12 @@ void Engine::finishBatch(const std::string& failure) {
     // A request that was refused has its answer whatever became of the disk.
     for (auto& [write, good] : writes)
         if (write.done) write.done(kept || !good);
+}
+
+void Engine::tell(const EventLine& event) {
+    mParts.log(event.severity + " " + event.origin + ": " + event.message);
+    if (mParts.syslog)
+        mParts.syslog(mStore.singleton(Res::SystemGlobals).text("syslogDest"), event, thisSwitchEid(mStore));
 }
 
 void Engine::clientGone(ClientId client) {

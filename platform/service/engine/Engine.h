@@ -27,6 +27,9 @@ struct EngineParts {
     /// Lines for the event log.
     std::function<void(const std::string&)> log;
     std::string settingsDir; ///< where settings files are made
+    /// An event for the syslog server (an IP address, empty = none), from the Switch of that EID. May be empty.
+    std::function<void(const std::string& server, const EventLine& event, const std::string& eid)> syslog =
+        {};
 };
 
 class Engine {
@@ -73,6 +76,7 @@ private:
     void verifyLogin(const std::shared_ptr<ZeqRequest>& request, ClientId client, Reply reply);
     void prepareSettings(const std::shared_ptr<ZeqRequest>& request, ClientId client, Reply reply);
     void startBatch();
+    void tell(const EventLine& event);
     void finishBatch(const std::string& failure);
     void restart() { mRestart = true; }
 

@@ -2,6 +2,7 @@
 // is merged when all went well and dropped otherwise, so that a refused request changes nothing.
 #pragma once
 
+#include "platform/service/store/EventLine.h"
 #include "platform/service/store/View.h"
 
 #include <map>
@@ -37,8 +38,8 @@ public:
     void erase(Res id, std::uint32_t index);
     /// Runs the task after the delay, if this transaction is kept.
     void later(std::int64_t delayMs, Task task) { mTasks.push_back({task, delayMs}); }
-    /// A line for the event log, written when this transaction is kept.
-    void log(std::string line) { mLog.push_back(std::move(line)); }
+    /// A line for the event log and the syslog server, written when this transaction is kept.
+    void log(EventLine line) { mLog.push_back(std::move(line)); }
     /// Forgets everything.
     void clear();
     /// Takes over what the other transaction, made over this one, has changed.
@@ -47,7 +48,7 @@ public:
     const View& base() const { return mBase; }
     const Changes& changes() const { return mChanges; }
     const std::vector<TimedTask>& tasks() const { return mTasks; }
-    const std::vector<std::string>& logLines() const { return mLog; }
+    const std::vector<EventLine>& logLines() const { return mLog; }
     bool empty() const { return mChanges.empty() && mTasks.empty() && mLog.empty(); }
 
     RecordPtr find(Res id, std::uint32_t index) const override;
@@ -59,7 +60,7 @@ private:
     const View& mBase;
     Changes mChanges;
     std::vector<TimedTask> mTasks;
-    std::vector<std::string> mLog;
+    std::vector<EventLine> mLog;
 };
 
 } // namespace zeqd

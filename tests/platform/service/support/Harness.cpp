@@ -114,10 +114,13 @@ void Harness::restart() {
 }
 
 void Harness::boot(Store store) {
-    engine = std::make_unique<Engine>(EngineParts{clock, disk, executor,
-                                                  [this](const std::string& line) { log.push_back(line); },
-                                                  settingsDir},
-                                      std::move(store));
+    engine = std::make_unique<Engine>(
+        EngineParts{clock, disk, executor, [this](const std::string& line) { log.push_back(line); },
+                    settingsDir,
+                    [this](const auto& server, const EventLine& event, const auto& eid) {
+                        syslog.push_back(server + " " + event.severity + " " + event.message + " " + eid);
+                    }},
+        std::move(store));
     engine->start(1, {});
     settle();
 }

@@ -98,6 +98,7 @@ public:
     FakeDisk disk;
     StepExecutor executor;
     std::vector<std::string> log;
+    std::vector<std::string> syslog; ///< server, severity, message, EID of the Switch
     std::string settingsDir = "/nonexistent";
     std::unique_ptr<Engine> engine;
 
