@@ -29,6 +29,10 @@ void DialogForm::titleSet(const Wt::WString& title) {
     mHeading->setTitle(title);
 }
 
+void DialogForm::imageSet(const char* image) {
+    mHeading->setImage(image);
+}
+
 void DialogForm::textSet(const Wt::WString& text) {
     mText->setText(text);
 }

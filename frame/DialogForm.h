@@ -37,6 +37,8 @@ public:
     DialogForm(const char* image, const Wt::WString& title, const Wt::WString& text);
 
     virtual void titleSet(const Wt::WString& title);
+    /// Another file in the brand's theme folder.
+    void imageSet(const char* image);
 
     /// Button that was last used: a number of the dialog's own; 0 = none.
     int buttonClicked() const { return mButtonClicked; }

@@ -19,10 +19,11 @@ WDialogHeading::WDialogHeading(Wt::WDialog& dialog, const std::string& imageFile
     auto* layout = new Wt::WHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
 
-    auto* image = new Wt::WImage(Wt::WLink(MirlPath_themeBase() + imageFile));
-    image->resize(Wt::WLength::Auto, kImageHeightPx);
-    image->setAlternateText("");
-    layout->addWidget(image, 0, Wt::AlignMiddle);
+    mImage = new Wt::WImage;
+    setImage(imageFile);
+    mImage->resize(Wt::WLength::Auto, kImageHeightPx);
+    mImage->setAlternateText("");
+    layout->addWidget(mImage, 0, Wt::AlignMiddle);
 
     mTitle = new Wt::WText(title, Wt::PlainText);
     mTitle->addStyleClass("mirl-dialog-title");
@@ -30,6 +31,10 @@ WDialogHeading::WDialogHeading(Wt::WDialog& dialog, const std::string& imageFile
 
     dialog.setTitleBarEnabled(false);
     dialog.setAttributeValue("aria-labelledby", mTitle->id());
+}
+
+void WDialogHeading::setImage(const std::string& imageFile) {
+    mImage->setImageLink(Wt::WLink(MirlPath_themeBase() + imageFile));
 }
 
 void WDialogHeading::setTitle(const Wt::WString& title) {

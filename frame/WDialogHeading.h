@@ -7,6 +7,7 @@
 namespace Wt {
 class WDialog;
 class WImage;
+class WImage;
 class WString;
 class WText;
 } // namespace Wt
@@ -19,7 +20,9 @@ public:
     WDialogHeading(Wt::WDialog& dialog, const std::string& imageFile, const Wt::WString& title);
 
     void setTitle(const Wt::WString& title);
+    void setImage(const std::string& imageFile);
 
 private:
+    Wt::WImage* mImage;
     Wt::WText* mTitle;
 };
