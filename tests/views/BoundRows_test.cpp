@@ -8,6 +8,7 @@
 #include "tests/db/DbTest.h"
 #include "tests/views/CatalogueCheck.h"
 #include "views/devices/page/WDevView.h"
+#include "views/peripherals/WPeriphView.h"
 #include "widgets/Selectors.h"
 #include "widgets/ValidatedFields.h"
 #include "widgets/WEnableDisable.h"
@@ -36,6 +37,7 @@ const struct {
     std::size_t fields;
 } kPages[] = {
     {"devices", made<WDevView>, 130},
+    {"peripherals", made<WPeriphView>, 2},
     {"preferences", made<WPrefsTable>, 10},
 };
 
@@ -168,6 +170,7 @@ TEST(ServiceWords, KindsOfChangesHaveTheServicesNumbers) {
         {InfoMgr_InfoID::Users, zeqd::InfoId::User},
         {InfoMgr_InfoID::Receivers, zeqd::InfoId::Receiver},
         {InfoMgr_InfoID::Transmitters, zeqd::InfoId::Transmitter},
+        {InfoMgr_InfoID::Edids, zeqd::InfoId::Edid},
         {InfoMgr_InfoID::Targets, zeqd::InfoId::Target},
         {InfoMgr_InfoID::UserSessions, zeqd::InfoId::UserSession},
         {InfoMgr_InfoID::AdminSessions, zeqd::InfoId::AdminSession},
