@@ -37,7 +37,7 @@ public:
     DialogForm(const char* image, const Wt::WString& title, const Wt::WString& text);
 
     virtual void titleSet(const Wt::WString& title);
-    /// Another file in the brand's theme folder.
+    /// Another image before the title: a file in the brand's theme folder.
     void imageSet(const char* image);
 
     /// Button that was last used: a number of the dialog's own; 0 = none.

@@ -20,9 +20,9 @@ WDialogHeading::WDialogHeading(Wt::WDialog& dialog, const std::string& imageFile
     layout->setContentsMargins(0, 0, 0, 0);
 
     mImage = new Wt::WImage;
-    setImage(imageFile);
     mImage->resize(Wt::WLength::Auto, kImageHeightPx);
     mImage->setAlternateText("");
+    setImage(imageFile);
     layout->addWidget(mImage, 0, Wt::AlignMiddle);
 
     mTitle = new Wt::WText(title, Wt::PlainText);
@@ -33,10 +33,10 @@ WDialogHeading::WDialogHeading(Wt::WDialog& dialog, const std::string& imageFile
     dialog.setAttributeValue("aria-labelledby", mTitle->id());
 }
 
-void WDialogHeading::setImage(const std::string& imageFile) {
-    mImage->setImageLink(Wt::WLink(MirlPath_themeBase() + imageFile));
-}
-
 void WDialogHeading::setTitle(const Wt::WString& title) {
     mTitle->setText(title);
+}
+
+void WDialogHeading::setImage(const std::string& imageFile) {
+    mImage->setImageLink(Wt::WLink(MirlPath_themeBase() + imageFile));
 }

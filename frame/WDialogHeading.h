@@ -7,7 +7,6 @@
 namespace Wt {
 class WDialog;
 class WImage;
-class WImage;
 class WString;
 class WText;
 } // namespace Wt
@@ -20,6 +19,7 @@ public:
     WDialogHeading(Wt::WDialog& dialog, const std::string& imageFile, const Wt::WString& title);
 
     void setTitle(const Wt::WString& title);
+    /// The same kind of file as at the beginning.
     void setImage(const std::string& imageFile);
 
 private:

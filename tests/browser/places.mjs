@@ -1,5 +1,7 @@
 // Every page, details tab and dialog of the interface, and how to get there.
-import { deviceRows, field, mainTab, openDevices, openLogin, saveButton, showRow, tabs, tryLogin } from './pages.mjs';
+import {
+  deviceRows, field, mainTab, openDevices, openLogin, openMonitors, saveButton, showRow, tabs, tryLogin,
+} from './pages.mjs';
 import { until } from './system.mjs';
 
 /** @typedef {import('playwright-core').Page} Page */
@@ -111,12 +113,13 @@ const thisSwitch = 'Main Hall Switch';
 
 /** A dialog that an action button opens; `then` goes further, `leave` are the buttons on the way out.
  * @param {string} name @param {string | null} device @param {string} button
- * @param {{says: string, then?: (page: Page) => Promise<void>, leave?: string[]}} rest */
-const box = (name, device, button, { says, then, leave = ['Cancel'] }) => ({
+ * @param {{says: string, then?: (page: Page) => Promise<void>, leave?: string[],
+ *   open?: (page: Page) => Promise<void>}} rest */
+const box = (name, device, button, { says, then, leave = ['Cancel'], open = openDevices }) => ({
   name,
   part: dialogPart,
   go: async (page) => {
-    await openDevices(page);
+    await open(page);
     if (device) await (await showRow(page, device)).click();
     const action = page.getByRole('button', { name: button, exact: true });
     await until(`${button} can be pressed`, () => action.isEnabled());
@@ -187,7 +190,23 @@ export const details = kinds.flatMap((kind) => kind.tabs.map((tab) => ({
       async () => (await detailsTab(page, tab).getAttribute('aria-selected')) === 'true'
     );
   },
+}))).concat(['Attributes', 'Decoded EDID'].map((tab) => ({
+  name: `monitor-${tab.toLowerCase().replace(' ', '-')}`,
+  part: detailsPart,
+  go: async (page) => {
+    await openMonitors(page);
+    await (await showRow(page, 'Ives I12 panel')).click();
+    await detailsTab(page, tab).click();
+    await until(
+      `${tab} is on show`,
+      async () => (await detailsTab(page, tab).getAttribute('aria-selected')) === 'true'
+    );
+  },
 })));
+
+/** A row of the dialog's list. @param {string} name */
+const chooseInList = (name) => (page) =>
+  page.getByRole('dialog').locator('[role="row"]').filter({ hasText: name }).first().click();
 
 /** Dialogs, and pages in a state that takes some doing. @type {Place[]} */
 export const boxes = [
@@ -242,6 +261,25 @@ export const boxes = [
       await name.click();
     },
     leave: ['Cancel', 'Close'],
+  }),
+  box('box-delete-monitor', 'Ives I12 panel', 'Delete', {
+    says: 'want to delete the selected item?',
+    open: openMonitors,
+  }),
+  box('box-pull', null, 'Pull', { says: 'Select the Device', then: chooseInList('Desk 4'), open: openMonitors }),
+  box('box-push', 'Ives I12 panel', 'Push', {
+    says: 'Select the Transmitter(s)',
+    then: chooseInList('Camera Recorder'),
+    open: openMonitors,
+  }),
+  box('box-push-mismatch', 'Ives I12 panel', 'Push', {
+    says: 'There is a EDID-tx mismatch',
+    then: async page => {
+      await chooseInList('Camera Recorder')(page);
+      await answer(page, 'Push');
+    },
+    leave: ['Cancel', 'Cancel'],
+    open: openMonitors,
   }),
   {
     name: 'icon-choice',

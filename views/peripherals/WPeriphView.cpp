@@ -88,7 +88,8 @@ void WPeriphView::showSelection(bool forceDetails) {
     if (count != 1) attribs().enableButtons(false, false);
     attribs().setProtected(isProtected);
     mDetails->setHidden(count == 0);
-    if (!decodeIsInUse()) mDetails->readFromDatabase(forceDetails, chosenRecords(), false);
+    const bool isRead = count > 0 || forceDetails; // a hidden pane is emptied once
+    if (isRead && !decodeIsInUse()) mDetails->readFromDatabase(forceDetails, chosenRecords(), false);
 }
 
 void WPeriphView::monListSelectionChangedHandler() {
