@@ -40,11 +40,17 @@ const says = (page, words) => until(`the dialog says ${words}`, async () => word
 const closed = (page) => page.getByRole('dialog').waitFor({ state: 'hidden' });
 const decoded = (page) => page.locator('.mirl-edid-decode-text-area');
 
+/** Two pulls within a second make the same name. */
+let lastPull = 0;
+const secondNow = () => Math.floor(Date.now() / 1000);
+
 async function pull(page, device, words) {
+  await until('another second', () => secondNow() !== lastPull);
   await act(page, 'Pull');
   await choose(page, device);
   await press(page, 'Pull');
   await says(page, words);
+  lastPull = secondNow();
 }
 
 test('pull from a Receiver and from a Transmitter, and every failure', async (t) => {

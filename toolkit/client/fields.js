@@ -121,8 +121,7 @@ export class Fields {
 }
 
 /**
- * Where the selection of a text field begins and ends, in characters; both are where the caret is if nothing is
- * selected.
+ * Where the selection of a text field begins and ends, in characters: both at the caret if nothing is selected.
  * @param {Element|null} element @returns {[number, number]|null} null: no such field
  */
 export function selectionIn(element) {

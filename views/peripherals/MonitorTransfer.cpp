@@ -56,6 +56,7 @@ void MonitorTransfer::goButtonClickedHandler() {
 
 void MonitorTransfer::begin() {
     mBegun = true;
+    textSet(Wt::WString()); // nothing is to be chosen any more
     mCloseWhenDone->hide();
     mGo->hide();
 }

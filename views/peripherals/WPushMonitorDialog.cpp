@@ -29,10 +29,12 @@ WPushMonitorDialog::WPushMonitorDialog(unsigned edidIndex, const std::string& ty
       mEdid(edidIndex), mType(type), mTransmitters(static_cast<WPushMonitorDialogTxList*>(list())),
       mProgress(addPage(new Wt::WProgressBar)), mFailures(addPage(new Wt::WTextArea)) {
     mProgress->setRange(0, 100);
-    nameByText(*mProgress);
+    mProgress->resize(Wt::WLength(100, Wt::WLength::Percentage), Wt::WLength::Auto);
+    mProgress->setAttributeValue("aria-label", tr("[RSnnn]Push Monitor"));
     mFailures->setReadOnly(true);
     mFailures->setStyleClass("mirl-attribute-table-read-write-multi-line-edit");
-    nameByText(*mFailures);
+    mFailures->setAttributeValue("aria-label", tr("[RSnnn]Push Monitor"));
+    mFailures->resize(Wt::WLength(100, Wt::WLength::Percentage), Wt::WLength::Auto);
     mTransmitters->readFromDatabase();
 }
 

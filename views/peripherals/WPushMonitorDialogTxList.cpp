@@ -18,10 +18,10 @@ std::string swxOf(const ZeqRow& tx) {
     return name;
 }
 
-// Widths in pixels, 94 % of the list's in the ratio of 16, 10, 37 and 37.
+// Widths in pixels. An EID is read whole.
 constexpr RecordColumn<> kColumns[] = {
-    {"index", RecordIndex{}},     {"[RSnnn]EID", "eid", 90},     {"[RSnnn]Type", typeOf, 56},
-    {"[RSnnn]Name", "name", 209}, {"[RSnnn]Switch", swxOf, 209},
+    {"index", RecordIndex{}},     {"[RSnnn]EID", "eid", 116},    {"[RSnnn]Type", typeOf, 56},
+    {"[RSnnn]Name", "name", 209}, {"[RSnnn]Switch", swxOf, 183},
 };
 static_assert(std::size(kColumns) == WPushMonitorDialogTxList::kColumnCount &&
               columnHeaded(kColumns, "[RSnnn]EID") == WPushMonitorDialogTxList::Eid &&
