@@ -6,6 +6,7 @@ enum class InfoMgr_InfoID : unsigned {
     Users = 6,
     Receivers = 7,
     Transmitters = 8,
+    Edids = 9,
     Targets = 10,
     UserSessions = 13,
     AdminSessions = 14,

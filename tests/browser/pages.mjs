@@ -48,6 +48,12 @@ export async function openDevices(page) {
   await deviceRows(page).first().waitFor();
 }
 
+/** The library of stored monitors. @param {Page} page */
+export async function openMonitors(page) {
+  await mainTab(page, 'Peripherals').click();
+  await deviceRow(page, 'Ives I12 panel').waitFor();
+}
+
 /** The list that is on show; details below it may hold lists of their own. @param {Page} page */
 export const deviceList = (page) => page.locator('[role="grid"]:visible').first();
 

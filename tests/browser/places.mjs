@@ -1,5 +1,7 @@
 // Every page, details tab and dialog of the interface, and how to get there.
-import { deviceRows, field, mainTab, openDevices, openLogin, saveButton, showRow, tabs, tryLogin } from './pages.mjs';
+import {
+  deviceRows, field, mainTab, openDevices, openLogin, openMonitors, saveButton, showRow, tabs, tryLogin,
+} from './pages.mjs';
 import { until } from './system.mjs';
 
 /** @typedef {import('playwright-core').Page} Page */
@@ -131,10 +133,11 @@ const boxBehind = (name, open, button, { says, then, leave = ['Cancel'] }) => ({
   },
 });
 
-/** One of the Devices page, for a device if one is named. @param {string} name @param {string | null} device */
-const box = (name, device, button, rest) => boxBehind(name, async (page) => {
-  await openDevices(page);
-  if (device) await (await showRow(page, device)).click();
+/** For a record of a page's list, if one is named; `open` brings the page, that of the devices if it is not told.
+ * @param {string} name @param {string | null} record */
+const box = (name, record, button, { open = openDevices, ...rest }) => boxBehind(name, async (page) => {
+  await open(page);
+  if (record) await (await showRow(page, record)).click();
 }, button, rest);
 
 /** On to the description of a new firmware file. @param {string} protocol as the list of sources names it */
@@ -207,6 +210,18 @@ export const details = kinds.flatMap((kind) => kind.tabs.map((tab) => ({
       async () => (await detailsTab(page, tab).getAttribute('aria-selected')) === 'true'
     );
   },
+}))).concat(['Attributes', 'Decoded EDID'].map((tab) => ({
+  name: `monitor-${tab.toLowerCase().replace(' ', '-')}`,
+  part: detailsPart,
+  go: async (page) => {
+    await openMonitors(page);
+    await (await showRow(page, 'Ives I12 panel')).click();
+    await detailsTab(page, tab).click();
+    await until(
+      `${tab} is on show`,
+      async () => (await detailsTab(page, tab).getAttribute('aria-selected')) === 'true'
+    );
+  },
 })));
 
 details.push(...settingsTabs.map((tab) => ({
@@ -214,6 +229,9 @@ details.push(...settingsTabs.map((tab) => ({
   part: detailsPart,
   go: (/** @type {Page} */ page) => openSettings(page, tab),
 })));
+/** A row of the dialog's list. @param {string} name */
+const chooseInList = (name) => (page) =>
+  page.getByRole('dialog').locator('[role="row"]').filter({ hasText: name }).first().click();
 
 /** Dialogs, and pages in a state that takes some doing. @type {Place[]} */
 export const boxes = [
@@ -281,6 +299,25 @@ export const boxes = [
       await name.click();
     },
     leave: ['Cancel', 'Close'],
+  }),
+  box('box-delete-monitor', 'Ives I12 panel', 'Delete', {
+    says: 'want to delete the selected item?',
+    open: openMonitors,
+  }),
+  box('box-pull', null, 'Pull', { says: 'Select the Device', then: chooseInList('Desk 4'), open: openMonitors }),
+  box('box-push', 'Ives I12 panel', 'Push', {
+    says: 'Select the Transmitter(s)',
+    then: chooseInList('Camera Recorder'),
+    open: openMonitors,
+  }),
+  box('box-push-mismatch', 'Ives I12 panel', 'Push', {
+    says: 'There is a EDID-tx mismatch',
+    then: async page => {
+      await chooseInList('Camera Recorder')(page);
+      await answer(page, 'Push');
+    },
+    leave: ['Cancel', 'Cancel'],
+    open: openMonitors,
   }),
   {
     name: 'icon-choice',

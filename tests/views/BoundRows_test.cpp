@@ -8,6 +8,7 @@
 #include "tests/db/DbTest.h"
 #include "tests/views/CatalogueCheck.h"
 #include "views/devices/page/WDevView.h"
+#include "views/peripherals/WPeriphView.h"
 #include "views/settings/page/WSysSettingsView.h"
 #include "widgets/Selectors.h"
 #include "widgets/ValidatedFields.h"
@@ -38,6 +39,7 @@ const struct {
 } kPages[] = {
     {"devices", made<WDevView>, 130},
     {"settings", made<WSysSettingsView>, 24},
+    {"peripherals", made<WPeriphView>, 2},
     {"preferences", made<WPrefsTable>, 10},
 };
 
@@ -176,6 +178,7 @@ TEST(ServiceWords, KindsOfChangesHaveTheServicesNumbers) {
         {InfoMgr_InfoID::Users, zeqd::InfoId::User},
         {InfoMgr_InfoID::Receivers, zeqd::InfoId::Receiver},
         {InfoMgr_InfoID::Transmitters, zeqd::InfoId::Transmitter},
+        {InfoMgr_InfoID::Edids, zeqd::InfoId::Edid},
         {InfoMgr_InfoID::Targets, zeqd::InfoId::Target},
         {InfoMgr_InfoID::UserSessions, zeqd::InfoId::UserSession},
         {InfoMgr_InfoID::AdminSessions, zeqd::InfoId::AdminSession},

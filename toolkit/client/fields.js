@@ -120,6 +120,18 @@ export class Fields {
   }
 }
 
+/**
+ * Where the selection of a text field begins and ends, in characters: both at the caret if nothing is selected.
+ * @param {Element|null} element @returns {[number, number]|null} null: no such field
+ */
+export function selectionIn(element) {
+  const isText = element instanceof HTMLTextAreaElement
+    || (element instanceof HTMLInputElement && element.type === 'text');
+  if (!isText || element.selectionStart === null || element.selectionEnd === null) return null;
+  const charactersTo = (/** @type {number} */ units) => [...element.value.slice(0, units)].length;
+  return [charactersTo(element.selectionStart), charactersTo(element.selectionEnd)];
+}
+
 /** @param {Field} element */
 function valueOf(element) {
   if (element instanceof HTMLSelectElement) return element.selectedIndex;

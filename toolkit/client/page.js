@@ -3,7 +3,7 @@
 
 import { Dom } from './dom.js';
 import { Events } from './events.js';
-import { Fields } from './fields.js';
+import { Fields, selectionIn } from './fields.js';
 import { Layers } from './layers.js';
 import { Sizes } from './sizes.js';
 
@@ -66,11 +66,14 @@ export class Page {
   }
 
   /**
-   * Sends an event; the focus travels with it.
+   * Sends an event; the focus, and what is selected there, travels with it.
    * @param {Object<string, any>} event @param {string} [key]
    */
   send(event, key) {
-    event.f = this.dom.idOf(document.activeElement);
+    const focused = document.activeElement;
+    event.f = this.dom.idOf(focused);
+    const selection = selectionIn(focused);
+    if (selection) event.s = selection;
     this.transport.sendEvent(event, key);
   }
 

@@ -1,16 +1,14 @@
 #include "views/peripherals/Edid.h"
 
 #include "platform/client/EventLog.h"
+#include "views/peripherals/EdidReport.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <cstring>
 
 namespace {
 
 constexpr unsigned kRecordSize = 256;
-constexpr unsigned char kHeader[8] = {0x00, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0x00};
-
 // Header and the first byte of the manufacturer ID.
 constexpr unsigned kLeastToJudge = 9;
 
@@ -36,7 +34,7 @@ bool Edid::isValid() const {
         return false;
     }
     const unsigned char* d = mData.get();
-    if (!std::equal(std::begin(kHeader), std::end(kHeader), d)) {
+    if (!hasEdidHeader(d)) {
         EventLog_write(4, 7, __func__, "Bad EDID header pattern (%X %X %X %X %X %X %X %X).", d[0], d[1], d[2],
                        d[3], d[4], d[5], d[6], d[7]);
         return false;
@@ -63,4 +61,31 @@ void Edid::productCodeGet(std::string& code) const {
     char text[8];
     std::snprintf(text, sizeof text, "%04X", mData[10] + 256U * mData[11]);
     code = text;
+}
+
+void Edid::fullDecodeGet(std::string& report) {
+    report = "Raw data (hexadecimal):\n";
+    // On purpose: the object itself is cut, and the second block is never shown.
+    if (mLength > kEdidBaseBlock) mLength = kEdidBaseBlock;
+    appendRawEdid(report, mData.get(), mLength);
+    if (mLength < kEdidBaseBlock) {
+        report += "\n\nEDID data block is too short. Expected at least 128 bytes. Not decoding.";
+        return;
+    }
+    report += "\n\nDecoded data -- corresponding raw data shown as hexadecimal in []:";
+    std::string manufacturer, product;
+    manufacturerIdGet(manufacturer);
+    productCodeGet(product);
+    appendDecodedEdid(report, mData.get(), {manufacturer, product});
+}
+
+std::string Edid::legible(const std::string& report) {
+    std::string text;
+    for (const char c : report) {
+        if (c == '\n' || (c >= ' ' && c <= '~'))
+            text += c;
+        else
+            text += "\uFFFD";
+    }
+    return text;
 }

@@ -22,7 +22,15 @@ public:
     /// Four hexadecimal digits.
     void productCodeGet(std::string& code) const;
 
-private:
+    /// Replaces `report` with the raw data and what every field of it means, in lines; also of a block that is not
+    /// valid. Texts that the monitor brings stand in it byte for byte, whatever they are: see legible().
+    /// On purpose: cuts the object to the base block.
+    void fullDecodeGet(std::string& report);
+
+    /// The report as UTF-8 that can be shown: what is neither printable ASCII nor a newline is U+FFFD.
+    static std::string legible(const std::string& report);
+
+protected:
     std::unique_ptr<unsigned char[]> mData;
-    unsigned mLength = 0;
+    unsigned mLength = 0; // bytes in mData
 };

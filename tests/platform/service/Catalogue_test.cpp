@@ -215,19 +215,28 @@ TEST_F(DemoData, ReferencesHoldAndNothingIsThereTwice) {
     });
 }
 
-TEST_F(DemoData, MonitorsAreSoundAndDiffer) {
-    std::set<std::string> kinds;
+TEST_F(DemoData, MonitorsDifferAndFewAreDamaged) {
+    std::set<std::string> makers, blocks, damaged;
     bool analog = false;
-    store.each(Res::Edid, [&](const RecordPtr& edid) {
-        const std::string& data = edid->text("data");
+    const auto look = [&](const RecordPtr& record, const char* key) {
+        const std::string& data = record->text(key);
         EXPECT_EQ(data.size(), kEdidRecord);
-        EXPECT_TRUE(isSoundEdid(data)) << edid->text("name");
-        kinds.insert(data.substr(8, 4));
+        makers.insert(data.substr(8, 2));
+        blocks.insert(data);
+        if (!isSoundEdid(data)) damaged.insert(record->text("name"));
         analog = analog || !(static_cast<unsigned char>(data[20]) & 0x80);
         return true;
-    });
-    EXPECT_GE(kinds.size(), 12U);
+    };
+    store.each(Res::Edid, [&](const RecordPtr& edid) { return look(edid, "data"); });
+    EXPECT_EQ(blocks.size(), store.count(Res::Edid));
+    EXPECT_GE(makers.size(), 10U);
     EXPECT_TRUE(analog);
+    store.each(Res::Rx, [&](const RecordPtr& rx) { return look(rx, "simMonitor"); });
+    EXPECT_EQ(blocks.size(), store.count(Res::Edid) + store.count(Res::Rx));
+    store.each(Res::Tx, [&](const RecordPtr& tx) { return look(tx, "simEdid"); });
+    // A wrong checksum and a broken header in the library and at a Receiver.
+    EXPECT_EQ(damaged, (std::set<std::string>{"Kestrel K17 worn cable", "Linden L32 before repair",
+                                              "Lobby Display", "Planning 2"}));
 }
 
 } // namespace

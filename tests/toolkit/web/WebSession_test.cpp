@@ -52,6 +52,53 @@ TEST(Session, values_are_there_before_handlers_and_are_not_sent_back) {
     EXPECT_NE(s.flush().find("\"toolo\""), std::string::npos) << "the browser shows something else";
 }
 
+TEST(Session, what_is_selected_in_a_field_is_known_while_it_has_the_focus) {
+    PageSession s;
+    auto* area = new Wt::WTextArea("a\nm\xC3\xBCnze", s.root());
+    area->setReadOnly(true);
+    auto* line = new Wt::WLineEdit("m\xC3\xBCnze", s.root());
+    auto* button = new Wt::WPushButton("b", s.root());
+    std::string seen;
+    const auto tell = [&seen](const auto& field) {
+        seen += std::to_string(field.selectionStart()) + "'" + field.selectedText().toUTF8() + "'" +
+                std::to_string(field.cursorPosition()) + (field.hasSelectedText() ? "! " : " ");
+    };
+    button->clicked().connect([&] {
+        tell(*area);
+        tell(*line);
+    });
+    s.flush();
+    const std::string inArea = "\"f\":" + std::to_string(area->nodeId());
+    const std::string inLine = "\"f\":" + std::to_string(line->nodeId());
+    const std::string none = "-1''-1 ";
+    const struct {
+        std::string event, seen;
+    } rows[] = {
+        {inArea + ",\"s\":[2,5]", "2'm\xC3\xBCn'5! " + none},
+        {"\"x\":0", "2'm\xC3\xBCn'5! " + none}, // tells nothing of the focus
+        {inArea + ",\"s\":[4,4]", "-1''4 " + none},
+        {inArea, none + none},
+        {inLine + ",\"s\":[0,2]", none + "0'm\xC3\xBC'2! "},
+        {inLine + ",\"s\":[4,900]", none + "4'e'900! "},
+        {inLine + ",\"s\":[700,900]", none + "700''900! "},
+        {inLine + ",\"s\":[3,2]", none + none},
+        {inLine + ",\"s\":[-3,2]", none + none},
+        {inLine + ",\"s\":[1]", none + none},
+        {inLine + ",\"s\":[1,2,3]", none + none},
+        {inLine + ",\"s\":[\"a\",2]", none + none},
+        {inLine + ",\"s\":{}", none + none},
+        {"\"f\":0,\"s\":[1,2]", none + none},
+    };
+    for (const auto& row : rows) {
+        seen.clear();
+        s.event(*button, "click", row.event);
+        EXPECT_EQ(seen, row.seen) << row.event;
+    }
+    s.event(*button, "click", inArea + ",\"s\":[0,5]");
+    line->setFocus();
+    EXPECT_FALSE(line->hasSelectedText()) << "what was selected elsewhere";
+}
+
 TEST(Session, hostile_events_do_nothing) {
     PageSession s;
     auto* field = new Wt::WLineEdit("keep", s.root());

@@ -26,9 +26,12 @@ public:
     int maxLength() const { return mMaxLength; }
     EchoMode echoMode() const { return mEchoMode; }
     bool autoComplete() const { return mAutoComplete; }
-    int selectionStart() const { return -1; }
-    int cursorPosition() const { return -1; }
-    bool hasSelectedText() const { return false; }
+    /// Character at which the selected text begins; -1 if none is selected or the field has not the focus.
+    int selectionStart() const;
+    WString selectedText() const;
+    bool hasSelectedText() const { return selectionStart() >= 0; }
+    /// Characters in front of the caret; -1 without the focus, and for a password.
+    int cursorPosition() const;
 
     WString valueText() const override { return text(); }
     void setValueText(const WString& value) override { setText(value); }

@@ -18,6 +18,11 @@ public:
     int columns() const { return mColumns; }
     int rows() const { return mRows; }
     const WString& text() const { return mContent; }
+    // As the browser told with the event that is being handled; see WLineEdit.
+    int selectionStart() const;
+    WString selectedText() const;
+    bool hasSelectedText() const { return selectionStart() >= 0; }
+    int cursorPosition() const;
 
     WString valueText() const override { return text(); }
     void setValueText(const WString& value) override { setText(value); }

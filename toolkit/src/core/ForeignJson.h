@@ -8,10 +8,9 @@
 
 namespace Wt::Impl {
 
-/// Members of an object that a browser sent: whatever is missing,
+/// Members of an object or a list that a browser sent: whatever is missing (null),
 /// of another type or out of range is the default.
-inline int foreignInt(const boost::json::object& from, std::string_view name, int otherwise = 0) {
-    const boost::json::value* value = from.if_contains(name);
+inline int foreignInt(const boost::json::value* value, int otherwise = 0) {
     if (!value || !value->is_number()) return otherwise;
     constexpr double kRange = 1e9;
     double number = 0;
@@ -23,6 +22,10 @@ inline int foreignInt(const boost::json::object& from, std::string_view name, in
         number = static_cast<double>(value->get_uint64());
     if (!std::isfinite(number)) return otherwise;
     return static_cast<int>(std::clamp(number, -kRange, kRange));
+}
+
+inline int foreignInt(const boost::json::object& from, std::string_view name, int otherwise = 0) {
+    return foreignInt(from.if_contains(name), otherwise);
 }
 
 inline std::string_view foreignText(const boost::json::object& from, std::string_view name) {

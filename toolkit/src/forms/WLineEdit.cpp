@@ -2,6 +2,7 @@
 
 #include "core/Utf8.h"
 #include "forms/FieldText.h"
+#include "forms/TextSelection.h"
 #include "web/ElementSpec.h"
 #include "web/JsonText.h"
 #include "web/Renderer.h"
@@ -49,6 +50,18 @@ WString WLineEdit::displayText() const {
     for (std::size_t i = 0; i < text.size(); ++i)
         if ((static_cast<unsigned char>(text[i]) & 0xC0) != 0x80) stars += '*';
     return stars;
+}
+
+int WLineEdit::selectionStart() const {
+    return Impl::TextSelection(*this).start();
+}
+
+WString WLineEdit::selectedText() const {
+    return Impl::TextSelection(*this).of(mContent);
+}
+
+int WLineEdit::cursorPosition() const {
+    return Impl::TextSelection(*this).caret();
 }
 
 WValidator::State WLineEdit::validate() {

@@ -1,6 +1,7 @@
 #include <Wt/WTextArea.h>
 
 #include "forms/FieldText.h"
+#include "forms/TextSelection.h"
 #include "web/ElementSpec.h"
 #include "web/JsonText.h"
 #include "web/Renderer.h"
@@ -27,6 +28,18 @@ void WTextArea::setColumns(int columns) {
 void WTextArea::setRows(int rows) {
     mRows = rows;
     nodeChanged();
+}
+
+int WTextArea::selectionStart() const {
+    return Impl::TextSelection(*this).start();
+}
+
+WString WTextArea::selectedText() const {
+    return Impl::TextSelection(*this).of(mContent);
+}
+
+int WTextArea::cursorPosition() const {
+    return Impl::TextSelection(*this).caret();
 }
 
 WValidator::State WTextArea::validate() {

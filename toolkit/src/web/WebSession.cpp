@@ -212,6 +212,7 @@ void WebSession::handleBrowserEvent(const boost::json::object& event) {
 }
 
 void WebSession::deliver(const boost::json::object& event) {
+    takeFocus(event);
     takeValues(event);
     const std::string_view kind = foreignText(event, "k");
     if (kind == "timer") {
@@ -232,9 +233,20 @@ void WebSession::deliver(const boost::json::object& event) {
 }
 
 // Values and focus are what the user had done when the event arose: they go before its handlers.
+void WebSession::takeFocus(const boost::json::object& event) {
+    const boost::json::value* focus = event.if_contains("f");
+    if (!focus || !focus->is_number()) return;
+    mFocused = static_cast<std::uint32_t>(std::max(0, foreignInt(event, "f")));
+    mSelection = {-1, -1};
+    const boost::json::value* selection = event.if_contains("s");
+    const boost::json::array* ends = selection ? selection->if_array() : nullptr;
+    if (!ends || ends->size() != 2) return;
+    const int start = foreignInt(&ends->at(0), -1);
+    const int end = foreignInt(&ends->at(1), -1);
+    if (start >= 0 && start <= end) mSelection = {start, end};
+}
+
 void WebSession::takeValues(const boost::json::object& event) {
-    if (const boost::json::value* focus = event.if_contains("f"))
-        if (focus->is_number()) mFocused = static_cast<std::uint32_t>(std::max(0, foreignInt(event, "f")));
     const boost::json::value* values = event.if_contains("v");
     if (!values || !values->is_object()) return;
     std::size_t taken = 0;
@@ -261,6 +273,7 @@ void WebSession::redirect(const std::string& url) {
 
 void WebSession::setFocused(std::uint32_t node) {
     mFocused = node;
+    mSelection = {-1, -1};
     mRenderer.operation("[\"focus\"," + std::to_string(node) + "]");
 }
 

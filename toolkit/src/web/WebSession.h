@@ -16,6 +16,7 @@
 #include <memory>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace Wt {
@@ -74,6 +75,8 @@ public:
     // Focus, as the browser last told or as it was last set from here.
     std::uint32_t focused() const { return mFocused; }
     void setFocused(std::uint32_t node);
+    /// What is selected in the focused field, in characters; {-1, -1} as long as the browser tells nothing.
+    std::pair<int, int> selection() const { return mSelection; }
 
     /// The URL of a resource; stays until revokeResource().
     std::string resourceUrl(WResource& resource);
@@ -89,6 +92,7 @@ private:
     void handle(SessionEvent& event);
     void handleBrowserEvent(const boost::json::object& event);
     void deliver(const boost::json::object& event);
+    void takeFocus(const boost::json::object& event);
     void takeValues(const boost::json::object& event);
     void serveResource(const std::shared_ptr<ResourceExchange>& exchange);
     void handlePending();
@@ -114,6 +118,7 @@ private:
     std::shared_ptr<SessionLink> mLink; // to the mailbox, for I/O threads; made at the first resource request
     std::uint64_t mOrdinal = 0;         // of the mailbox's event being handled; 0: it came another way
     std::uint32_t mFocused = 0;
+    std::pair<int, int> mSelection{-1, -1};
     bool mQuitted = false;
 };
 
