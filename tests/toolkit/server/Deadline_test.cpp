@@ -28,8 +28,9 @@ protected:
 
 TEST_F(DeadlineTest, HalfARequestIsAnsweredAndClosed) {
     TestServer server;
-    const std::string form = "POST /wt-session/start HTTP/1.1\r\nHost: h\r\nOrigin: http://h\r\n"
-                             "Content-Length: 100\r\n";
+    const std::string form =
+        "POST /wt-session/start HTTP/1.1\r\nHost: localhost\r\nOrigin: http://localhost\r\n"
+        "Content-Length: 100\r\n";
     const struct {
         const char* what;
         std::string bytes;
@@ -39,7 +40,7 @@ TEST_F(DeadlineTest, HalfARequestIsAnsweredAndClosed) {
         {"half a header", "GET / HTTP/1.1\r\nHo", {408}},
         {"half a form", form + "\r\n{", {408}},
         {"a form that waits to be told to go on", form + "Expect: 100-continue\r\n\r\n", {100, 408}},
-        {"nothing after an answer", "GET / HTTP/1.1\r\nHost: h\r\n\r\n", {200}},
+        {"nothing after an answer", "GET / HTTP/1.1\r\nHost: localhost\r\n\r\n", {200}},
     };
     for (const auto& row : rows) {
         TestClient client(server.port());
@@ -69,7 +70,7 @@ TEST_F(DeadlineTest, ABrowserThatTakesNothingIsCutOff) {
     TestServer server(onlyOne);
     std::ofstream(server.docRoot() / "big.bin", std::ios::binary) << std::string(40'000'000, 'x');
     TestClient client(server.port());
-    client.send("GET /big.bin HTTP/1.1\r\nHost: h\r\n\r\n");
+    client.send("GET /big.bin HTTP/1.1\r\nHost: localhost\r\n\r\n");
     EXPECT_TRUE(answers(server));
     EXPECT_LT(client.readAnswer().body.size(), 40'000'000u);
 }

@@ -29,7 +29,10 @@ po::options_description describe(ServerConfig& config, std::string& docRoot, std
     po::options_description general("General options");
     general.add_options()("help,h", "print this and exit")("threads,t", into(config.threads),
                                                            "number of threads (default 4)")(
-        "servername", into(config.serverName), "name of this host in messages (default: the system's)")(
+        "host", po::value(&config.hostNames)->value_name("NAME"),
+        "name by which browsers may reach this server, beside its addresses, its own name and those of its "
+        "certificate; may be repeated")("servername", into(config.serverName),
+                                        "name of this host in messages (default: the system's)")(
         "docroot", into(docRoot),
         "folder of static files; \"DIR;/a,/b\": only /a and /b below it are served")(
         "approot", into(config.appRoot), "folder of the application's private files")(

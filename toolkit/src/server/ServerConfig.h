@@ -19,6 +19,7 @@ struct ServerConfig {
     std::string sessionIdPrefix;
     std::string pidFile;
     std::string serverName;
+    std::vector<std::string> hostNames; ///< further names under which browsers may ask
     std::string spoolFolder = "/tmp";
     bool compress = true;
     bool gdb = false;
