@@ -141,7 +141,7 @@ test('answers carry the security headers', async (t) => {
   for (const path of ['/', '/nothing', '/resources/msgs-general.xml']) {
     const { headers } = await fetch(new URL(path, system.address));
     const policy = headers.get('content-security-policy') ?? '';
-    assert.match(policy, /default-src 'self'/, path);
+    assert.match(policy, /default-src 'none'/, path);
     assert.doesNotMatch(policy, /unsafe/, path);
     assert.match(policy, /require-trusted-types-for 'script'/, path);
     assert.match(policy, /frame-ancestors 'none'/, path);

@@ -6,6 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <thread>
+
 #include <fstream>
 #include <memory>
 #include <stdexcept>
@@ -55,6 +58,7 @@ TEST_F(DeadlineTest, AnUploadThatStopsLeavesNothingInTheSpoolFolder) {
     Deadline::hurry(1);
     TestServer server;
     const TestPage page(server.port());
+    page.claim();
     Deadline::hurry(20);
     TestClient client(server.port());
     client.send("POST /wt-resource/" + page.session() + "/upload/x HTTP/1.1\r\nHost: 127.0.0.1:" +
@@ -63,6 +67,30 @@ TEST_F(DeadlineTest, AnUploadThatStopsLeavesNothingInTheSpoolFolder) {
                 "--XX\r\nContent-Disposition: form-data; name=\"f\"; filename=\"a\"\r\n\r\n" +
                 std::string(50'000, 'x'));
     EXPECT_EQ(client.readAnswer().status, 408);
+    EXPECT_TRUE(comesTrue([&] { return server.spooledFiles() == 0; }));
+}
+
+TEST_F(DeadlineTest, AnUploadThatTricklesIsEndedAlthoughItNeverPauses) {
+    Deadline::hurry(1);
+    TestServer server;
+    const TestPage page(server.port());
+    page.claim();
+    Deadline::hurry(20); // 1.5 s before the rate counts, 1 s between pieces
+    TestClient client(server.port());
+    client.send("POST /wt-resource/" + page.session() + "/upload/x HTTP/1.1\r\nHost: 127.0.0.1:" +
+                std::to_string(server.port()) + "\r\n" + page.cookieHeader() + page.originHeader() +
+                "Content-Type: multipart/form-data; boundary=XX\r\nContent-Length: 100000\r\n\r\n"
+                "--XX\r\nContent-Disposition: form-data; name=\"f\"; filename=\"a\"\r\n\r\n");
+    std::atomic<bool> answered = false;
+    std::thread trickle([&] {
+        for (int i = 0; i < 2000 && !answered; ++i) {
+            client.send("x");
+            std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        }
+    });
+    EXPECT_EQ(client.readAnswer().status, 408);
+    answered = true;
+    trickle.join();
     EXPECT_TRUE(comesTrue([&] { return server.spooledFiles() == 0; }));
 }
 

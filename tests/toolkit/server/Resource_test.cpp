@@ -12,6 +12,8 @@ protected:
     ResourceTest()
         : mServer([](ServerConfig& config) { config.maxRequestSize = 300'000; }), mPage(mServer.port()) {}
 
+    void SetUp() override { mPage.claim(); }
+
     std::string address(const std::string& key) const {
         return "/wt-resource/" + mPage.session() + "/" + key + "/name";
     }

@@ -87,6 +87,8 @@ Awaitable<void> route(HttpConnection& connection) {
         co_await connection.respond(std::move(*refusal));
         co_return;
     }
+    if (!connection.isOfUser() && site.sessions->isOfUser(request.cookie(connection.cookieName())))
+        connection.becomesUsers();
     if (!path) {
         co_await connection.respond(errorResponse(400));
         co_return;

@@ -37,8 +37,10 @@ struct ServerConfig {
     std::uint64_t maxRequestSize = kUploadBytes;
     std::size_t maxSessions = kSessions;
     std::size_t maxSessionsPerAddress = kSessionsPerAddress;
+    std::size_t maxAnonymousSessions = kAnonymousSessions;
     std::size_t maxConnections = kConnections;
     std::size_t maxConnectionsPerAddress = kConnectionsPerAddress;
+    std::size_t maxAnonymousConnectionsPerAddress = kAnonymousPerAddress;
 
     /// Both listeners are one socket whose first byte tells what is spoken.
     bool sharesPort() const {

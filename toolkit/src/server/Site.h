@@ -19,11 +19,14 @@ struct Site {
     Site(const ServerConfig& settings, std::vector<EntryPoint> entryPoints, HostFactory makeHost)
         : config(settings), base(settings.deployPath == "/" ? "" : settings.deployPath),
           entries(std::move(entryPoints)),
-          sessions(std::make_shared<SessionRegistry>(
-              SessionLimits{settings.maxSessions, settings.maxSessionsPerAddress}, std::move(makeHost))),
+          sessions(std::make_shared<SessionRegistry>(SessionLimits{settings.maxSessions,
+                                                                   settings.maxSessionsPerAddress,
+                                                                   settings.maxAnonymousSessions},
+                                                     std::move(makeHost))),
           files(settings.docRoot, settings.staticPaths, settings.compress), accessLog(settings.accessLog),
-          connections(settings.maxConnections, settings.maxConnectionsPerAddress), hosts(settings.hostNames) {
-    }
+          connections(settings.maxConnections, settings.maxConnectionsPerAddress,
+                      settings.maxAnonymousConnectionsPerAddress),
+          hosts(settings.hostNames) {}
 
     /// The entry point at a path, a trailing slash more or less; null if there is none.
     const EntryPoint* entryAt(const std::string& path) const;
