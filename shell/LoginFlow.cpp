@@ -100,6 +100,7 @@ void MirlApplication::loginButtonClickedHandler() {
         loginFailed();
         return;
     }
+    changeSessionId(); // what was known of this session before the login is worth nothing now
     sLoginLockoutTimeSec = 0;
     sLoginFailureCount = 0;
     mLoginDialog->clearFields();

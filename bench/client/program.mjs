@@ -12,6 +12,8 @@ export const OPEN_LIMITS = [
   '--max-connections-per-address=10000',
   '--max-sessions-per-address=3000',
   '--max-sessions=3000',
+  '--max-anonymous-sessions=3000',
+  '--max-anonymous-connections-per-address=10000',
 ];
 
 const folders = [];

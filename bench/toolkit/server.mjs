@@ -7,7 +7,7 @@ import { median, percentile, print, runFigures, timed } from '../client/figures.
 import { openMany, openPage } from '../client/load.mjs';
 import { OPEN_LIMITS, Program, build, sleep, tempFolder } from '../client/program.mjs';
 
-const GET = Buffer.from('GET / HTTP/1.1\r\nHost: h\r\n\r\n');
+const GET = Buffer.from('GET / HTTP/1.1\r\nHost: localhost\r\n\r\n');
 const FILE = 'style.css';
 const STATIC_MS = 4000;
 
@@ -73,7 +73,7 @@ runFigures({
 
   async static() {
     const server = await start('--threads=1');
-    const question = Buffer.from(`GET /${FILE} HTTP/1.1\r\nHost: h\r\n\r\n`);
+    const question = Buffer.from(`GET /${FILE} HTTP/1.1\r\nHost: localhost\r\n\r\n`);
     const size = await answerSize(server, question);
     const before = server.cpu();
     const end = performance.now() + STATIC_MS;

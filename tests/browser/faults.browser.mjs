@@ -1,6 +1,6 @@
 // What breaks at 3 a.m.: the service dies, the interface dies, the network goes away.
 import assert from 'node:assert/strict';
-import { connect } from 'node:net';
+import { connect } from 'node:tls';
 import { test } from './harness.mjs';
 import { field, login, mainTab, openDevices, rename, saveButton, selectReceiver, showRow } from './pages.mjs';
 import { System, until } from './system.mjs';
@@ -68,12 +68,12 @@ test('plain http on the same port arrives at https', async (t) => {
   await page.locator('.mirl-login-line-edit').first().waitFor();
 });
 
-/** Sends bytes over a plain connection and gives what came back until the server closed it.
+/** Sends bytes over TLS and gives what came back until the server closed it.
  * @param {number} port @param {string} bytes @returns {Promise<string>} */
 function raw(port, bytes) {
   return new Promise((resolve, reject) => {
     let answer = '';
-    const socket = connect(port, '127.0.0.1', () => socket.write(bytes));
+    const socket = connect({ port, host: '127.0.0.1', rejectUnauthorized: false }, () => socket.write(bytes));
     socket.setEncoding('latin1');
     socket.on('data', (data) => { answer += data; });
     socket.on('error', () => resolve(answer));
@@ -104,10 +104,11 @@ test('hostile requests get a clear status and harm no session', async (t) => {
     ['GET /' + 'a'.repeat(20000) + ' HTTP/1.1\r\n' + host + '\r\n', /^HTTP\/1\.1 4(14|31)/],
     ['GET / HTTP/1.1\r\nX: ' + 'b'.repeat(40000) + '\r\n\r\n', /^HTTP\/1\.1 431/],
     ['nonsense\r\n\r\n', /^HTTP\/1\.1 400/],
+    ['GET / HTTP/1.1\r\nHost: evil.example\r\n\r\n', /^HTTP\/1\.1 421/],
     [
       'POST /wt-session/start HTTP/1.1\r\n' +
         host +
-        `Origin: http://127.0.0.1:${system.port}\r\n` +
+        `Origin: https://127.0.0.1:${system.port}\r\n` +
         'Content-Length: 20971520\r\n\r\n' +
         'x'.repeat(100000),
       /^HTTP\/1\.1 413/,
@@ -140,7 +141,7 @@ test('answers carry the security headers', async (t) => {
   for (const path of ['/', '/nothing', '/resources/msgs-general.xml']) {
     const { headers } = await fetch(new URL(path, system.address));
     const policy = headers.get('content-security-policy') ?? '';
-    assert.match(policy, /default-src 'self'/, path);
+    assert.match(policy, /default-src 'none'/, path);
     assert.doesNotMatch(policy, /unsafe/, path);
     assert.match(policy, /require-trusted-types-for 'script'/, path);
     assert.match(policy, /frame-ancestors 'none'/, path);

@@ -107,6 +107,7 @@ export class Gallery {
         `--spool-folder=${this.spool}`,
         `--docroot=${this.folder};/favicon.ico`,
         '--accesslog=-',
+        '--max-anonymous-connections-per-address=200',
         ...this.args,
       ],
       { stdio: ['ignore', 'ignore', 'pipe'] }

@@ -25,6 +25,7 @@ test('a busy port, a folder that is no folder, words that are none', async (t) =
   const rows = [
     [['--port', String(port), '--data', join(folder, 'd')], /port \d+ is busy/],
     [['--data', join(folder, 'file')], /cannot be read and written/],
+    [['--host', 'a/b'], /--host takes a name without port/],
     [['--brand', 'nobody'], /brand 'nobody' unknown; use brenmor, calvex, dunmere, unknown/],
     [['--port', '70000'], /--port takes a number from 1 to 65535/],
     [['--devices', 'many'], /--devices takes a number/],

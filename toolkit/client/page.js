@@ -11,7 +11,8 @@ const LONGEST_TIMER_MS = 0x7fffffff;
 const STYLE_WAIT_MS = 1500; // the page stays invisible that long at most for its style sheets
 const RETRY_MS = 100;
 
-/** @typedef {{sendEvent(event: Object<string, any>, key?: string): void, keys: Map<string, number>}} Sender */
+/** @typedef {{sendEvent(event: Object<string, any>, key?: string): void, keys: Map<string, number>,
+ *   renew(): void}} Sender */
 
 export class Page {
   /** @param {Sender} transport */
@@ -133,6 +134,7 @@ export class Page {
       confirm: text => { this.confirmText = text; },
       go: url => { this.confirmText = ''; location.assign(url); },
       over: text => { document.title = text; },
+      renew: () => this.transport.renew(),
     };
   }
 

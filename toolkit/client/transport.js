@@ -27,6 +27,7 @@ const GONE_TEXT = new Map([
   ['expired', 'The session has expired.'],
   ['stopping', 'The server is stopping.'],
   ['overload', 'The session was ended because the connection could not keep up.'],
+  ['displaced', 'The page was not in use, and its place was needed.'],
   ['failed', 'The session was ended by an error.'],
 ]);
 
@@ -122,7 +123,7 @@ export class Transport {
   async openSession() {
     const body = { path: location.pathname, query: location.search.slice(1), width: innerWidth, height: innerHeight };
     try {
-      const answer = await this.post('wt-session/start', body, POLL_LIMIT_MS);
+      const answer = await alone(() => this.post('wt-session/start', body, POLL_LIMIT_MS));
       if (answer.ok) {
         const started = await answer.json();
         this.token = started.token;
@@ -135,6 +136,22 @@ export class Transport {
       this.notice.showBanner('No connection to the server. Trying again.');
     }
     this.retryLater(() => this.openSession());
+  }
+
+  /**
+   * The user has logged in: what page and browser knew before is worth nothing any more. Tells the new token to the
+   * server, which voids the old one by that.
+   */
+  async renew() {
+    try {
+      await alone(async () => {
+        const answer = await this.post('wt-session/renew', { token: this.token }, POLL_LIMIT_MS);
+        if (answer.status === 200) this.token = (await answer.json()).token;
+        if (answer.ok) await this.post('wt-session/renew', { token: this.token }, POLL_LIMIT_MS);
+      });
+    } catch {
+      if (!this.ended) setTimeout(() => this.renew(), HEARTBEAT_MS);
+    }
   }
 
   sayBye() {
@@ -392,4 +409,13 @@ const encoder = new TextEncoder();
 /** @param {any} value @returns {number} of its JSON in UTF-8 */
 function byteSize(value) {
   return encoder.encode(JSON.stringify(value)).length;
+}
+
+/**
+ * Runs one at a time in all pages of the browser, which share a cookie: of two new ones only the last would be kept.
+ * Browsers have locks for pages over TLS, and for this machine's own.
+ * @template T @param {() => Promise<T>} work @returns {Promise<T>}
+ */
+function alone(work) {
+  return navigator.locks ? navigator.locks.request('wt-session', work) : work();
 }

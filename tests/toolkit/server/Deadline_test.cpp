@@ -6,6 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <thread>
+
 #include <fstream>
 #include <memory>
 #include <stdexcept>
@@ -28,8 +31,9 @@ protected:
 
 TEST_F(DeadlineTest, HalfARequestIsAnsweredAndClosed) {
     TestServer server;
-    const std::string form = "POST /wt-session/start HTTP/1.1\r\nHost: h\r\nOrigin: http://h\r\n"
-                             "Content-Length: 100\r\n";
+    const std::string form =
+        "POST /wt-session/start HTTP/1.1\r\nHost: localhost\r\nOrigin: http://localhost\r\n"
+        "Content-Length: 100\r\n";
     const struct {
         const char* what;
         std::string bytes;
@@ -39,7 +43,7 @@ TEST_F(DeadlineTest, HalfARequestIsAnsweredAndClosed) {
         {"half a header", "GET / HTTP/1.1\r\nHo", {408}},
         {"half a form", form + "\r\n{", {408}},
         {"a form that waits to be told to go on", form + "Expect: 100-continue\r\n\r\n", {100, 408}},
-        {"nothing after an answer", "GET / HTTP/1.1\r\nHost: h\r\n\r\n", {200}},
+        {"nothing after an answer", "GET / HTTP/1.1\r\nHost: localhost\r\n\r\n", {200}},
     };
     for (const auto& row : rows) {
         TestClient client(server.port());
@@ -54,6 +58,7 @@ TEST_F(DeadlineTest, AnUploadThatStopsLeavesNothingInTheSpoolFolder) {
     Deadline::hurry(1);
     TestServer server;
     const TestPage page(server.port());
+    page.claim();
     Deadline::hurry(20);
     TestClient client(server.port());
     client.send("POST /wt-resource/" + page.session() + "/upload/x HTTP/1.1\r\nHost: 127.0.0.1:" +
@@ -65,11 +70,35 @@ TEST_F(DeadlineTest, AnUploadThatStopsLeavesNothingInTheSpoolFolder) {
     EXPECT_TRUE(comesTrue([&] { return server.spooledFiles() == 0; }));
 }
 
+TEST_F(DeadlineTest, AnUploadThatTricklesIsEndedAlthoughItNeverPauses) {
+    Deadline::hurry(1);
+    TestServer server;
+    const TestPage page(server.port());
+    page.claim();
+    Deadline::hurry(20); // 1.5 s before the rate counts, 1 s between pieces
+    TestClient client(server.port());
+    client.send("POST /wt-resource/" + page.session() + "/upload/x HTTP/1.1\r\nHost: 127.0.0.1:" +
+                std::to_string(server.port()) + "\r\n" + page.cookieHeader() + page.originHeader() +
+                "Content-Type: multipart/form-data; boundary=XX\r\nContent-Length: 100000\r\n\r\n"
+                "--XX\r\nContent-Disposition: form-data; name=\"f\"; filename=\"a\"\r\n\r\n");
+    std::atomic<bool> answered = false;
+    std::thread trickle([&] {
+        for (int i = 0; i < 2000 && !answered; ++i) {
+            client.send("x");
+            std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        }
+    });
+    EXPECT_EQ(client.readAnswer().status, 408);
+    answered = true;
+    trickle.join();
+    EXPECT_TRUE(comesTrue([&] { return server.spooledFiles() == 0; }));
+}
+
 TEST_F(DeadlineTest, ABrowserThatTakesNothingIsCutOff) {
     TestServer server(onlyOne);
     std::ofstream(server.docRoot() / "big.bin", std::ios::binary) << std::string(40'000'000, 'x');
     TestClient client(server.port());
-    client.send("GET /big.bin HTTP/1.1\r\nHost: h\r\n\r\n");
+    client.send("GET /big.bin HTTP/1.1\r\nHost: localhost\r\n\r\n");
     EXPECT_TRUE(answers(server));
     EXPECT_LT(client.readAnswer().body.size(), 40'000'000u);
 }

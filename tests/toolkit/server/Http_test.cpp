@@ -74,7 +74,7 @@ TEST(Http, AnswersWithTheRightStatusAndAlwaysWithTheSecurityHeaders) {
     EXPECT_EQ(ask(server.port(), "GET", "/" + std::string(kTargetBytes, 'x')).status, 414);
     const std::string policy = ask(server.port(), "GET", "/nothing").headers["content-security-policy"];
     for (const char* rule :
-         {"default-src 'self'", "frame-ancestors 'none'", "require-trusted-types-for 'script'"})
+         {"default-src 'none'", "frame-ancestors 'none'", "require-trusted-types-for 'script'"})
         EXPECT_NE(policy.find(rule), std::string::npos) << rule;
     EXPECT_EQ(policy.find("unsafe"), std::string::npos);
 }
@@ -110,8 +110,9 @@ TEST(Http, KeepsConnectionsAliveAndAnswersPipelinedRequestsInOrder) {
     TestServer server;
     std::ofstream(server.docRoot() / "a.txt") << "hello";
     TestClient client(server.port());
-    client.send("GET /a.txt HTTP/1.1\r\nHost: h\r\n\r\nHEAD /a.txt HTTP/1.1\r\nHost: h\r\n\r\nGET /b "
-                "HTTP/1.1\r\nHost: h\r\n\r\n");
+    client.send(
+        "GET /a.txt HTTP/1.1\r\nHost: localhost\r\n\r\nHEAD /a.txt HTTP/1.1\r\nHost: localhost\r\n\r\nGET /b "
+        "HTTP/1.1\r\nHost: localhost\r\n\r\n");
     EXPECT_EQ(client.readAnswer().body, "hello");
     const Answer head = client.readAnswer(true);
     EXPECT_EQ(head.headers.at("content-length"), "5");
@@ -125,7 +126,7 @@ TEST(Http, ABodyThatNobodyReadsIsNotTakenForARequest) {
     TestServer server;
     TestClient client(server.port());
     client.send(
-        "POST /nothing HTTP/1.1\r\nHost: h\r\nContent-Length: 40\r\n\r\nGET / HTTP/1.1\r\nHost: h\r\n\r\n");
+        "POST /nothing HTTP/1.1\r\nHost: localhost\r\nContent-Length: 40\r\n\r\nGET / HTTP/1.1\r\nHost: localhost\r\n\r\n");
     EXPECT_EQ(client.readAnswer().status, 405);
     EXPECT_EQ(client.readAnswer().status, 0);
 }
@@ -143,12 +144,12 @@ TEST(Http, MoreConnectionsThanAllowedAreClosedAndTheOthersLive) {
     std::vector<std::unique_ptr<TestClient>> clients;
     for (int i = 0; i < 3; ++i) {
         clients.push_back(std::make_unique<TestClient>(server.port()));
-        clients.back()->send("GET / HTTP/1.1\r\nHost: h\r\n\r\n");
+        clients.back()->send("GET / HTTP/1.1\r\nHost: localhost\r\n\r\n");
         EXPECT_EQ(clients.back()->readAnswer().status, 200);
     }
     TestClient fourth(server.port());
     EXPECT_TRUE(fourth.isClosed());
-    clients.front()->send("GET / HTTP/1.1\r\nHost: h\r\n\r\n");
+    clients.front()->send("GET / HTTP/1.1\r\nHost: localhost\r\n\r\n");
     EXPECT_EQ(clients.front()->readAnswer().status, 200);
     clients.pop_back();
     EXPECT_TRUE(comesTrue([&] { return ask(server.port(), "GET", "/").status == 200; }));
@@ -164,11 +165,11 @@ TEST(Http, ConnectionsThatAreCutLeaveNothingBehind) {
     const char* wanted = std::getenv("MIRL_CUTS");
     const int cuts = wanted ? std::atoi(wanted) : 300;
     TestServer server([](ServerConfig& config) { config.maxConnectionsPerAddress = 20; });
-    const std::string origin = "Host: h\r\nOrigin: http://h\r\n";
+    const std::string origin = "Host: localhost\r\nOrigin: http://localhost\r\n";
     const std::string beginnings[] = {"",
                                       "G",
                                       "GET / HTTP/1.1\r\nHo",
-                                      "GET / HTTP/1.1\r\nHost: h\r\n\r\n",
+                                      "GET / HTTP/1.1\r\nHost: localhost\r\n\r\n",
                                       "POST /wt-session/start HTTP/1.1\r\n" + origin +
                                           "Content-Length: 100\r\n\r\n{",
                                       "\x16\x03\x01"};

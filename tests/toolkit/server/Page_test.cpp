@@ -212,16 +212,103 @@ TEST(Page, StoppingTheServerTellsThePages) {
 }
 
 TEST(Page, SessionsAreLimitedByAddressAndInAll) {
+    const auto isGone = [](const TestPage& page) {
+        return page.post("/wt-session/poll", R"({"hello":")" + page.token() + R"("})").body.find("gone") !=
+               std::string::npos;
+    };
     TestServer server([](ServerConfig& config) { config.maxSessionsPerAddress = 2; });
     const TestPage first(server.port());
     const TestPage second(server.port());
-    EXPECT_EQ(TestPage(server.port()).status(), 429);
-    first.post("/wt-session/bye", R"({"token":")" + first.token() + R"("})");
+    const TestPage third(server.port()); // the oldest that nobody uses makes room
+    EXPECT_TRUE(isGone(first));
+    second.logIn();
+    third.logIn();
+    EXPECT_TRUE(comesTrue([&] { return TestPage(server.port()).status() == 429; })); // users do not
+    second.post("/wt-session/bye", R"({"token":")" + second.token() + R"("})");
     EXPECT_TRUE(comesTrue([&] { return TestPage(server.port()).status() == 200; }));
+    EXPECT_FALSE(isGone(third));
 
     TestServer small([](ServerConfig& config) { config.maxSessions = 1; });
+    const TestPage waiting(small.port());
     const TestPage only(small.port());
-    EXPECT_EQ(TestPage(small.port()).status(), 503);
+    only.logIn();
+    EXPECT_TRUE(comesTrue([&] { return TestPage(small.port()).status() == 503; }));
+}
+
+TEST(Page, ALoginRenewsCookieAndToken) {
+    TestServer server;
+    const TestPage page(server.port());
+    const TestPage sibling(server.port(), page.cookie()); // of the same browser
+    sibling.claim();
+    const auto renew = [&](const std::string& token, const std::string& cookie) {
+        return ask(server.port(), "POST", "/wt-session/renew",
+                   page.originHeader() + "Cookie: session" + std::to_string(server.port()) + "=" + cookie +
+                       "\r\n",
+                   R"({"token":")" + token + R"("})");
+    };
+    const auto knows = [&](const std::string& token, const std::string& cookie) {
+        return ask(server.port(), "POST", "/wt-session/poll",
+                   page.originHeader() + "Cookie: session" + std::to_string(server.port()) + "=" + cookie +
+                       "\r\n",
+                   R"({"hello":")" + token + R"(","m":[{"n":2,"e":[{"k":"echo","x":1}]}]})")
+                   .body.find("gone") == std::string::npos;
+    };
+    EXPECT_EQ(renew(page.token(), page.cookie()).status, 403); // nobody has logged in
+    page.logIn();
+    Answer answer;
+    EXPECT_TRUE(comesTrue([&] { return (answer = renew(page.token(), page.cookie())).status == 200; }));
+    const std::string token(json::parse(answer.body).at("token").as_string());
+    const std::string& set = answer.headers.at("set-cookie");
+    const std::string cookie = set.substr(set.find('=') + 1, set.find(';') - set.find('=') - 1);
+    EXPECT_NE(token, page.token());
+    EXPECT_NE(cookie, page.cookie());
+    EXPECT_NE(set.find("HttpOnly"), std::string::npos);
+    // Until the page has shown the new token the old ones are good: the answer may have been lost.
+    EXPECT_TRUE(knows(page.token(), page.cookie()));
+    EXPECT_TRUE(knows(page.token(), cookie));
+    EXPECT_EQ(renew(token, page.cookie()).status, 204);
+    EXPECT_FALSE(knows(page.token(), page.cookie()));
+    EXPECT_FALSE(knows(page.token(), cookie));
+    EXPECT_FALSE(knows(token, page.cookie()));
+    EXPECT_TRUE(knows(token, cookie));
+    EXPECT_TRUE(knows(sibling.token(), cookie)); // its browser has the new cookie alone
+    EXPECT_EQ(renew(token, cookie).status, 403); // once for each login
+    EXPECT_EQ(TestPage(server.port(), page.cookie()).cookie() == page.cookie(), false);
+    EXPECT_EQ(TestPage(server.port(), cookie).cookie(), cookie);
+}
+
+TEST(Page, ConnectionsWithoutAUserAreFew) {
+    TestServer server([](ServerConfig& config) { config.maxAnonymousConnectionsPerAddress = 4; });
+    const TestPage page(server.port());
+    TestClient first(server.port());
+    page.connect(first);
+    ASSERT_NE(first.readText(), "");
+    std::vector<std::unique_ptr<TestClient>> idle;
+    for (int i = 0; i < 3; ++i) {
+        idle.push_back(std::make_unique<TestClient>(server.port()));
+        idle.back()->send("GET /x HTTP/1.1\r\nHost: localhost\r\n"); // keeps it
+    }
+    EXPECT_TRUE(TestClient(server.port()).isClosed());
+    first.sendText(R"({"n":1,"e":[{"k":"login"},{"k":"echo","x":1}]})");
+    EXPECT_TRUE(comesTrue([&] {
+        first.sendText(R"({"ack":0})");
+        return ask(server.port(), "GET", "/").status == 200;
+    }));
+}
+
+TEST(Page, TooManyEventsEndTheConnection) {
+    TestServer server;
+    const TestPage page(server.port());
+    TestClient client(server.port());
+    page.connect(client);
+    std::string list = "{}";
+    for (std::size_t i = 1; i < kEventsPerMessage; ++i) list += ",{}";
+    const int enough = static_cast<int>(kEventBurst * 2 / kEventsPerMessage);
+    for (int i = 1; i <= enough; ++i)
+        client.sendText("{\"n\":" + std::to_string(i) + ",\"e\":[" + list + "]}");
+    std::string text = client.readText();
+    while (!text.empty() && !text.starts_with("close")) text = client.readText();
+    EXPECT_EQ(text, "close 1008");
 }
 
 TEST(Page, PlainHttpCarriesTheSameExchange) {

@@ -12,6 +12,8 @@ protected:
     ResourceTest()
         : mServer([](ServerConfig& config) { config.maxRequestSize = 300'000; }), mPage(mServer.port()) {}
 
+    void SetUp() override { mPage.claim(); }
+
     std::string address(const std::string& key) const {
         return "/wt-resource/" + mPage.session() + "/" + key + "/name";
     }
@@ -56,7 +58,8 @@ TEST_F(ResourceTest, StreamsInPiecesAsTheBrowserTakesThem) {
     // A browser that goes away in the middle harms nobody.
     for (int i = 0; i < 5; ++i) {
         TestClient client(mServer.port());
-        client.send("GET " + address("stream") + " HTTP/1.1\r\nHost: h\r\n" + mPage.cookieHeader() + "\r\n");
+        client.send("GET " + address("stream") + " HTTP/1.1\r\nHost: localhost\r\n" + mPage.cookieHeader() +
+                    "\r\n");
         client.readAnswer(true);
         client.cut();
     }
@@ -120,7 +123,8 @@ TEST_F(ResourceTest, TheSessionLearnsOfAnUploadThatIsTooLarge) {
 
 TEST_F(ResourceTest, ASessionsEndAnswersWhatWaits) {
     TestClient waiting(mServer.port());
-    waiting.send("GET " + address("hold") + " HTTP/1.1\r\nHost: h\r\n" + mPage.cookieHeader() + "\r\n");
+    waiting.send("GET " + address("hold") + " HTTP/1.1\r\nHost: localhost\r\n" + mPage.cookieHeader() +
+                 "\r\n");
     get("hello"); // behind it
     mPage.post("/wt-session/bye", R"({"token":")" + mPage.token() + R"("})");
     const int status = waiting.readAnswer().status;

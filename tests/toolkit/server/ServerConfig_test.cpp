@@ -78,7 +78,7 @@ TEST(AccessLog, KeepsSecretsAndForgeriesOut) {
 
 TEST(AddressCounter, CountsOneAddressAndAll) {
     const auto ip = [](const char* text) { return boost::asio::ip::make_address(text); };
-    AddressCounter counter(5, 2);
+    AddressCounter counter(5, 2, 2);
     EXPECT_TRUE(counter.enter(ip("10.0.0.1")));
     EXPECT_TRUE(counter.enter(ip("::ffff:10.0.0.1")));
     EXPECT_FALSE(counter.enter(ip("10.0.0.1")));
@@ -87,9 +87,33 @@ TEST(AddressCounter, CountsOneAddressAndAll) {
     EXPECT_FALSE(counter.enter(ip("2001:db8::3"))); // the same network
     EXPECT_TRUE(counter.enter(ip("10.0.0.2")));
     EXPECT_FALSE(counter.enter(ip("10.0.0.3"))); // five in all
-    counter.leave(ip("10.0.0.1"));
+    counter.leave(ip("10.0.0.1"), false);
     EXPECT_TRUE(counter.enter(ip("10.0.0.1")));
     EXPECT_EQ(counter.count(), 5u);
+}
+
+TEST(AddressCounter, WhoHasNoUserHasAShareOfItsOwn) {
+    const auto one = boost::asio::ip::make_address("10.0.0.1");
+    AddressCounter counter(100, 6, 4);
+    for (int i = 0; i < 2; ++i) EXPECT_TRUE(counter.enter(one));
+    EXPECT_FALSE(counter.isCrowded(one));
+    for (int i = 0; i < 2; ++i) EXPECT_TRUE(counter.enter(one));
+    EXPECT_TRUE(counter.isCrowded(one));
+    EXPECT_FALSE(counter.enter(one));
+    EXPECT_TRUE(counter.enter(boost::asio::ip::make_address("10.0.0.2")));
+    counter.recognise(one);
+    EXPECT_TRUE(counter.enter(one)); // 4 without a user, 1 with
+    EXPECT_FALSE(counter.enter(one));
+    counter.leave(one, true);
+    EXPECT_FALSE(counter.enter(one));
+    counter.leave(one, false);
+    EXPECT_TRUE(counter.enter(one));
+    EXPECT_EQ(AddressCounter::networkOf(one), "10.0.0.1");
+    EXPECT_EQ(AddressCounter::networkOf(boost::asio::ip::make_address("::ffff:10.0.0.1")), "10.0.0.1");
+    EXPECT_EQ(AddressCounter::networkOf(boost::asio::ip::make_address("2001:db8:1:2:3::4")),
+              AddressCounter::networkOf(boost::asio::ip::make_address("2001:db8:1:2::9")));
+    EXPECT_NE(AddressCounter::networkOf(boost::asio::ip::make_address("2001:db8:1:3::4")),
+              AddressCounter::networkOf(boost::asio::ip::make_address("2001:db8:1:2::4")));
 }
 
 } // namespace

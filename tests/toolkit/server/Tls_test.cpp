@@ -9,6 +9,8 @@
 #include <array>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
+#include <fstream>
 
 namespace Wt::Impl {
 namespace {
@@ -46,10 +48,57 @@ protected:
     std::string mFolder;
 };
 
+TEST_F(TlsTest, PlainRequestsAreSentOnAndGetNothingElse) {
+    TestServer server([this](ServerConfig& config) { bothOnOnePort(config); });
+    std::ofstream(server.docRoot() / "a.txt") << "hello";
+    const std::string port = std::to_string(server.port());
+    const std::string own = "Origin: http://127.0.0.1:" + port + "\r\n";
+    const struct {
+        const char* method;
+        const char* target;
+        std::string headers, body;
+    } rows[] = {
+        {"GET", "/", "", ""},
+        {"GET", "/a.txt?b=c&d=%20", "", ""},
+        {"HEAD", "/a.txt", "", ""},
+        {"POST", "/wt-session/start", own, "{\"path\":\"/\"}"},
+        {"GET", "/wt-session/ws", own + "Cookie: session=x\r\nConnection: Upgrade\r\nUpgrade: websocket\r\n",
+         ""},
+        {"DELETE", "/x", "", ""},
+        {"GET", "/%2e%2e/etc/passwd", "", ""},
+    };
+    for (const auto& row : rows) {
+        const Answer answer = ask(server.port(), row.method, row.target, row.headers, row.body);
+        EXPECT_EQ(answer.status, 308) << row.method << " " << row.target;
+        EXPECT_EQ(answer.headers.at("location"), "https://127.0.0.1:" + port + row.target);
+        EXPECT_EQ(answer.headers.at("connection"), "close");
+        EXPECT_EQ(answer.headers.count("set-cookie"), 0u);
+        EXPECT_EQ(answer.headers.count("strict-transport-security"), 0u); // RFC 6797 7.2
+        EXPECT_EQ(answer.body, "");
+    }
+    EXPECT_EQ(server.sessions().size(), 0u);
+    TestClient foreign(server.port()); // nobody is sent on to another's name
+    foreign.send("GET / HTTP/1.1\r\nHost: evil.example\r\n\r\n");
+    EXPECT_EQ(foreign.readAnswer().status, 421);
+    TestClient nameless(server.port());
+    nameless.send("GET / HTTP/1.0\r\n\r\n");
+    EXPECT_EQ(nameless.readAnswer().status, 400);
+}
+
+TEST_F(TlsTest, APlainListenerOfItsOwnNamesThePortOfTls) {
+    TestServer server([this](ServerConfig& config) {
+        bothOnOnePort(config);
+        config.httpsAddress = "127.0.0.2";
+    });
+    const std::string location = ask(server.port(), "GET", "/x").headers["location"];
+    EXPECT_TRUE(location.starts_with("https://127.0.0.1:")) << location;
+    EXPECT_TRUE(location.ends_with("/x")) << location;
+    EXPECT_NE(location, "https://127.0.0.1:" + std::to_string(server.port()) + "/x");
+}
+
 TEST_F(TlsTest, OnePortSpeaksBothAndTlsHasItsOwnHeaders) {
     TestServer server([this](ServerConfig& config) { bothOnOnePort(config); });
     const std::string port = std::to_string(server.port());
-    EXPECT_EQ(ask(server.port(), "GET", "/").status, 200);
     const std::string url = "https://127.0.0.1:" + port;
     EXPECT_NE(run("curl -skim 10 " + url + "/").find("Strict-Transport-Security: max-age="),
               std::string::npos);
@@ -79,7 +128,7 @@ TEST_F(TlsTest, OnePortSpeaksBothAndTlsHasItsOwnHeaders) {
     TestClient broken(server.port());
     broken.send(std::string("\x16\x03\x01\x00\x05hello", 10));
     EXPECT_EQ(broken.readAnswer().status, 0);
-    EXPECT_EQ(ask(server.port(), "GET", "/").status, 200);
+    EXPECT_EQ(ask(server.port(), "GET", "/").status, 308);
 }
 
 TEST_F(TlsTest, WhatCanNotBeUsedIsNamed) {

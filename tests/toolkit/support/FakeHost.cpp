@@ -60,6 +60,7 @@ private:
 
     // True leaves the loop.
     bool handle(const json::object& event) {
+        if (!event.contains("k")) return false;
         const std::string kind(event.at("k").as_string());
         if (kind == "echo") mSink.send(json::serialize(json::array{json::array{"echo", event.at("x")}}));
         if (kind == "sleep")
@@ -67,6 +68,7 @@ private:
         if (kind == "flood")
             mSink.send("[[\"flood\",\"" +
                        std::string(static_cast<std::size_t>(event.at("bytes").as_int64()), 'x') + "\"]]");
+        if (kind == "login") mSink.recognised();
         if (kind == "throw") throw std::runtime_error("as asked");
         if (kind == "nest") {
             mSink.send("[[\"nested\"]]");

@@ -8,7 +8,7 @@ namespace Wt::Impl {
 
 /// A session without widgets, told what to do by its events: {"k":"echo","x":…} answers [["echo",…]]; "nest"
 /// and "unnest" enter and leave a nested loop; "sleep" with "ms"; "flood" with "bytes" sends that much;
-/// "throw"; "quit" finishes with [["bye"]]. Resources: "KEY" of the address decides, see FakeHost.cpp.
+/// "login" recognises the user; "throw"; "quit" finishes with [["bye"]]. Resources: "KEY" of the address decides, see FakeHost.cpp.
 std::unique_ptr<SessionHost> makeFakeHost(const StartRequest& start, Mailbox& mailbox, PageSink& sink,
                                           const std::string& resourceBase);
 

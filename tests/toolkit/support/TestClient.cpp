@@ -162,7 +162,8 @@ TestPage::TestPage(int port, const std::string& cookie) : mPort(port), mCookie(c
     mToken = started.at("token").as_string();
     mSession = started.at("session").as_string();
     const std::string& setCookie = answer.headers.at("set-cookie");
-    mCookie = setCookie.substr(8, setCookie.find(';') - 8); // behind "session="
+    const std::size_t begin = setCookie.find('=') + 1;
+    mCookie = setCookie.substr(begin, setCookie.find(';') - begin);
 }
 
 std::string TestPage::originHeader() const {
@@ -171,6 +172,15 @@ std::string TestPage::originHeader() const {
 
 Answer TestPage::post(const std::string& path, const std::string& body, const std::string& type) const {
     return ask(mPort, "POST", path, originHeader() + cookieHeader() + "Content-Type: " + type + "\r\n", body);
+}
+
+void TestPage::claim() const {
+    post("/wt-session/poll", R"({"hello":")" + mToken + R"("})");
+}
+
+void TestPage::logIn() const {
+    post("/wt-session/poll",
+         R"({"hello":")" + mToken + R"(","m":[{"n":1,"e":[{"k":"login"},{"k":"echo","x":"in"}]}]})");
 }
 
 void TestPage::connect(TestClient& client, int ack) const {

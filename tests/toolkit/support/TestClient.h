@@ -59,11 +59,17 @@ public:
     const std::string& cookie() const { return mCookie; }
     const std::string& session() const { return mSession; }
     int status() const { return mStatus; }
-    std::string cookieHeader() const { return "Cookie: session=" + mCookie + "\r\n"; }
+    std::string cookieHeader() const {
+        return "Cookie: session" + std::to_string(mPort) + "=" + mCookie + "\r\n";
+    }
     std::string originHeader() const;
 
     /// Opens the WebSocket and says hello.
     void connect(TestClient& client, int ack = 0) const;
+    /// Says hello by a poll: the session's thread runs from now on.
+    void claim() const;
+    /// Has the session recognise its user, by a poll; its first message.
+    void logIn() const;
     Answer post(const std::string& path, const std::string& body,
                 const std::string& type = "application/json") const;
 

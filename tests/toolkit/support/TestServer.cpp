@@ -24,6 +24,7 @@ TestServer::TestServer(const std::function<void(ServerConfig&)>& adjust) : mCore
     config.accessLog = "-";
     config.httpAddress = "127.0.0.1";
     config.httpPort = 0;
+    config.maxAnonymousConnectionsPerAddress = 1000;
     if (adjust) adjust(config);
     mCore.entries.push_back({"/", {}, "/favicon.ico"});
     mCore.start();

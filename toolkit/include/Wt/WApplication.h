@@ -82,6 +82,10 @@ public:
     /// Ends the session after the current event.
     virtual void quit();
     virtual void quit(const WString& restartMessage);
+    /// To be called when the user has been recognised, at every login: the secrets that browser and page had
+    /// before the login are replaced, and the session counts as a user's from now on (docs/toolkit-server.md). Its
+    /// public name, sessionId(), is no secret and stays, so that logs and WServer::post() go on.
+    void changeSessionId();
     /// Sends what has changed and handles the events that wait, without waiting for more.
     void processEvents();
     /// Handles events until one arrived. Ends by an exception of the toolkit when the session ends.

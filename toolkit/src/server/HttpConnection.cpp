@@ -33,12 +33,21 @@ HttpConnection::HttpConnection(Site& site, Socket socket, asio::ip::address addr
       }) {}
 
 HttpConnection::~HttpConnection() {
-    mSite.connections.leave(mAddress);
+    mSite.connections.leave(mAddress, mOfUser);
+}
+
+void HttpConnection::becomesUsers() {
+    if (mOfUser) return;
+    mOfUser = true;
+    mSite.connections.recognise(mAddress);
 }
 
 Awaitable<void> HttpConnection::run(Speaks speaks, asio::ssl::context* tls) {
     const bool speaksHttp = co_await greet(speaks, tls);
     if (!speaksHttp) co_return;
+    error_code gone;
+    mCookieName = mStream.tls() ? "__Host-session"
+                                : "session" + std::to_string(mStream.socket().local_endpoint(gone).port());
     while (!mEnding) {
         mParser.reset();
         const bool asked = co_await readHead();
@@ -174,7 +183,8 @@ Awaitable<bool> HttpConnection::send(std::string_view bytes) {
 }
 
 bool HttpConnection::keepsAlive(const HttpResponse& response) const {
-    return mHeadRead && request().keepAlive && !response.close && !mEnding && !mRefused;
+    if (!mHeadRead || !request().keepAlive || response.close || mEnding || mRefused) return false;
+    return mOfUser || !mSite.connections.isCrowded(mAddress);
 }
 
 Awaitable<std::optional<std::string>> HttpConnection::readForm(std::size_t limit) {
@@ -196,6 +206,7 @@ Awaitable<int> HttpConnection::readBody(std::uint64_t limit, std::chrono::steady
     if (!mParser.allowBody(limit)) co_return 413;
     if (request().header("expect") == "100-continue") co_await send("HTTP/1.1 100 Continue\r\n\r\n");
     if (perPiece == kNoStall) mDeadline.in(kFormDeadline);
+    const auto began = std::chrono::steady_clock::now();
 
     std::uint64_t taken = 0;
     while (!mParser.bodyDone()) {
@@ -207,7 +218,13 @@ Awaitable<int> HttpConnection::readBody(std::uint64_t limit, std::chrono::steady
         if (const int refusal = piece.empty() ? 0 : take(piece); refusal != 0) co_return refusal;
         mInput.consume(used);
         if (used != 0) continue;
-        if (perPiece != kNoStall) mDeadline.in(perPiece);
+        if (perPiece != kNoStall) {
+            const std::chrono::duration<double> spent = std::chrono::steady_clock::now() - began;
+            const double earned = static_cast<double>(taken) / kUploadLeastRate;
+            if (spent > Deadline::hurried(kUploadGrace) + std::chrono::duration<double>(earned))
+                co_return 408;
+            mDeadline.in(perPiece);
+        }
         const bool more = co_await fill(kBodyBuffer);
         if (!more) {
             if (mTimedOut) co_return 408;

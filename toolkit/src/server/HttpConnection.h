@@ -1,5 +1,6 @@
 #pragma once
 
+#include "server/AddressCounter.h"
 #include "server/Deadline.h"
 #include "server/HttpResponse.h"
 #include "server/InBuffer.h"
@@ -33,8 +34,10 @@ public:
     Deadline& deadline() { return mDeadline; }
     const HttpRequest& request() const { return mParser.request(); }
     std::string clientAddress() const { return mAddress.to_string(); }
+    std::string clientNetwork() const { return AddressCounter::networkOf(mAddress); }
     const char* scheme() const { return mStream.tls() ? "https" : "http"; }
-    const char* cookieName() const { return mStream.tls() ? "__Host-session" : "session"; }
+    /// Over plain HTTP with the port: the servers of a machine share their cookies.
+    const std::string& cookieName() const { return mCookieName; }
 
     /// Sends an answer as a whole.
     Awaitable<void> respond(HttpResponse response);
@@ -65,6 +68,10 @@ public:
     /// The bytes that came behind the request, for whoever takes the connection over.
     InBuffer& input() { return mInput; }
 
+    /// A user's browser is at its other end: it counts with those of users.
+    void becomesUsers();
+    bool isOfUser() const { return mOfUser; }
+
     /// No further request on this connection.
     void end() { mEnding = true; }
 
@@ -80,12 +87,14 @@ private:
     Site& mSite;
     Stream mStream;
     const asio::ip::address mAddress;
+    std::string mCookieName;
     Deadline mDeadline;
     RequestParser mParser;
     InBuffer mInput;
     bool mTimedOut = false; ///< the deadline cancelled an operation
     bool mHeadRead = false; ///< request() is one
     bool mEnding = false;
+    bool mOfUser = false;
     bool mRefused = false; ///< bytes may still be coming that nobody will read
 };
 

@@ -27,6 +27,7 @@ constexpr StatusRow kStatuses[] = {
     {303, "303 See Other", ""},
     {304, "304 Not Modified", ""},
     {307, "307 Temporary Redirect", ""},
+    {308, "308 Permanent Redirect", ""},
     {400, "400 Bad Request", "The request is malformed."},
     {401, "401 Unauthorized", "Authentication is required."},
     {403, "403 Forbidden", "The request was refused."},
@@ -39,6 +40,7 @@ constexpr StatusRow kStatuses[] = {
     {414, "414 URI Too Long", "The address is longer than allowed."},
     {415, "415 Unsupported Media Type", "The request's content type is not accepted."},
     {416, "416 Range Not Satisfiable", "The range lies outside of the content."},
+    {421, "421 Misdirected Request", "The server is not known under this name."},
     {426, "426 Upgrade Required", "This address speaks WebSocket only."},
     {429, "429 Too Many Requests", "Too much at once from this address. Try again later."},
     {431, "431 Request Header Fields Too Large", "The request's header is larger than allowed."},
@@ -55,11 +57,12 @@ const StatusRow& rowOf(int status) {
     return row != std::end(kStatuses) ? *row : rowOf(500);
 }
 
-// Nothing from outside, nothing inline, no frames; scripts can't turn text into markup (Trusted Types).
-// 'data:' images: small icons in the style sheets.
+// Nothing but what a page needs, of our own, nothing inline, no frames; scripts can't turn text into markup (Trusted
+// Types). 'data:' images: small icons in the style sheets.
 constexpr std::string_view kSecurity =
-    "Content-Security-Policy: default-src 'self'; img-src 'self' data:; object-src 'none'; base-uri 'none'; "
-    "form-action 'self'; frame-ancestors 'none'; require-trusted-types-for 'script'; trusted-types 'none'\r\n"
+    "Content-Security-Policy: default-src 'none'; script-src 'self'; style-src 'self'; img-src 'self' data:; "
+    "font-src 'self'; connect-src 'self'; form-action 'none'; base-uri 'none'; frame-ancestors 'none'; "
+    "require-trusted-types-for 'script'; trusted-types 'none'\r\n"
     "X-Content-Type-Options: nosniff\r\n"
     "X-Frame-Options: DENY\r\n"
     "Referrer-Policy: no-referrer\r\n"

@@ -10,6 +10,44 @@
 
 namespace Wt::Impl {
 
+namespace {
+
+bool isDigits(std::string_view text) {
+    return !text.empty() &&
+           std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
+// "host", "host:port" or "[address]:port" (RFC 9110 7.2), and nothing that could be read in two ways.
+bool isHostAndPort(std::string_view text) {
+    const bool bracketed = text.starts_with('[');
+    const std::size_t end = bracketed ? text.find(']') : text.find(':');
+    const std::string_view host = text.substr(bracketed ? 1 : 0, bracketed ? end - 1 : end);
+    std::string_view port = end == text.npos ? std::string_view() : text.substr(end + (bracketed ? 1 : 0));
+    if (host.empty() || (bracketed && end == text.npos)) return false;
+    const auto fits = [bracketed](char c) {
+        const bool hex = (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
+        if (bracketed) return hex || c == ':' || c == '.';
+        return hex || (c >= 'g' && c <= 'z') || (c >= 'G' && c <= 'Z') || c == '-' || c == '.' || c == '_';
+    };
+    if (!std::all_of(host.begin(), host.end(), fits)) return false;
+    if (port.empty()) return true;
+    port.remove_prefix(1);
+    return text[text.size() - port.size() - 1] == ':' && isDigits(port) && port.size() <= 5;
+}
+
+// A line that begins with a blank goes on with the one before (RFC 9112 5.2: refused, since not everybody
+// reads it so).
+bool hasFoldedLine(std::string_view head) {
+    for (std::size_t at = head.find("\r\n"); at != head.npos; at = head.find("\r\n", at + 2)) {
+        const std::string_view next = head.substr(at + 2, 2);
+        if (next == "\r\n") return false; // the end of the head
+        if (next.starts_with(' ') || next.starts_with('\t')) return true;
+    }
+    return false;
+}
+
+} // namespace
+
 namespace http = boost::beast::http;
 using boost::beast::error_code;
 using boost::beast::string_view;
@@ -54,11 +92,19 @@ private:
             return std::count_if(request.headers.begin(), request.headers.end(),
                                  [&](const auto& header) { return header.first == wanted; });
         };
-        // RFC 9112 3.2: exactly one Host. A body whose end we can't tell would be taken for the next request.
+        // Whatever two readers of the request could read differently is refused: exactly one Host (RFC 9112
+        // 3.2), and a body whose end nobody can mistake for the next request.
         const auto hosts = count("host");
         if (hosts > 1 || (hosts == 0 && request.http11)) return refuse(400, ec);
-        if (count("transfer-encoding") > 0 && !chunked()) return refuse(501, ec);
-        if (chunked() && !request.http11) return refuse(400, ec);
+        if (hosts == 1 && !isHostAndPort(request.header("host"))) return refuse(400, ec);
+        if (count("origin") > 1) return refuse(400, ec);
+        const auto lengths = count("content-length");
+        if (lengths > 1 || (lengths == 1 && !isDigits(request.header("content-length"))))
+            return refuse(400, ec);
+        if (const auto codings = count("transfer-encoding"); codings > 0) {
+            if (codings > 1 || request.header("transfer-encoding") != "chunked") return refuse(501, ec);
+            if (!chunked() || !request.http11 || lengths > 0) return refuse(400, ec);
+        }
         request.keepAlive = keep_alive();
         request.bodyBytes = content_length().value_or(0);
         request.hasBody = chunked() || request.bodyBytes > 0;
@@ -66,7 +112,9 @@ private:
 
     void on_response_impl(int, string_view, int, error_code&) override {}
     void on_body_init_impl(const boost::optional<std::uint64_t>&, error_code&) override {}
-    void on_chunk_header_impl(std::uint64_t, string_view, error_code&) override {}
+    void on_chunk_header_impl(std::uint64_t, string_view parameters, error_code& ec) override {
+        if (!parameters.empty()) refuse(400, ec); // no browser has any to say
+    }
     void on_finish_impl(error_code&) override {}
 
     std::size_t on_body_impl(string_view body, error_code&) override {
@@ -108,6 +156,7 @@ std::size_t RequestParser::putHead(std::string_view bytes) {
     error_code ec;
     const std::size_t used = mParser->put(boost::asio::const_buffer(bytes.data(), bytes.size()), ec);
     mParser->headBytes += used;
+    if (mParser->status == 0 && hasFoldedLine(bytes.substr(0, used))) mParser->status = 400;
     const std::size_t pending = headDone() ? 0 : bytes.size() - used;
     if (ec && ec != http::error::need_more && mParser->status == 0) mParser->status = statusOf(ec);
     // A request line that never ends is a target that is too long; it was not used up, unlike header lines.

@@ -7,6 +7,8 @@
 #include "server/Site.h"
 #include "server/Url.h"
 
+#include <optional>
+
 namespace Wt::Impl {
 
 namespace {
@@ -28,6 +30,45 @@ HttpResponse startPageResponse(const Site& site, const EntryPoint& entry, const 
     return response;
 }
 
+// The text of the page is plain, and the name of a form that the parser has checked.
+HttpResponse foreignHostResponse(std::string_view host) {
+    const std::string name = hostWithoutPort(host);
+    HttpResponse response = errorResponse(421);
+    response.setBody(
+        "text/plain; charset=utf-8",
+        "421 Misdirected Request\n"
+        "This server does not answer to the name \"" +
+            name +
+            "\".\n\n"
+            "It can be reached by its numeric address, by its own host name, and by the names in its "
+            "certificate.\nTo add this name, start it with the option --host " +
+            name + "\n");
+    response.close = true;
+    return response;
+}
+
+// The same address over TLS.
+HttpResponse sentOnToTls(std::string_view host, const std::string& target, int port) {
+    HttpResponse response;
+    response.status = 308;
+    response.close = true;
+    std::string location = "https://" + hostWithoutPort(host);
+    if (port != 443) location += ":" + std::to_string(port);
+    response.add("Location", location + target);
+    return response;
+}
+
+// What is refused whatever is asked for: another's name, and anything over plain HTTP where there is TLS.
+std::optional<HttpResponse> refusedAtTheDoor(HttpConnection& connection) {
+    const Site& site = connection.site();
+    const HttpRequest& request = connection.request();
+    const std::string_view host = request.header("host");
+    if (!host.empty() && !site.hosts.allows(host)) return foreignHostResponse(host);
+    if (site.tlsPort == 0 || connection.stream().tls()) return std::nullopt;
+    if (host.empty()) return errorResponse(400); // HTTP/1.0: nobody knows where to send it
+    return sentOnToTls(host, request.target, site.tlsPort);
+}
+
 // What follows `folder` in the path, if the path lies there.
 bool liesIn(const std::string& path, const std::string& folder, std::string& rest) {
     if (path.compare(0, folder.size(), folder) != 0) return false;
@@ -42,6 +83,12 @@ Awaitable<void> route(HttpConnection& connection) {
     const HttpRequest& request = connection.request();
     const bool reads = request.method == "GET" || request.method == "HEAD";
     const auto path = normalPath(request.target);
+    if (auto refusal = refusedAtTheDoor(connection)) {
+        co_await connection.respond(std::move(*refusal));
+        co_return;
+    }
+    if (!connection.isOfUser() && site.sessions->isOfUser(request.cookie(connection.cookieName())))
+        connection.becomesUsers();
     if (!path) {
         co_await connection.respond(errorResponse(400));
         co_return;

@@ -29,7 +29,10 @@ po::options_description describe(ServerConfig& config, std::string& docRoot, std
     po::options_description general("General options");
     general.add_options()("help,h", "print this and exit")("threads,t", into(config.threads),
                                                            "number of threads (default 4)")(
-        "servername", into(config.serverName), "name of this host in messages (default: the system's)")(
+        "host", po::value(&config.hostNames)->value_name("NAME"),
+        "name by which browsers may reach this server, beside its addresses, its own name and those of its "
+        "certificate; may be repeated")("servername", into(config.serverName),
+                                        "name of this host in messages (default: the system's)")(
         "docroot", into(docRoot),
         "folder of static files; \"DIR;/a,/b\": only /a and /b below it are served")(
         "approot", into(config.appRoot), "folder of the application's private files")(
@@ -58,12 +61,14 @@ po::options_description describe(ServerConfig& config, std::string& docRoot, std
         "ssl-tmp-dh", into(config.sslTmpDh), "PEM file with Diffie-Hellman parameters")(
         "ssl-cipherlist", into(config.sslCipherList), "ciphers of TLS 1.2, in OpenSSL's notation");
     po::options_description limits("Limits");
-    limits.add_options()("max-sessions", into(config.maxSessions), "sessions in all (default 2000)")(
+    limits.add_options()("max-sessions", into(config.maxSessions), "sessions of users (default 2000)")(
         "max-sessions-per-address", into(config.maxSessionsPerAddress),
-        "sessions of one address (default 200)")("max-connections", into(config.maxConnections),
-                                                 "connections in all (default 10000)")(
-        "max-connections-per-address", into(config.maxConnectionsPerAddress),
-        "of one address (default 1000)");
+        "sessions of one address (default 200)")("max-anonymous-sessions", into(config.maxAnonymousSessions),
+                                                 "sessions that nobody has logged in to (default 500)")(
+        "max-connections", into(config.maxConnections), "connections in all (default 10000)")(
+        "max-connections-per-address", into(config.maxConnectionsPerAddress), "of one address (default 256)")(
+        "max-anonymous-connections-per-address", into(config.maxAnonymousConnectionsPerAddress),
+        "of one address, of browsers where nobody has logged in (default 32)");
     po::options_description all;
     return all.add(general).add(http).add(https).add(limits);
 }

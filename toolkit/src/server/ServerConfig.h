@@ -19,6 +19,7 @@ struct ServerConfig {
     std::string sessionIdPrefix;
     std::string pidFile;
     std::string serverName;
+    std::vector<std::string> hostNames; ///< further names under which browsers may ask
     std::string spoolFolder = "/tmp";
     bool compress = true;
     bool gdb = false;
@@ -36,8 +37,10 @@ struct ServerConfig {
     std::uint64_t maxRequestSize = kUploadBytes;
     std::size_t maxSessions = kSessions;
     std::size_t maxSessionsPerAddress = kSessionsPerAddress;
+    std::size_t maxAnonymousSessions = kAnonymousSessions;
     std::size_t maxConnections = kConnections;
     std::size_t maxConnectionsPerAddress = kConnectionsPerAddress;
+    std::size_t maxAnonymousConnectionsPerAddress = kAnonymousPerAddress;
 
     /// Both listeners are one socket whose first byte tells what is spoken.
     bool sharesPort() const {

@@ -62,6 +62,7 @@ void ServerCore::start() {
     running->pool = std::make_unique<IoPool>(std::min(config.threads, kIoThreads));
     if (!config.httpsAddress.empty()) running->tls.emplace(makeTlsContext(config));
     asio::ssl::context* tls = running->tls ? &*running->tls : nullptr;
+    if (tls) running->site.hosts.addCertificate(tls->native_handle());
 
     const auto listen = [&](const std::string& address, int port, Speaks speaks) {
         running->listeners.push_back(
@@ -73,6 +74,7 @@ void ServerCore::start() {
         if (!config.httpAddress.empty()) listen(config.httpAddress, config.httpPort, Speaks::Plain);
         if (!config.httpsAddress.empty()) listen(config.httpsAddress, config.httpsPort, Speaks::Tls);
     }
+    if (tls) running->site.tlsPort = running->listeners.back()->port();
     if (!config.pidFile.empty()) {
         std::ofstream file(config.pidFile);
         file << ::getpid() << "\n";

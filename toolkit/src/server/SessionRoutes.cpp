@@ -21,6 +21,12 @@ HttpResponse jsonResponse(std::string text) {
     return response;
 }
 
+void setCookie(HttpResponse& response, HttpConnection& connection, const std::string& value) {
+    std::string cookie = connection.cookieName() + "=" + value + "; Path=/; HttpOnly; SameSite=Strict";
+    if (connection.stream().tls()) cookie += "; Secure";
+    response.add("Set-Cookie", cookie);
+}
+
 // "de-CH" of "de-CH,de;q=0.9,en;q=0.8".
 std::string firstLanguage(std::string_view acceptLanguage) {
     const std::string_view first = acceptLanguage.substr(0, acceptLanguage.find_first_of(",; "));
@@ -33,6 +39,7 @@ StartRequest describe(HttpConnection& connection, const StartInput& input, const
     start.scheme = connection.scheme();
     start.hostName = request.header("host");
     start.clientAddress = connection.clientAddress();
+    start.clientNetwork = connection.clientNetwork();
     start.userAgent = request.header("user-agent");
     start.locale = firstLanguage(request.header("accept-language"));
     start.path = entry.path;
@@ -67,10 +74,26 @@ Awaitable<void> serveStart(HttpConnection& connection) {
     }
     HttpResponse response = jsonResponse(
         json::serialize(json::value{{"token", begun.token}, {"session", begun.session->name()}}));
-    std::string cookie =
-        std::string(connection.cookieName()) + "=" + begun.cookie + "; Path=/; HttpOnly; SameSite=Strict";
-    if (connection.stream().tls()) cookie += "; Secure";
-    response.add("Set-Cookie", cookie);
+    setCookie(response, connection, begun.cookie);
+    co_await connection.respond(std::move(response));
+}
+
+// The page of a user who has just logged in asks for new secrets, and asks again with the new token: that voids the
+// ones from before the login.
+Awaitable<void> serveRenew(HttpConnection& connection) {
+    const auto body = co_await connection.readForm(kFormBytes);
+    if (!body) co_return;
+    const auto renewed = connection.site().sessions->renew(
+        parseToken(*body), connection.request().cookie(connection.cookieName()));
+    HttpResponse response;
+    if (renewed.status == 200) {
+        response = jsonResponse(json::serialize(json::value{{"token", renewed.token}}));
+        setCookie(response, connection, renewed.cookie);
+    } else if (renewed.status == 204) {
+        response.status = 204;
+    } else {
+        response = errorResponse(renewed.status);
+    }
     co_await connection.respond(std::move(response));
 }
 
@@ -106,7 +129,7 @@ Awaitable<void> servePoll(HttpConnection& connection) {
         co_return;
     }
     const auto session =
-        connection.site().sessions->find(input->hello, connection.request().cookie(connection.cookieName()));
+        connection.site().sessions->claim(input->hello, connection.request().cookie(connection.cookieName()));
     if (!session) {
         co_await connection.respond(jsonResponse("{\"m\":[{\"gone\":\"unknown\"}]}"));
         co_return;
@@ -142,8 +165,8 @@ Awaitable<void> serveBye(HttpConnection& connection) {
     const auto body = co_await connection.readForm(kFormBytes);
     if (!body) co_return;
     const auto session = connection.site().sessions->find(
-        parseBye(*body), connection.request().cookie(connection.cookieName()));
-    if (session) session->end(EndReason::PageClosed);
+        parseToken(*body), connection.request().cookie(connection.cookieName()));
+    if (session) connection.site().sessions->end(session, EndReason::PageClosed);
     HttpResponse response;
     response.status = 204;
     co_await connection.respond(std::move(response));
@@ -154,7 +177,8 @@ struct SessionRoute {
     Awaitable<void> (*serve)(HttpConnection&);
 };
 
-constexpr SessionRoute kSessionRoutes[] = {{"start", serveStart}, {"poll", servePoll}, {"bye", serveBye}};
+constexpr SessionRoute kSessionRoutes[] = {
+    {"start", serveStart}, {"poll", servePoll}, {"bye", serveBye}, {"renew", serveRenew}};
 
 } // namespace
 

@@ -3,6 +3,7 @@
 #include "server/AccessLog.h"
 #include "server/AddressCounter.h"
 #include "server/EntryPoints.h"
+#include "server/HostNames.h"
 #include "server/ServerConfig.h"
 #include "server/StaticFiles.h"
 #include "session/SessionRegistry.h"
@@ -13,15 +14,19 @@
 
 namespace Wt::Impl {
 
-/// What all connections of a running server share. Constant but for what locks itself.
+/// What all connections of a running server share. Constant from the first one on, but for what locks itself.
 struct Site {
     Site(const ServerConfig& settings, std::vector<EntryPoint> entryPoints, HostFactory makeHost)
         : config(settings), base(settings.deployPath == "/" ? "" : settings.deployPath),
           entries(std::move(entryPoints)),
-          sessions(std::make_shared<SessionRegistry>(
-              SessionLimits{settings.maxSessions, settings.maxSessionsPerAddress}, std::move(makeHost))),
+          sessions(std::make_shared<SessionRegistry>(SessionLimits{settings.maxSessions,
+                                                                   settings.maxSessionsPerAddress,
+                                                                   settings.maxAnonymousSessions},
+                                                     std::move(makeHost))),
           files(settings.docRoot, settings.staticPaths, settings.compress), accessLog(settings.accessLog),
-          connections(settings.maxConnections, settings.maxConnectionsPerAddress) {}
+          connections(settings.maxConnections, settings.maxConnectionsPerAddress,
+                      settings.maxAnonymousConnectionsPerAddress),
+          hosts(settings.hostNames) {}
 
     /// The entry point at a path, a trailing slash more or less; null if there is none.
     const EntryPoint* entryAt(const std::string& path) const;
@@ -33,6 +38,8 @@ struct Site {
     StaticFiles files;
     AccessLog accessLog;
     AddressCounter connections;
+    HostNames hosts;
+    int tlsPort = 0; ///< where TLS is spoken; 0: nowhere. Plain requests are sent on to it
 };
 
 } // namespace Wt::Impl

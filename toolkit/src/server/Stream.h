@@ -1,5 +1,6 @@
 #pragma once
 
+#include "server/FrameMeter.h"
 #include "server/Io.h"
 
 #include <boost/asio/async_result.hpp>
@@ -7,6 +8,7 @@
 #include <boost/beast/core/role.hpp>
 #include <boost/beast/websocket/teardown.hpp>
 
+#include <algorithm>
 #include <optional>
 #include <string>
 
@@ -30,14 +32,21 @@ public:
     /// Says goodbye as far as it goes at once, and closes for sending.
     void shutdownSend();
 
+    /// Shows everything that is read to a meter, or to none (null); what it refuses ends the connection.
+    void meter(FrameMeter* one) { mMeter = one; }
+
     template <typename Buffers, typename Token>
     auto async_read_some(const Buffers& buffers, Token&& token) {
         return asio::async_initiate<Token, void(error_code, std::size_t)>(
             [this](auto handler, const auto& into) {
-                if (mTls)
-                    mTls->async_read_some(into, std::move(handler));
-                else
-                    mSocket.async_read_some(into, std::move(handler));
+                if (!mMeter) return readInto(into, std::move(handler));
+                const auto executor =
+                    asio::get_associated_executor(handler, get_executor()); // before the move
+                readInto(into, asio::bind_executor(executor, [this, into, handler = std::move(handler)](
+                                                                 error_code ec, std::size_t count) mutable {
+                             if (!ec && !metered(into, count)) ec = asio::error::message_size;
+                             handler(ec, count);
+                         }));
             },
             token, buffers);
     }
@@ -77,7 +86,28 @@ public:
     }
 
 private:
+    template <typename Buffers, typename Handler>
+    void readInto(const Buffers& into, Handler&& handler) {
+        if (mTls)
+            mTls->async_read_some(into, std::forward<Handler>(handler));
+        else
+            mSocket.async_read_some(into, std::forward<Handler>(handler));
+    }
+
+    template <typename Buffers>
+    bool metered(const Buffers& from, std::size_t count) {
+        const auto now = FrameMeter::Clock::now();
+        for (auto piece = asio::buffer_sequence_begin(from); count > 0; ++piece) {
+            const asio::const_buffer bytes = *piece;
+            const std::size_t taken = std::min(count, bytes.size());
+            if (mMeter && !mMeter->take({static_cast<const char*>(bytes.data()), taken}, now)) return false;
+            count -= taken;
+        }
+        return true;
+    }
+
     Socket mSocket;
+    FrameMeter* mMeter = nullptr;
     std::optional<asio::ssl::stream<Socket&>> mTls;
 };
 

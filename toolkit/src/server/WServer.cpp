@@ -1,6 +1,7 @@
 #include <Wt/WServer.h>
 
 #include "core/Limits.h"
+#include "core/Log.h"
 #include "server/ServerCore.h"
 #include "session/SessionRegistry.h"
 
@@ -25,7 +26,14 @@ public:
     Posted(const Posted&) = delete;
     Posted& operator=(const Posted&) = delete;
     ~Posted() {
-        if (!mDone && mFallback) mFallback();
+        if (mDone || !mFallback) return;
+        try {
+            mFallback();
+        } catch (const std::exception& error) {
+            Impl::log(Impl::LogLevel::Error, "server", std::string("a fallback of post(): ") + error.what());
+        } catch (...) {
+            Impl::log(Impl::LogLevel::Error, "server", "a fallback of post() threw something");
+        }
     }
 
     void run() {

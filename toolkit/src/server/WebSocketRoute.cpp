@@ -1,4 +1,5 @@
 #include "core/Limits.h"
+#include "server/FrameMeter.h"
 #include "server/HttpConnection.h"
 #include "server/Routes.h"
 #include "server/Site.h"
@@ -18,13 +19,9 @@ namespace websocket = boost::beast::websocket;
 
 namespace {
 
-using WebSocket = websocket::stream<Stream&>;
+// Without compression: its sizes tell what a message holds, a password among it (docs/decisions.md).
+using WebSocket = websocket::stream<Stream&, false>;
 
-// Compression with a small window costs 24 kB for each connection and still folds repeated element names.
-constexpr int kWindowBits = 12;
-constexpr int kMemoryLevel = 4;
-constexpr int kCompressionLevel = 3;
-constexpr std::size_t kWorthPacking = 256;
 constexpr std::size_t kKeptBuffer = 4096; ///< a larger one is given back after its message
 
 /// The page's connection: a reader and a writer on the same I/O thread. The reader owns it.
@@ -51,6 +48,7 @@ private:
 
     const std::shared_ptr<HttpConnection> mConnection;
     WebSocket mSocket;
+    FrameMeter mMeter;
     const std::shared_ptr<Wakeup> mWakeup;
     const std::shared_ptr<Wakeup> mWriterDone;
     boost::beast::flat_buffer mBuffer;
@@ -75,6 +73,7 @@ Awaitable<void> PageSocket::run() {
         mSocket.get_executor(), [this] { return writeAll(); }, done);
     co_await readAll();
     mReading = false;
+    mConnection->stream().meter(nullptr);
     mSession->channel().detach(this);
     if (mCloseWith == websocket::close_code::normal)
         beast_close_socket(mConnection->stream()); // ends a stuck write
@@ -91,17 +90,6 @@ void PageSocket::configure() {
     mSocket.read_message_max(kEventMessageBytes);
     mSocket.auto_fragment(false);
     mSocket.text(true);
-    if (mConnection->site().config.compress) {
-        websocket::permessage_deflate deflate;
-        deflate.server_enable = true;
-        deflate.server_max_window_bits = kWindowBits;
-        deflate.client_max_window_bits = kWindowBits;
-        deflate.client_no_context_takeover = true;
-        deflate.memLevel = kMemoryLevel;
-        deflate.compLevel = kCompressionLevel;
-        deflate.msg_size_threshold = kWorthPacking;
-        mSocket.set_option(deflate);
-    }
     mSocket.set_option(websocket::stream_base::decorator(
         [tls = mConnection->stream().tls()](websocket::response_type& answer) {
             // The same headers as on every answer, given to Beast one by one.
@@ -123,6 +111,7 @@ Awaitable<bool> PageSocket::accept() {
     for (const auto& [name, value] : came.headers) request.insert(name, value);
     const auto [ec] = co_await mSocket.async_accept(request, kAsTuple);
     mConnection->logRequest(ec ? 400 : 101, 0);
+    mConnection->stream().meter(&mMeter);
     co_return !ec;
 }
 
@@ -144,8 +133,8 @@ Awaitable<bool> PageSocket::hello() {
         co_await close(websocket::close_code::policy_error);
         co_return false;
     }
-    mSession = mConnection->site().sessions->find(input->hello,
-                                                  mConnection->request().cookie(mConnection->cookieName()));
+    mSession = mConnection->site().sessions->claim(input->hello,
+                                                   mConnection->request().cookie(mConnection->cookieName()));
     if (!mSession) {
         co_await write("{\"gone\":\"unknown\"}");
         co_await close(websocket::close_code::normal);
@@ -178,6 +167,7 @@ Awaitable<void> PageSocket::readAll() {
         else if (channel.receive(std::move(*input)) != Channel::Verdict::Taken)
             mCloseWith = websocket::close_code::policy_error;
         if (mCloseWith != websocket::close_code::normal) co_return;
+        if (mSession->hasUser) mConnection->becomesUsers();
         mAckDue = true;
         wake();
     }

@@ -3,6 +3,7 @@
 #include "core/Limits.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace Wt::Impl {
 
@@ -61,20 +62,23 @@ bool Channel::isAttached(const ChannelPeer* peer) const {
 }
 
 Channel::Verdict Channel::receive(PageInput input) {
-    std::vector<SessionEvent> events;
+    std::deque<SessionEvent> dropped; // destroyed outside of the lock
     {
         const std::lock_guard lock(mMutex);
         mLastHeard = Clock::now();
         acknowledge(input.ack);
-        if (!takeToken()) return Verdict::TooFast;
+        if (!takeTokens(input)) return Verdict::TooFast;
         for (PageMessage& message : input.messages) {
             if (message.number <= mLastReceived) continue; // came already, over an earlier connection
             if (message.number != mLastReceived + 1) return Verdict::Gap;
             mLastReceived = message.number;
+            mLastEvent = mLastHeard;
             SessionEvent event;
             event.kind = SessionEvent::Kind::Page;
             event.page = std::move(message.events);
-            mMailbox.post(std::move(event)); // inside the lock: two connections must not swap their order
+            // Inside the lock: two connections must not swap their order.
+            std::deque<SessionEvent> refused = mMailbox.post(std::move(event));
+            std::move(refused.begin(), refused.end(), std::back_inserter(dropped));
         }
     }
     return Verdict::Taken;
@@ -111,6 +115,7 @@ Channel::Liveness Channel::liveness() const {
     now.everAttached = mEverAttached;
     now.delivered = mClosed && mUnacknowledged.empty();
     now.lastHeard = mLastHeard;
+    now.lastEvent = mLastEvent;
     return now;
 }
 
@@ -127,13 +132,20 @@ void Channel::acknowledge(std::uint64_t ack) {
     }
 }
 
-bool Channel::takeToken() {
+bool Channel::takeTokens(const PageInput& input) {
+    double events = 0;
+    for (const PageMessage& message : input.messages) {
+        const auto* list = message.events.if_array();
+        if (list && message.number > mLastReceived) events += static_cast<double>(list->size());
+    }
     const auto now = Clock::now();
-    const std::chrono::duration<double> passed = now - mTokensAt;
+    const double passed = std::chrono::duration<double>(now - mTokensAt).count();
     mTokensAt = now;
-    mTokens = std::min(kMessageBurst, mTokens + passed.count() * kMessagesPerSecond);
-    if (mTokens < 1) return false;
+    mTokens = std::min(kMessageBurst, mTokens + passed * kMessagesPerSecond);
+    mEventTokens = std::min(kEventBurst, mEventTokens + passed * kEventsPerSecond);
+    if (mTokens < 1 || mEventTokens < events) return false;
     mTokens -= 1;
+    mEventTokens -= events;
     return true;
 }
 

@@ -7,6 +7,7 @@
 #include <chrono>
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -36,6 +37,13 @@ public:
     // The session's side.
     void send(std::string operations) override;
     void finish(std::string operations) override;
+
+    void recognised() override {
+        if (onRecognised) onRecognised();
+    }
+
+    /// Set before the session's thread runs.
+    std::function<void()> onRecognised;
 
     /// The session has ended. Without a finish() before, the page is told the reason (`name` of it).
     void close(const char* reason);
@@ -71,6 +79,7 @@ public:
         bool everAttached = false;
         bool delivered = false;      ///< closed, and the page has everything
         Clock::time_point lastHeard; ///< of the page
+        Clock::time_point lastEvent; ///< of its user, or a timer of the page
     };
     Liveness liveness() const;
 
@@ -82,7 +91,7 @@ private:
 
     void queue(std::string&& operations);
     void acknowledge(std::uint64_t ack);
-    bool takeToken();
+    bool takeTokens(const PageInput& input);
     void wakePeer() const;
 
     Mailbox& mMailbox;
@@ -99,7 +108,9 @@ private:
     const ChannelPeer* mPeerKey = nullptr;
     bool mEverAttached = false;
     Clock::time_point mLastHeard = Clock::now();
-    double mTokens = 0;
+    Clock::time_point mLastEvent = Clock::now();
+    double mTokens = 0; ///< messages that may come
+    double mEventTokens = 0;
     Clock::time_point mTokensAt{};
 };
 

@@ -4,8 +4,8 @@
 
 namespace Wt::Impl {
 
-void Mailbox::post(SessionEvent event) {
-    std::deque<SessionEvent> dropped; // destroyed outside of the lock: an exchange answers when it goes
+std::deque<SessionEvent> Mailbox::post(SessionEvent event) {
+    std::deque<SessionEvent> dropped;
     {
         const std::lock_guard lock(mMutex);
         event.ordinal = ++mPosted;
@@ -21,6 +21,7 @@ void Mailbox::post(SessionEvent event) {
         }
     }
     mArrived.notify_one();
+    return dropped;
 }
 
 SessionEvent Mailbox::take() {

@@ -14,7 +14,7 @@ namespace Wt::Impl {
 class ResourceExchange;
 
 /// Why a session ends. Told to the browser where it is still there.
-enum class EndReason { Quit, PageClosed, Expired, ServerStopping, Overload };
+enum class EndReason { Quit, PageClosed, Expired, ServerStopping, Overload, Displaced };
 
 /// One thing for a session to do. Made on any thread, taken by the session's own.
 struct SessionEvent {
@@ -42,7 +42,9 @@ public:
     /// Events that may wait; a session that is this far behind ends with EndReason::Overload.
     static constexpr std::size_t kMaxWaiting = 4096;
 
-    void post(SessionEvent event);
+    /// Gives what it had to drop, if anything: destroyed by the caller, whose locks are not held by then. What was
+    /// posted by the application may run code of the application as it goes.
+    std::deque<SessionEvent> post(SessionEvent event);
     SessionEvent take();
     bool tryTake(SessionEvent& event);
     bool ending() const;

@@ -91,7 +91,7 @@ std::optional<StartInput> parseStartInput(std::string_view text) {
     return input;
 }
 
-std::string parseBye(std::string_view text) {
+std::string parseToken(std::string_view text) {
     const auto object = parseObject(text);
     return object ? readText(*object, "token") : std::string();
 }

@@ -36,6 +36,6 @@ std::optional<PageInput> parsePageInput(std::string_view text);
 std::optional<StartInput> parseStartInput(std::string_view text);
 
 /// The token of `{"token": …}`; empty for anything else.
-std::string parseBye(std::string_view text);
+std::string parseToken(std::string_view text);
 
 } // namespace Wt::Impl

@@ -15,6 +15,9 @@ public:
 
     /// The last operations of the session (for example a redirect); may be empty.
     virtual void finish(std::string operations) = 0;
+
+    /// The application knows its user from now on; the page may ask for new secrets.
+    virtual void recognised() {}
 };
 
 } // namespace Wt::Impl

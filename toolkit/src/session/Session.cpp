@@ -27,19 +27,19 @@ const char* endReasonName(EndReason reason) {
     constexpr RowOf<EndReason, const char*> kNames[] = {
         {EndReason::Quit, "quit"},         {EndReason::PageClosed, "closed"},
         {EndReason::Expired, "expired"},   {EndReason::ServerStopping, "stopping"},
-        {EndReason::Overload, "overload"},
+        {EndReason::Overload, "overload"}, {EndReason::Displaced, "displaced"},
     };
-    static_assert(coversInOrder(kNames, EndReason::Overload));
+    static_assert(coversInOrder(kNames, EndReason::Displaced));
     return kNames[static_cast<std::size_t>(reason)].is;
 }
 
-Session::Session(HostFactory makeHost, StartRequest start, std::string resourceBase, const Digest& token,
-                 const Digest& cookie)
-    : mMakeHost(std::move(makeHost)), mStart(std::move(start)), mResourceBase(std::move(resourceBase)),
-      mToken(token), mCookie(cookie) {}
+Session::Session(HostFactory makeHost, StartRequest start, std::string resourceBase)
+    : mMakeHost(std::move(makeHost)), mStart(std::move(start)), mResourceBase(std::move(resourceBase)) {}
 
-void Session::run(std::function<void(const std::shared_ptr<Session>&)> ended) {
+void Session::run(std::function<void(const std::shared_ptr<Session>&)> ended,
+                  std::function<void()> recognised) {
     mOnEnd = std::move(ended);
+    mChannel.onRecognised = std::move(recognised);
     pthread_attr_t attributes;
     pthread_attr_init(&attributes);
     pthread_attr_setstacksize(&attributes, kSessionStack * kStackFactor);

@@ -20,6 +20,7 @@ struct StartRequest {
     std::string scheme;        ///< "http" or "https"
     std::string hostName;      ///< the Host header, port included, as the browser sent it
     std::string clientAddress; ///< numeric address of the peer
+    std::string clientNetwork; ///< whose limits count: the address, or an IPv6 peer's network
     std::string userAgent;
     std::string locale;                                         ///< first language of Accept-Language
     std::string path;                                           ///< path of the entry point, "/"

@@ -154,6 +154,10 @@ void WApplication::redirect(const std::string& url) {
     mSession->redirect(url);
 }
 
+void WApplication::changeSessionId() {
+    mSession->recognised();
+}
+
 void WApplication::quit() {
     mQuited = true;
     mSession->quit();

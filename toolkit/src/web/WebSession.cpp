@@ -271,6 +271,11 @@ void WebSession::redirect(const std::string& url) {
     mRenderer.operation("[\"go\"," + jsonText(url) + "]");
 }
 
+void WebSession::recognised() {
+    mSink.recognised();
+    mRenderer.operation("[\"renew\"]");
+}
+
 void WebSession::setFocused(std::uint32_t node) {
     mFocused = node;
     mSelection = {-1, -1};

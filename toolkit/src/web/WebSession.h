@@ -64,6 +64,8 @@ public:
     void notify(EventType type, const std::function<void()>& work);
     void quit();
     void redirect(const std::string& url);
+    /// The user is known: the page is told to ask for new secrets.
+    void recognised();
 
     Renderer& renderer() { return mRenderer; }
     TimerBook& timers() { return mTimers; }
