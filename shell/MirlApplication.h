@@ -18,6 +18,7 @@ class WTable;
 class WTimer;
 } // namespace Wt
 
+class PageFrame;
 class WBannerDialog;
 class WCascadeView;
 class WDashView;
@@ -137,6 +138,10 @@ private:
     void placeHeaderAndTabs();
     void placeTableAndVersion();
     void mainTabChangedHandler();
+    PageFrame* shownPage() const; ///< null: the tab on show is made another way
+    std::string place() const;    ///< what the address says: "/devices/00A702-020011/status"
+    void goToPlace(std::string path);
+    void showPlace();
 
     // Shared by the sessions of the process, without a lock:
     // a lost update costs one uncounted failure at worst.
@@ -173,6 +178,7 @@ private:
     bool mUserLoggedIn = false;
     unsigned int mLoggedInUsrIndex = 0;
     bool mSlaveUiActive = false;
+    bool mAsksBeforeLeaving = false;
     ZeqClient_s* mZeqClient = nullptr;
     std::time_t mLastUserActivityTimeSec = 0;
     std::uint32_t mMirlInactivityTimeoutSec = 600;

@@ -83,6 +83,7 @@ void MirlApplication::updateMirlInactivityTimeout(unsigned int minutes) {
 void MirlApplication::notify(const Wt::WEvent& event) {
     watchInactivity(event.eventType());
     Wt::WApplication::notify(event);
+    showPlace();
 }
 
 void MirlApplication::watchInactivity(Wt::EventType type) {

@@ -1,6 +1,7 @@
 // The page: applies the session's operations to the DOM and tells the session what the user does.
 // docs/page-protocol.md lists operations and events.
 
+import { showPath, shownPath } from './address.js';
 import { Dom } from './dom.js';
 import { Events } from './events.js';
 import { Fields } from './fields.js';
@@ -11,7 +12,8 @@ const LONGEST_TIMER_MS = 0x7fffffff;
 const STYLE_WAIT_MS = 1500; // the page stays invisible that long at most for its style sheets
 const RETRY_MS = 100;
 
-/** @typedef {{sendEvent(event: Object<string, any>, key?: string): void, keys: Map<string, number>}} Sender */
+/** @typedef {{sendEvent(event: Object<string, any>, key?: string): void, keys: Map<string, number>,
+ *   forget(): void}} Sender */
 
 export class Page {
   /** @param {Sender} transport */
@@ -31,6 +33,7 @@ export class Page {
     /** @type {(() => void)[]} */
     this.visibleActions = [];
     this.handlers = this.operationHandlers();
+    addEventListener('popstate', () => this.send({ k: 'path', p: shownPath() }));
     addEventListener('beforeunload', event => { if (this.confirmText) event.preventDefault(); });
   }
 
@@ -57,6 +60,10 @@ export class Page {
 
   collectValues() {
     return this.fields.collect();
+  }
+
+  hasNewValues() {
+    return this.fields.touched.size > 0;
   }
 
   /** @param {boolean} online */
@@ -128,9 +135,17 @@ export class Page {
       css: url => this.linkStyles(url),
       nocss: url => this.unlinkStyles(url),
       confirm: text => { this.confirmText = text; },
-      go: url => { this.confirmText = ''; location.assign(url); },
+      path: path => showPath(path),
+      go: url => this.leaveFor(url),
       over: text => { document.title = text; },
     };
+  }
+
+  /** The session sends the browser elsewhere: what comes there is none of it. @param {string} url */
+  leaveFor(url) {
+    this.confirmText = '';
+    this.transport.forget();
+    location.assign(url);
   }
 
   /** @param {number} run @param {number} ms @param {number} once */
@@ -153,6 +168,7 @@ export class Page {
 
   /** @param {string} url */
   linkStyles(url) {
+    if (this.linkOf(url)) return;
     const link = document.createElement('link');
     link.rel = 'stylesheet';
     link.href = url;
@@ -174,7 +190,12 @@ export class Page {
 
   /** @param {string} url */
   unlinkStyles(url) {
+    this.linkOf(url)?.remove();
+  }
+
+  /** @param {string} url @returns {HTMLLinkElement|undefined} */
+  linkOf(url) {
     const wanted = new URL(url, location.href).href;
-    for (const link of document.head.querySelectorAll('link')) if (link.href === wanted) link.remove();
+    return [...document.head.querySelectorAll('link')].find(link => link.href === wanted);
   }
 }

@@ -1,11 +1,13 @@
 // The road between the page and its session: start, WebSocket with reconnects, plain HTTP where WebSocket is not to be
 // had, numbering and acknowledgement. docs/page-protocol.md describes the messages.
 
+import { shownPath } from './address.js';
 import { Notice } from './notice.js';
+import { Tab } from './tab.js';
 
 /**
  * @typedef {{applyOperations(list: any[]): void, collectValues(): (Object<string, any> | null),
- *   connectionChanged?(online: boolean): void}} PageLike
+ *   hasNewValues?(): boolean, connectionChanged?(online: boolean): void}} PageLike
  * @typedef {{n: number, e: Object<string, any>[]}} Message
  */
 
@@ -36,6 +38,8 @@ export class Transport {
     this.online = undefined;
     this.base = new URL('../../', import.meta.url).pathname; // ends in "/"
     this.notice = new Notice();
+    this.tab = new Tab(this.base);
+    this.loads = 1; // of the page with this token
     /** @type {PageLike} given before start() */
     this.page = /** @type {any} */ (undefined);
     this.token = '';
@@ -76,7 +80,21 @@ export class Transport {
     document.addEventListener('visibilitychange', () => {
       if (document.visibilityState === 'visible') this.lookAgain();
     });
-    await this.openSession();
+    const former = await this.tab.recall();
+    if (former) this.goOn(former);
+    else await this.openSession();
+  }
+
+  /** @param {import('./tab.js').Remembered} former session of the page before this one */
+  goOn(former) {
+    this.token = former.token;
+    this.loads = former.page;
+    this.openSocket();
+  }
+
+  /** A page that comes after this one begins anew. */
+  forget() {
+    this.tab.forget();
   }
 
   /**
@@ -126,6 +144,11 @@ export class Transport {
       if (answer.ok) {
         const started = await answer.json();
         this.token = started.token;
+        this.loads = 1;
+        if (started.reload) {
+          this.tab.keep({ token: started.token, session: started.session, page: 1 });
+          this.tab.claim(started.session);
+        }
         this.openSocket();
         return;
       }
@@ -139,8 +162,12 @@ export class Transport {
 
   sayBye() {
     if (this.ended || !this.token) return;
+    if (this.page.hasNewValues?.()) { // the session keeps what is typed for a reload
+      this.sendEvent({ k: 'values' });
+      this.numberEvents();
+    }
     this.ended = true;
-    navigator.sendBeacon(this.base + 'wt-session/bye', JSON.stringify({ token: this.token }));
+    navigator.sendBeacon(this.base + 'wt-session/bye', JSON.stringify({ token: this.token, page: this.loads }));
     if (this.socket) this.socket.close(1000);
   }
 
@@ -167,7 +194,7 @@ export class Transport {
     this.connectTimer = setTimeout(() => this.slowToConnect(), ANSWER_MS);
     socket.onopen = () => {
       clearTimeout(this.connectTimer);
-      socket.send(JSON.stringify({ hello: this.token, ack: this.applied }));
+      socket.send(JSON.stringify(this.hello()));
       for (const message of this.unacknowledged) socket.send(JSON.stringify({ ...message, ack: this.applied }));
       this.awaitAnswer();
     };
@@ -180,6 +207,11 @@ export class Transport {
     socket.onclose = () => {
       if (this.socket === socket) this.socketLost();
     };
+  }
+
+  hello() {
+    const again = this.loads > 1 ? { page: this.loads, path: shownPath() } : {};
+    return { hello: this.token, ack: this.applied, ...again };
   }
 
   slowToConnect() {
@@ -278,7 +310,7 @@ export class Transport {
       const abort = new AbortController();
       this.pollAbort = abort;
       try {
-        const body = { hello: this.token, ack: this.applied, m: this.firstMessages() };
+        const body = { ...this.hello(), m: this.firstMessages() };
         const answer = await this.post('wt-session/poll', body, POLL_LIMIT_MS, abort.signal);
         if (!answer.ok) throw new Error('status ' + answer.status);
         const { ack, m } = await answer.json();
@@ -321,6 +353,10 @@ export class Transport {
       }
       return;
     }
+    if (message.gone !== undefined && this.loads > 1 && this.applied === 0) {
+      this.startAnew();
+      return;
+    }
     if (message.gone !== undefined) this.gone(GONE_TEXT.get(message.gone) || 'The session does not exist any more.', 0);
     if (message.end !== undefined) {
       if (this.isOpen()) this.socket?.send(JSON.stringify({ ack: this.applied }));
@@ -334,9 +370,23 @@ export class Transport {
     for (const [key, carrier] of this.keys) if (carrier !== 0 && carrier <= number) this.keys.delete(key);
   }
 
+  /** The session that this page was to go on with is over: another one, without a word. */
+  startAnew() {
+    this.tab.forget();
+    this.token = '';
+    this.stopPolling();
+    const former = this.socket;
+    this.socket = null;
+    clearTimeout(this.answerTimer);
+    this.answerTimer = 0;
+    former?.close(1000);
+    this.openSession();
+  }
+
   /** @param {string} text @param {number} delayMs */
   gone(text, delayMs) {
     this.ended = true;
+    this.tab.forget();
     clearTimeout(this.heartbeatTimer);
     clearTimeout(this.answerTimer);
     this.notice.hideBanner();

@@ -42,7 +42,7 @@ TEST(Channel, SendsAgainWhatIsNotAcknowledged) {
     Mailbox mailbox;
     Channel channel(mailbox);
     const auto first = std::make_shared<Peer>();
-    channel.attach(first, 0);
+    channel.attach(first, input({}));
     for (const char* operations : {"[1]", "[2]", "[3]"}) channel.send(operations);
     EXPECT_EQ(first->woken, 3);
     std::uint64_t cursor = 0;
@@ -51,7 +51,7 @@ TEST(Channel, SendsAgainWhatIsNotAcknowledged) {
     channel.receive(input({1}, 1));
 
     const auto second = std::make_shared<Peer>();
-    channel.attach(second, 1);
+    channel.attach(second, input({}, 1));
     EXPECT_EQ(first->woken, 4); // so that it notices
     EXPECT_FALSE(channel.isAttached(first.get()));
     channel.detach(first.get()); // late, and of no consequence

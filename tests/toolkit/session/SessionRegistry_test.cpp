@@ -57,9 +57,9 @@ TEST_F(SessionRegistryTest, SilentPagesExpireAndLivingOnesDoNot) {
     const auto silent = start();
     const auto living = start();
     const auto peer = std::make_shared<Peer>();
-    silent.session->channel().attach(peer, 0);
+    silent.session->channel().attach(peer, PageInput());
     silent.session->channel().detach(peer.get());
-    living.session->channel().attach(peer, 0);
+    living.session->channel().attach(peer, PageInput());
 
     mSessions->expire(later(kUnclaimedLimit - 1s));
     EXPECT_EQ(mSessions->size(), 3u);

@@ -42,7 +42,8 @@ constexpr Seconds kWebSocketIdle = 30s; ///< nothing heard, not even the answer 
 constexpr Seconds kPollWait = 20s;      ///< a poll without news is answered after this
 
 // Sessions
-constexpr Seconds kSilentLimit = 60s;    ///< page without a live connection: the session expires
+constexpr Seconds kSilentLimit = 180s;   ///< page without a live connection: the session expires
+constexpr Seconds kLeftLimit = 20s;      ///< page that was left, until it is loaded anew: the session expires
 constexpr Seconds kUnclaimedLimit = 20s; ///< session whose page never connected: expires
 constexpr Seconds kEndedLinger = 20s;    ///< a session's last words wait so long for the page to return
 constexpr Seconds kStopDeadline = 10s;   ///< stop() waits so long for sessions inside a handler

@@ -1,6 +1,7 @@
 #include "core/Limits.h"
 #include "core/Log.h"
 #include "server/HttpConnection.h"
+#include "server/Reload.h"
 #include "server/Routes.h"
 #include "server/Site.h"
 #include "server/Url.h"
@@ -66,7 +67,9 @@ Awaitable<void> serveStart(HttpConnection& connection) {
         co_return;
     }
     HttpResponse response = jsonResponse(
-        json::serialize(json::value{{"token", begun.token}, {"session", begun.session->name()}}));
+        json::serialize(json::value{{"token", begun.token},
+                                    {"session", begun.session->name()},
+                                    {"reload", !site.config.reloadIsNewSession}}));
     std::string cookie =
         std::string(connection.cookieName()) + "=" + begun.cookie + "; Path=/; HttpOnly; SameSite=Strict";
     if (connection.stream().tls()) cookie += "; Secure";
@@ -114,7 +117,10 @@ Awaitable<void> servePoll(HttpConnection& connection) {
     Channel& channel = session->channel();
     const auto peer = std::make_shared<PollPeer>(connection.stream().get_executor());
     const bool carriesEvents = !input->messages.empty();
-    channel.attach(peer, input->ack);
+    if (!mayAttach(connection.site(), *input) || !channel.attach(peer, *input)) {
+        co_await connection.respond(jsonResponse("{\"m\":[{\"gone\":\"unknown\"}]}"));
+        co_return;
+    }
     const Channel::Verdict verdict = channel.receive(std::move(*input));
     if (verdict == Channel::Verdict::TooFast) {
         channel.detach(peer.get());
@@ -141,9 +147,10 @@ Awaitable<void> servePoll(HttpConnection& connection) {
 Awaitable<void> serveBye(HttpConnection& connection) {
     const auto body = co_await connection.readForm(kFormBytes);
     if (!body) co_return;
+    const ByeInput bye = parseBye(*body);
     const auto session = connection.site().sessions->find(
-        parseBye(*body), connection.request().cookie(connection.cookieName()));
-    if (session) session->end(EndReason::PageClosed);
+        bye.token, connection.request().cookie(connection.cookieName()));
+    if (session) pageWasLeft(connection.site(), *session, bye.page);
     HttpResponse response;
     response.status = 204;
     co_await connection.respond(std::move(response));

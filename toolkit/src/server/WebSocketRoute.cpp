@@ -1,5 +1,6 @@
 #include "core/Limits.h"
 #include "server/HttpConnection.h"
+#include "server/Reload.h"
 #include "server/Routes.h"
 #include "server/Site.h"
 #include "server/Wakeup.h"
@@ -57,6 +58,7 @@ private:
     std::shared_ptr<Session> mSession;
     bool mAckDue = false;
     bool mWriterEnded = false;
+    std::uint64_t mPage = 1; ///< of the hello
     bool mReading = true; ///< the reader still runs
     websocket::close_code mCloseWith = websocket::close_code::normal;
 };
@@ -151,7 +153,12 @@ Awaitable<bool> PageSocket::hello() {
         co_await close(websocket::close_code::normal);
         co_return false;
     }
-    mSession->channel().attach(shared_from_this(), input->ack);
+    mPage = input->page;
+    if (!mayAttach(mConnection->site(), *input) || !mSession->channel().attach(shared_from_this(), *input)) {
+        co_await write("{\"gone\":\"unknown\"}");
+        co_await close(websocket::close_code::normal);
+        co_return false;
+    }
     if (mSession->channel().receive(std::move(*input)) != Channel::Verdict::Taken) {
         mSession->channel().detach(this);
         co_await close(websocket::close_code::policy_error);
@@ -169,10 +176,11 @@ Awaitable<void> PageSocket::readAll() {
         if (ec) {
             // The page was left or closed, even if its farewell got lost.
             if (ec == websocket::error::closed && mSocket.reason().code == websocket::close_code::going_away)
-                mSession->end(EndReason::PageClosed);
+                pageWasLeft(mConnection->site(), *mSession, mPage);
             co_return;
         }
         auto input = takeInput();
+        if (input) input->page = mPage;
         if (!input)
             mCloseWith = websocket::close_code::bad_payload;
         else if (channel.receive(std::move(*input)) != Channel::Verdict::Taken)

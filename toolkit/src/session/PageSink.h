@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 namespace Wt::Impl {
@@ -15,6 +16,9 @@ public:
 
     /// The last operations of the session (for example a redirect); may be empty.
     virtual void finish(std::string operations) = 0;
+
+    /// What follows is for the page as it was loaded the `page`th time; what came before is not for it.
+    virtual void begin(std::uint64_t page) { static_cast<void>(page); }
 };
 
 } // namespace Wt::Impl

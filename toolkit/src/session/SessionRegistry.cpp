@@ -12,6 +12,7 @@ namespace {
 // How long the page of a session may be silent, by what is known of it.
 std::chrono::seconds patienceWith(const Session& session, const Channel::Liveness& page) {
     if (session.hasEnded()) return kEndedLinger;
+    if (page.left) return kLeftLimit;
     return page.everAttached ? kSilentLimit : kUnclaimedLimit;
 }
 
