@@ -14,7 +14,7 @@ void EditingPage::contentChangedHandler() {
     tab->enableButtons(records > 1 ? tab->isAnyValid() : tab->isAllValid(), true);
 }
 
-std::string EditingPage::place() const {
+std::string EditingPage::placeInAddress() const {
     const std::string tab = mDetails ? mDetails->shownTabWord() : "";
     return tab.empty() ? "" : "/" + tab;
 }

@@ -22,7 +22,7 @@ public:
     /// Throws the tab's edits away.
     void cancel(WSettingsTab& tab);
 
-    std::string place() const override;
+    std::string placeInAddress() const override;
     void goTo(std::string_view place) override;
 
 protected:

@@ -58,7 +58,6 @@ std::string KeptSelection::inAddress() const {
 void KeptSelection::selectInAddress(std::string_view part) {
     if (part.starts_with(kManySelected) || part == inAddress()) return;
     mList.table()->setSelectedIndexes(mList.table()->rowsNamed(Place::names(part)));
-    mChanged();
     bringIntoView();
 }
 

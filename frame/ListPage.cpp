@@ -19,9 +19,9 @@ void ListPage::readFromDatabase(bool forceDetails, bool forceList) {
     showSelection(forceDetails);
 }
 
-std::string ListPage::place() const {
+std::string ListPage::placeInAddress() const {
     const std::string records = mSelection ? mSelection->inAddress() : "";
-    return records.empty() ? "" : "/" + records + EditingPage::place();
+    return records.empty() ? "" : "/" + records + EditingPage::placeInAddress();
 }
 
 void ListPage::goTo(std::string_view place) {

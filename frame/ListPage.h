@@ -14,7 +14,7 @@ public:
     /// `forceList`: rebuild the list in any case, also over unsaved edits.
     virtual void readFromDatabase(bool forceDetails, bool forceList);
 
-    std::string place() const override;
+    std::string placeInAddress() const override;
     void goTo(std::string_view place) override;
 
 protected:

@@ -26,7 +26,7 @@ public:
     virtual void refreshTimerTimeout();
 
     /// Where the user is within the page, as the address tells it behind the page's name: "" or "/…" (Place.h).
-    virtual std::string place() const { return ""; }
+    virtual std::string placeInAddress() const { return ""; }
     /// Goes there as far as it is there and no unsaved edits hold the user back.
     virtual void goTo(std::string_view place) { static_cast<void>(place); }
 

@@ -6,6 +6,7 @@
 #include "shell/MirlApplication.h"
 #include "shell/Security.h"
 #include "shell/WBannerDialog.h"
+#include "shell/WEndingNotice.h"
 #include "shell/WInitAdminPasswordDialog.h"
 #include "shell/WLoginDialog.h"
 #include "shell/WallClock.h"
@@ -63,6 +64,8 @@ void MirlApplication::showLogin() {
     deleteOwned(mLockoutBox);
     if (!mLoginDialog) {
         mLoginDialog = new WLoginDialog;
+        if (const std::string* word = environment().getParameter(kEndReasonParameter))
+            mLoginDialog->sayWhy(EndReason_text(*word));
         connectLoginDialog();
     }
     startInactivityTimer();
@@ -179,4 +182,5 @@ void MirlApplication::deleteDialogs() {
     deleteOwned(mLockoutBox);
     deleteOwned(mForgotPasswordBox);
     deleteOwned(mDbErrorBox);
+    deleteOwned(mEndingNotice);
 }

@@ -40,7 +40,9 @@ struct MirlApplication::MainTab {
     template <auto Member, auto... ReadArguments>
     static constexpr MainTab of(const char* name, const char* label, int section = -1) {
         return {name,
-                label, section, make_<Member>,
+                label,
+                section,
+                make_<Member>,
                 [](MirlApplication& app) { (app.*Member)->readFromDatabase(ReadArguments...); },
                 [](MirlApplication& app, bool on) {
                     on ? (app.*Member)->enableAutoRefresh() : (app.*Member)->disableAutoRefresh();
@@ -58,14 +60,17 @@ private:
 const std::array<MirlApplication::MainTab, 8> MirlApplication::kMainTabs = {{
     MainTab::of<&MirlApplication::mDashView>("dashboard", "[RSnnn]Dashboard"),
     MainTab::of<&MirlApplication::mSesView, false>("sessions", "[RSnnn]Sessions"),
-    MainTab::of<&MirlApplication::mUsrView, false, false>("users", "[RSnnn]Users", ChangeTracker::SECTION_USERS),
-    MainTab::of<&MirlApplication::mDevView, false, false>("devices", "[RSnnn]Devices", ChangeTracker::SECTION_DEVICES),
+    MainTab::of<&MirlApplication::mUsrView, false, false>("users", "[RSnnn]Users",
+                                                          ChangeTracker::SECTION_USERS),
+    MainTab::of<&MirlApplication::mDevView, false, false>("devices", "[RSnnn]Devices",
+                                                          ChangeTracker::SECTION_DEVICES),
     MainTab::of<&MirlApplication::mCascadeView>("cascade", "main.Cascade"),
     MainTab::of<&MirlApplication::mPeriphView, false, false>("peripherals", "[RSnnn]Peripherals",
                                                              ChangeTracker::SECTION_PERIPHERALS),
     MainTab::of<&MirlApplication::mSysSettingsView, false>("settings", "[RSnnn]System Settings",
                                                            ChangeTracker::SECTION_SYSTEM_SETTINGS),
-    MainTab::of<&MirlApplication::mEventView, false>("events", "[RSnnn]Events", ChangeTracker::SECTION_EVENTS),
+    MainTab::of<&MirlApplication::mEventView, false>("events", "[RSnnn]Events",
+                                                     ChangeTracker::SECTION_EVENTS),
 }};
 
 void MirlApplication::createUi() {
@@ -145,7 +150,8 @@ std::string MirlApplication::place() const {
     const int index = mMainTabs->currentIndex();
     if (index < 0 || index >= static_cast<int>(kMainTabs.size())) return "/";
     const PageFrame* page = shownPage();
-    return std::string("/") + kMainTabs[static_cast<std::size_t>(index)].name + (page ? page->place() : "");
+    return std::string("/") + kMainTabs[static_cast<std::size_t>(index)].name +
+           (page ? page->placeInAddress() : "");
 }
 
 void MirlApplication::goToPlace(std::string path) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "shell/ChangeTracker.h"
+#include "shell/EndReason.h"
 
 #include <Wt/WApplication>
 
@@ -23,6 +24,7 @@ class WBannerDialog;
 class WCascadeView;
 class WDashView;
 class WDevView;
+class WEndingNotice;
 class WEventView;
 class WInitAdminPasswordDialog;
 class WLoginDialog;
@@ -87,6 +89,8 @@ public:
 
     // End of the session.
     void logOutUser();
+    /// The same without the user's doing: the login page says why, and leads back to the place after a login.
+    void endSession(EndReason reason);
     /// Sends the browser back to the start page, where a new session begins.
     void restartWebApp();
     /// Ends the whole process, with all its sessions.
@@ -112,6 +116,9 @@ private:
     /// they are what ends an idle session.
     void watchInactivity(Wt::EventType type);
     bool idleLimitExceeded();
+    void announceEnd();
+    void leaveLogin();
+    void restartAt(const std::string& address);
 
     void redirectToHttps();
     void startRedirectCheckTimer();
@@ -158,6 +165,7 @@ private:
     WMsgBoxSimple* mAuthFailureBox = nullptr;
     WMsgBoxSimple* mLockoutBox = nullptr;
     WMsgBoxSimple* mForgotPasswordBox = nullptr;
+    WEndingNotice* mEndingNotice = nullptr;
     Wt::WTable* mMainTable = nullptr; // two rows: header, tabs
     WSlaveSettingsView* mSlaveSettingsView = nullptr;
     WManagedView* mManagedView = nullptr;

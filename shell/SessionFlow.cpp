@@ -7,10 +7,12 @@
 #include "shell/DeleteOwned.h"
 #include "shell/MirlApplication.h"
 #include "shell/Security.h"
+#include "shell/WEndingNotice.h"
 #include "shell/WallClock.h"
 
 #include <Wt/WPushButton>
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace {
@@ -19,6 +21,8 @@ constexpr int kConnectRetries = 5;
 constexpr unsigned kNoticeMs = 1000;
 constexpr int kNoticeWidthPx = 250;
 constexpr std::uint32_t kSecondsPerMinute = 60;
+/// Before the end of an idle session; of a short limit the second half.
+constexpr std::uint32_t kNoticeSec = 60;
 /// Stands in for an idle limit below one minute, which nobody can have meant.
 constexpr std::uint32_t kReplacedLimitSec = 300;
 
@@ -90,11 +94,27 @@ void MirlApplication::watchInactivity(Wt::EventType type) {
     if (!mUserLoggedIn) return;
     if (type == Wt::UserEvent) {
         mLastUserActivityTimeSec = WallClock_now();
+        deleteOwned(mEndingNotice);
     } else if (idleLimitExceeded()) {
         EventLog_write(3, 7, "notify", "Web user logged out due to inactivity.");
-        logOutUser();
+        endSession(EndReason::Inactivity);
         Wt::WApplication::instance()->processEvents();
+    } else {
+        announceEnd();
     }
+}
+
+/// The pages' own ticks bring it on show: nobody waits for it longer than they.
+void MirlApplication::announceEnd() {
+    if (mMirlInactivityTimeoutSec == 0 || mLastUserActivityTimeSec == 0) return;
+    const std::uint32_t idleSec = WallClock_secondsSince(mLastUserActivityTimeSec);
+    const std::uint32_t leftSec = mMirlInactivityTimeoutSec - std::min(mMirlInactivityTimeoutSec, idleSec);
+    if (leftSec > std::min(kNoticeSec, mMirlInactivityTimeoutSec / 2)) {
+        deleteOwned(mEndingNotice);
+        return;
+    }
+    if (!mEndingNotice) mEndingNotice = new WEndingNotice;
+    mEndingNotice->setSecondsLeft(leftSec);
 }
 
 bool MirlApplication::idleLimitExceeded() {
@@ -109,17 +129,31 @@ bool MirlApplication::idleLimitExceeded() {
 }
 
 void MirlApplication::logOutUser() {
+    leaveLogin();
+    restartWebApp();
+}
+
+void MirlApplication::leaveLogin() {
     std::vector<std::string> errors;
     Security_logoutMirlUser(mLoggedInUsrIndex, errors);
     mLoggedInUsrIndex = 0;
     mUserLoggedIn = false;
-    restartWebApp();
+    deleteOwned(mEndingNotice);
+}
+
+void MirlApplication::endSession(EndReason reason) {
+    leaveLogin();
+    restartAt(EndReason_address(reason, internalPath() == "/" ? "" : bookmarkUrl()));
 }
 
 void MirlApplication::restartWebApp() {
+    restartAt("/");
+}
+
+void MirlApplication::restartAt(const std::string& address) {
     stopModeChangeCheckTimer();
     stopRedirectCheckTimer();
-    redirect("/");
+    redirect(address);
     quit();
 }
 

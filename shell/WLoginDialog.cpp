@@ -69,6 +69,15 @@ WLoginDialog::WLoginDialog() {
     }
 }
 
+void WLoginDialog::sayWhy(const Wt::WString& text) {
+    if (text.empty()) return;
+    auto* why = new Wt::WText(text, Wt::PlainText);
+    why->setInline(false);
+    why->addStyleClass("mirl-login-why");
+    why->setAttributeValue("role", "status");
+    contents()->insertWidget(1, why); // below the banner
+}
+
 void WLoginDialog::setFocusOnUsernameField() {
     usernameField->setFocus();
 }

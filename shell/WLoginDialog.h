@@ -18,6 +18,8 @@ public:
 
     void setFocusOnUsernameField();
     void clearFields();
+    /// Shows why there is a login page; empty: nothing.
+    void sayWhy(const Wt::WString& text);
 
     std::string usernameGet() const; // UTF-8
 

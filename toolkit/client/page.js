@@ -62,6 +62,19 @@ export class Page {
     return this.fields.collect();
   }
 
+  /** What was typed into text fields, the last of each, a line a field; no passwords.
+   * @param {Object<string, any>[]} events those that have not been sent @returns {string} */
+  textsOf(events) {
+    /** @type {Record<string, any>} */
+    const values = Object.assign({}, ...events.map(event => event.v ?? {}), this.fields.collect() ?? {});
+    return Object.entries(values).map(([id, value]) => {
+      const field = this.dom.find(Number(id.slice(1)));
+      if (!field || typeof value !== 'string' || !value || field.type === 'password') return '';
+      const label = field.getAttribute('aria-label') || field.labels?.[0]?.textContent || field.title;
+      return label ? `${label}: ${value}` : value;
+    }).filter(text => text).join('\n');
+  }
+
   hasNewValues() {
     return this.fields.touched.size > 0;
   }

@@ -1,6 +1,5 @@
-// What a tab remembers of its session, so that a page that is loaded anew (a reload, a tab that crashed) goes on with
-// it.
-// The browser copies this into a tab that is duplicated: a lock tells whose session it is.
+// What a tab remembers of its session, so that a page that is loaded anew (a reload, a tab that crashed) goes on
+// with it. The browser copies this into a tab that is duplicated: a lock tells whose session it is.
 
 const CLAIM_MS = 1000; // the page before this one gives its lock back while it goes
 

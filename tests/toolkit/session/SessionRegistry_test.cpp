@@ -72,6 +72,20 @@ TEST_F(SessionRegistryTest, SilentPagesExpireAndLivingOnesDoNot) {
     EXPECT_EQ(mSessions->findByName(silent.session->name()), nullptr);
 }
 
+TEST_F(SessionRegistryTest, APageThatWasLeftHasAWhileToComeBack) {
+    const auto left = start();
+    const auto peer = std::make_shared<SilentPeer>();
+    left.session->channel().attach(peer, PageInput());
+    left.session->channel().leave(1);
+    mSessions->expire(later(kSilentLimit + 2s));
+    EXPECT_EQ(mSessions->size(), 1u) << "its connection still stands";
+    left.session->channel().detach(peer.get());
+    mSessions->expire(later(kLeftLimit - 1s));
+    EXPECT_EQ(mSessions->size(), 1u);
+    mSessions->expire(later(kLeftLimit + 2s));
+    EXPECT_TRUE(comesTrue([&] { return mSessions->size() == 0; }));
+}
+
 TEST_F(SessionRegistryTest, AnEndedSessionMakesRoomForAnother) {
     const auto first = start();
     start();

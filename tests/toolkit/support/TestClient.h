@@ -63,7 +63,7 @@ public:
     std::string originHeader() const;
 
     /// Opens the WebSocket and says hello.
-    void connect(TestClient& client, int ack = 0) const;
+    void connect(TestClient& client, int ack = 0, const std::string& more = "") const;
     Answer post(const std::string& path, const std::string& body,
                 const std::string& type = "application/json") const;
 

@@ -37,6 +37,7 @@ constexpr std::size_t kEventDepth = 16;               ///< nesting of its JSON: 
 constexpr std::size_t kEventsPerMessage = 500;        ///< events in it: 1008, or 400
 constexpr double kMessagesPerSecond = 100;            ///< sustained; more: 1008, or 429
 constexpr double kMessageBurst = 300;                 ///< at once
+constexpr std::size_t kAnnouncedBytes = 16 * 1024;    ///< a larger message to the page comes behind its size
 constexpr Seconds kHelloDeadline = 10s;               ///< WebSocket open to hello: closed
 constexpr Seconds kWebSocketIdle = 30s; ///< nothing heard, not even the answer to a ping: closed
 constexpr Seconds kPollWait = 20s;      ///< a poll without news is answered after this

@@ -66,10 +66,10 @@ Awaitable<void> serveStart(HttpConnection& connection) {
         co_await connection.respond(errorResponse(begun.status));
         co_return;
     }
-    HttpResponse response = jsonResponse(
-        json::serialize(json::value{{"token", begun.token},
-                                    {"session", begun.session->name()},
-                                    {"reload", !site.config.reloadIsNewSession}}));
+    HttpResponse response =
+        jsonResponse(json::serialize(json::value{{"token", begun.token},
+                                                 {"session", begun.session->name()},
+                                                 {"reload", !site.config.reloadIsNewSession}}));
     std::string cookie =
         std::string(connection.cookieName()) + "=" + begun.cookie + "; Path=/; HttpOnly; SameSite=Strict";
     if (connection.stream().tls()) cookie += "; Secure";
@@ -148,8 +148,8 @@ Awaitable<void> serveBye(HttpConnection& connection) {
     const auto body = co_await connection.readForm(kFormBytes);
     if (!body) co_return;
     const ByeInput bye = parseBye(*body);
-    const auto session = connection.site().sessions->find(
-        bye.token, connection.request().cookie(connection.cookieName()));
+    const auto session =
+        connection.site().sessions->find(bye.token, connection.request().cookie(connection.cookieName()));
     if (session) pageWasLeft(connection.site(), *session, bye.page);
     HttpResponse response;
     response.status = 204;

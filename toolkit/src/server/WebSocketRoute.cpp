@@ -59,7 +59,7 @@ private:
     bool mAckDue = false;
     bool mWriterEnded = false;
     std::uint64_t mPage = 1; ///< of the hello
-    bool mReading = true; ///< the reader still runs
+    bool mReading = true;    ///< the reader still runs
     websocket::close_code mCloseWith = websocket::close_code::normal;
 };
 
@@ -194,16 +194,24 @@ Awaitable<void> PageSocket::readAll() {
 Awaitable<void> PageSocket::writeAll() {
     Channel& channel = mSession->channel();
     std::uint64_t cursor = 0;
+    bool begun = false;
     while (mReading && channel.isAttached(this)) {
-        if (const auto message = channel.next(cursor)) {
+        // First of all an acknowledgement: what follows may be large, and the page waits for a sign of life.
+        if (const auto message = begun ? channel.next(cursor) : std::nullopt) {
             mAckDue = false;
+            if (message->text.size() > kAnnouncedBytes) {
+                const bool announced =
+                    co_await write("{\"size\":" + std::to_string(message->text.size()) + "}");
+                if (!announced) co_return;
+            }
             const bool written = co_await write(message->text);
             if (!written) co_return;
             if (!message->last) continue;
             break;
         }
-        if (mAckDue) {
+        if (mAckDue || !begun) {
             mAckDue = false;
+            begun = true;
             const std::string text = channel.acknowledgement();
             const bool written = co_await write(text);
             if (!written) co_return;

@@ -18,10 +18,10 @@ struct PageMessage {
 
 /// What one WebSocket message or one poll brings.
 struct PageInput {
-    std::string hello;     ///< the page's token; only in the first message of a connection and in every poll
+    std::string hello;      ///< the page's token; only in the first message of a connection and in every poll
     std::uint64_t page = 1; ///< how often the page has been loaded with this token; from 1
     std::string path;       ///< internal path in the page's address; with a hello of a page loaded anew
-    std::uint64_t ack = 0; ///< highest server number that the page has applied
+    std::uint64_t ack = 0;  ///< highest server number that the page has applied
     std::vector<PageMessage> messages;
 };
 

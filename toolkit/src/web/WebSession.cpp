@@ -241,7 +241,8 @@ void WebSession::deliver(const boost::json::object& event) {
         mTimers.handled(run, mMailbox.posted());
         return;
     }
-    if (kind == "path") return mApplication->pathShown(std::string(foreignText(event, "p")), mPage->modal() != nullptr);
+    if (kind == "path")
+        return mApplication->pathShown(std::string(foreignText(event, "p")), mPage->modal() != nullptr);
     const int id = foreignInt(event, "t");
     RenderNode* node = id > 0 ? mRenderer.find(static_cast<std::uint32_t>(id)) : nullptr;
     if (!node || !node->nodeAcceptsEvents()) return;
