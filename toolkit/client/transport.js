@@ -173,6 +173,7 @@ export class Transport {
     } catch {
       this.notice.showBanner('No connection to the server. Trying again.');
     }
+    this.lostAt ||= performance.now();
     this.retryLater(() => this.openSession());
   }
 
