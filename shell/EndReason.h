@@ -1,17 +1,57 @@
 #pragma once
 
-#include <Wt/WString>
+#include <array>
+#include <string_view>
 
-#include <string>
+/// Why a session ended and the login page is there again. `None`: its user logged out, or came for the first
+/// time; then the page says nothing.
+enum class EndReason {
+    None,
+    Inactivity,
+    TimeLimit,
+    LoggedOutElsewhere,
+    AccountChanged,
+    Restarted,
+    ModeChanged
+};
 
-/// Why a session ended without the user's doing. The next login page says it.
-enum class EndReason { Inactivity, LoggedOutElsewhere, AccountChanged, SwitchRestarted, ManagedModeChanged };
+/// The reason travels as the word of this parameter of the start page's address, and is a text of the message
+/// bundle there. Whoever writes a word into the address by hand reads one of these texts, no other.
+constexpr char kEndParameter[] = "ended";
 
-/// Parameter of the start page's address that carries the reason.
-constexpr char kEndReasonParameter[] = "ended";
+struct EndReasonRow {
+    EndReason reason;
+    const char* word;
+    const char* message;
+};
+constexpr std::array<EndReasonRow, 7> kEndReasons = {{
+    {EndReason::None, "", ""},
+    {EndReason::Inactivity, "inactivity", "[RSnnn]You were logged out because nothing was done for a while."},
+    {EndReason::TimeLimit, "time",
+     "[RSnnn]You were logged out because the session had reached its longest time."},
+    {EndReason::LoggedOutElsewhere, "elsewhere",
+     "[RSnnn]You were logged out: your session was ended from another place."},
+    {EndReason::AccountChanged, "account",
+     "[RSnnn]You were logged out: your account was disabled or removed, or its role or password was changed."},
+    {EndReason::Restarted, "restart", "[RSnnn]You were logged out because the Switch has restarted."},
+    {EndReason::ModeChanged, "mode",
+     "[RSnnn]You were logged out because the Switch has become managed, or is managed no longer."},
+}};
 
-/// Address of the start page that says the reason. `place`: address of where the user was, "" for none.
-std::string EndReason_address(EndReason reason, const std::string& place);
+constexpr const EndReasonRow& endReasonRow(EndReason reason) {
+    return kEndReasons[static_cast<std::size_t>(reason)];
+}
 
-/// The sentence for the parameter's word; empty for a word that is none: anybody can write an address.
-Wt::WString EndReason_text(const std::string& word);
+/// An unknown word, and none, is no reason.
+constexpr const EndReasonRow& endReasonRow(std::string_view word) {
+    for (const EndReasonRow& row : kEndReasons)
+        if (row.word == word) return row;
+    return kEndReasons[0];
+}
+
+constexpr bool endReasonsStandInOrder() {
+    for (std::size_t i = 0; i < kEndReasons.size(); ++i)
+        if (static_cast<std::size_t>(kEndReasons[i].reason) != i) return false;
+    return true;
+}
+static_assert(endReasonsStandInOrder());

@@ -6,7 +6,6 @@
 #include "shell/MirlApplication.h"
 #include "shell/Security.h"
 #include "shell/WBannerDialog.h"
-#include "shell/WEndingNotice.h"
 #include "shell/WInitAdminPasswordDialog.h"
 #include "shell/WLoginDialog.h"
 #include "shell/WallClock.h"
@@ -63,9 +62,8 @@ void MirlApplication::showLogin() {
     deleteOwned(mForgotPasswordBox);
     deleteOwned(mLockoutBox);
     if (!mLoginDialog) {
-        mLoginDialog = new WLoginDialog;
-        if (const std::string* word = environment().getParameter(kEndReasonParameter))
-            mLoginDialog->sayWhy(EndReason_text(*word));
+        const std::string* ended = environment().getParameter(kEndParameter);
+        mLoginDialog = new WLoginDialog(endReasonRow(ended ? *ended : "").message);
         connectLoginDialog();
     }
     startInactivityTimer();
@@ -182,5 +180,4 @@ void MirlApplication::deleteDialogs() {
     deleteOwned(mLockoutBox);
     deleteOwned(mForgotPasswordBox);
     deleteOwned(mDbErrorBox);
-    deleteOwned(mEndingNotice);
 }

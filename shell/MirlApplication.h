@@ -88,11 +88,9 @@ public:
     void createUi();
 
     // End of the session.
-    void logOutUser();
-    /// The same without the user's doing: the login page says why, and leads back to the place after a login.
-    void endSession(EndReason reason);
-    /// Sends the browser back to the start page, where a new session begins.
-    void restartWebApp();
+    void logOutUser(EndReason reason = EndReason::None);
+    /// Sends the browser back to the start page, where a new session begins and says why.
+    void restartWebApp(EndReason reason = EndReason::None);
     /// Ends the whole process, with all its sessions.
     void exitApplication();
 
@@ -117,8 +115,7 @@ private:
     void watchInactivity(Wt::EventType type);
     bool idleLimitExceeded();
     void announceEnd();
-    void leaveLogin();
-    void restartAt(const std::string& address);
+    std::string placeParameter() const;
 
     void redirectToHttps();
     void startRedirectCheckTimer();

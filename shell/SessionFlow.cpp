@@ -97,7 +97,7 @@ void MirlApplication::watchInactivity(Wt::EventType type) {
         deleteOwned(mEndingNotice);
     } else if (idleLimitExceeded()) {
         EventLog_write(3, 7, "notify", "Web user logged out due to inactivity.");
-        endSession(EndReason::Inactivity);
+        logOutUser(EndReason::Inactivity);
         Wt::WApplication::instance()->processEvents();
     } else {
         announceEnd();
@@ -128,33 +128,27 @@ bool MirlApplication::idleLimitExceeded() {
     return idleSec > mMirlInactivityTimeoutSec;
 }
 
-void MirlApplication::logOutUser() {
-    leaveLogin();
-    restartWebApp();
-}
-
-void MirlApplication::leaveLogin() {
+void MirlApplication::logOutUser(EndReason reason) {
     std::vector<std::string> errors;
     Security_logoutMirlUser(mLoggedInUsrIndex, errors);
     mLoggedInUsrIndex = 0;
     mUserLoggedIn = false;
-    deleteOwned(mEndingNotice);
+    restartWebApp(reason);
 }
 
-void MirlApplication::endSession(EndReason reason) {
-    leaveLogin();
-    restartAt(EndReason_address(reason, internalPath() == "/" ? "" : bookmarkUrl()));
-}
-
-void MirlApplication::restartWebApp() {
-    restartAt("/");
-}
-
-void MirlApplication::restartAt(const std::string& address) {
+void MirlApplication::restartWebApp(EndReason reason) {
     stopModeChangeCheckTimer();
     stopRedirectCheckTimer();
-    redirect(address);
+    const std::string word = endReasonRow(reason).word;
+    redirect(word.empty() ? "/" : std::string("/?") + kEndParameter + "=" + word + placeParameter());
     quit();
+}
+
+/// So that the login leads back to where the user was.
+std::string MirlApplication::placeParameter() const {
+    const std::string address = bookmarkUrl();
+    const std::size_t query = address.find("?_=");
+    return query == std::string::npos ? "" : "&" + address.substr(query + 1);
 }
 
 void MirlApplication::exitApplication() {

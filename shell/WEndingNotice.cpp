@@ -24,7 +24,8 @@ WEndingNotice::WEndingNotice() {
     mSeconds->setStyleClass("mirl-ending-seconds");
     mSeconds->setAttributeValue("role", "timer"); // which is not read out at every change
     auto* stay = new Wt::WPushButton(tr("[RSnnn]Stay logged in"), contents());
-    stay->clicked().connect(this, &WEndingNotice::hide); // being activity, it ends the notice as any other does
+    stay->clicked().connect(this,
+                            &WEndingNotice::hide); // being activity, it ends the notice as any other does
     auto* timer = new Wt::WTimer(this);
     timer->setInterval(kTickMs);
     timer->start(); // its ticks are events, at which the session looks how much time is left

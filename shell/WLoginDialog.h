@@ -14,12 +14,11 @@ class WPushButton;
 /// the session connects the widgets.
 class WLoginDialog : public Wt::WDialog {
 public:
-    WLoginDialog();
+    /// `reason`: message key of why the last session ended, or empty.
+    explicit WLoginDialog(const char* reason);
 
     void setFocusOnUsernameField();
     void clearFields();
-    /// Shows why there is a login page; empty: nothing.
-    void sayWhy(const Wt::WString& text);
 
     std::string usernameGet() const; // UTF-8
 

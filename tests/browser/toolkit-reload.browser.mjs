@@ -1,4 +1,4 @@
-// Reloads that go on with their session; what a lost link, a refused message and an ended session do with what was typed.
+// Reloads that go on with their session; what a lost link, a refused message and an ended session do with texts.
 import assert from 'node:assert/strict';
 import { mkdtempSync, rmSync, writeFileSync } from 'node:fs';
 import { tmpdir } from 'node:os';

@@ -237,12 +237,12 @@ TEST_F(Pages, TheAddressSaysWhereOneIsAndLeadsThere) {
         {"/%,x\xc3/name", "", {}},
     };
     for (const auto& row : rows) {
-        const int told = view.userSelections;
+        const int before = view.userSelections;
         const bool others = view.selection().indexes() != row.records;
         view.goTo(row.to);
         EXPECT_EQ(view.selection().indexes(), row.records) << row.to;
         EXPECT_EQ(view.placeInAddress(), row.there) << row.to;
-        EXPECT_EQ(view.userSelections - told, others ? 1 : 0) << row.to;
+        EXPECT_EQ(view.userSelections - before, others ? 1 : 0) << row.to;
     }
     for (unsigned record = 10; record < 50; ++record) view.list->records.push_back(record);
     view.readFromDatabase(false, true);

@@ -26,7 +26,8 @@ TEST(Place, NamesComeBackAsTheyWere) {
         EXPECT_EQ(Place::names(part), names) << part;
         EXPECT_EQ(part.find_first_of("/~"), std::string::npos) << part;
     }
-    EXPECT_EQ(Place::names("a%,%4,%zz,%41"), (std::vector<std::string>{"a%", "%4", "%zz", "A"})) << "foreign text";
+    EXPECT_EQ(Place::names("a%,%4,%zz,%41"), (std::vector<std::string>{"a%", "%4", "%zz", "A"}))
+        << "foreign text";
 }
 
 TEST(Place, PartsAreTakenFromTheFront) {

@@ -48,8 +48,8 @@ TEST(Reload, shows_everything_once_more_with_what_was_typed) {
     s.reload(2);
     EXPECT_EQ(s.sink.loaded, 2u);
     const std::string shown = s.sink.last;
-    for (const char* part : {R"("typed")", R"(["title","title"])", R"(["css","a.css"])", R"(["confirm","sure?"])",
-                             R"(,5000,0])"})
+    for (const char* part : {R"("typed")", R"(["title","title"])", R"(["css","a.css"])",
+                             R"(["confirm","sure?"])", R"(,5000,0])"})
         EXPECT_EQ(times(shown, part), 1u) << part << " in " << shown;
     EXPECT_EQ(times(shown, "7000"), 0u) << "of a timer that does not run";
     EXPECT_NE(shown.find("[\"focus\"," + id + "]"), std::string::npos);
@@ -69,7 +69,8 @@ TEST(Reload, a_list_stands_where_it_stood) {
     std::smatch table;
     ASSERT_TRUE(std::regex_search(shown, table, std::regex(R"("i":(\d+),"t":"div","b":\["table")"))) << shown;
     for (const int first : {0, 300}) {
-        s.browser(R"([{"k":"range","page":10,"t":)" + table[1].str() + R"(,"first":)" + std::to_string(first) + "}]");
+        s.browser(R"([{"k":"range","page":10,"t":)" + table[1].str() + R"(,"first":)" +
+                  std::to_string(first) + "}]");
         s.flush();
         s.reload(static_cast<std::uint64_t>(first) + 2);
         EXPECT_EQ(s.sink.last.find(R"("scroll",[300,1])") != std::string::npos, first > 0);
