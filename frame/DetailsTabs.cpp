@@ -1,6 +1,7 @@
 #include "frame/DetailsTabs.h"
 
 #include "frame/ObjListParts.h"
+#include "frame/Place.h"
 #include "frame/StatusTab.h"
 #include "frame/WAutoSizeTableView.h"
 #include "widgets/WLineEditPlus.h"
@@ -34,7 +35,7 @@ WSettingsTab* DetailsTabs::addTab(int page, const char* title, Wt::WWidget* widg
     widget->setMargin(Wt::WLength(kTabMargin));
     Wt::WMenuItem* item = tabWidget(page)->addTab(widget, tr(title), Wt::WTabWidget::LazyLoading);
     auto* settings = dynamic_cast<WSettingsTab*>(widget);
-    mTabs.push_back({widget, settings, dynamic_cast<StatusTab*>(widget)});
+    mTabs.push_back({title, widget, settings, dynamic_cast<StatusTab*>(widget)});
     if (!settings) return nullptr;
     settings->registerDetailsMenuItem(item);
     if (list) {
@@ -59,6 +60,22 @@ int DetailsTabs::shownTab() const {
     const auto tab =
         std::find_if(mTabs.begin(), mTabs.end(), [&](const Tab& t) { return t.widget == shown; });
     return tab == mTabs.end() ? -1 : static_cast<int>(tab - mTabs.begin());
+}
+
+std::string DetailsTabs::shownTabWord() const {
+    const int tab = shownTab();
+    return tab < 0 ? "" : Place::word(mTabs[static_cast<std::size_t>(tab)].title);
+}
+
+void DetailsTabs::showTabOf(std::string_view word) {
+    Wt::WTabWidget* page = tabWidget(shownPage());
+    for (int index = 0; index < page->count(); ++index) {
+        const Wt::WWidget* shown = page->widget(index);
+        const auto tab =
+            std::find_if(mTabs.begin(), mTabs.end(), [&](const Tab& t) { return t.widget == shown; });
+        if (tab != mTabs.end() && Place::word(tab->title) == word && index != page->currentIndex())
+            return page->setCurrentIndex(index);
+    }
 }
 
 WSettingsTab* DetailsTabs::shownSettingsTab() const {

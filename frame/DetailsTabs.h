@@ -6,6 +6,8 @@
 #include <Wt/WPushButton>
 
 #include <cstddef>
+#include <string>
+#include <string_view>
 #include <vector>
 
 namespace Wt {
@@ -66,6 +68,11 @@ public:
 
     /// Row number of the tab on show; -1 when its page has none.
     int shownTab() const;
+    /// The tab on show as a word of the address (Place::word() of its title); empty when there is none.
+    std::string shownTabWord() const;
+    /// Shows the tab of the page on show that has the word; none has it: nothing.
+    void showTabOf(std::string_view word);
+
     /// The tab on show if it can be edited, else null.
     WSettingsTab* shownSettingsTab() const;
     /// The settings tab of a row; null when that tab only shows.
@@ -79,6 +86,7 @@ public:
 
 private:
     struct Tab {
+        const char* title;   // message key
         Wt::WWidget* widget; // owned by its page
         WSettingsTab* settings;
         StatusTab* status;

@@ -2,6 +2,7 @@
 
 #include "frame/ActionColumn.h"
 #include "frame/DetailsTabs.h"
+#include "frame/Place.h"
 #include "frame/WMsgBoxDbErr.h"
 
 void EditingPage::contentChangedHandler() {
@@ -11,6 +12,15 @@ void EditingPage::contentChangedHandler() {
     if (!tab || (records == 0 && !editsSingletons())) return;
     tab->indicateChangedContent(true);
     tab->enableButtons(records > 1 ? tab->isAnyValid() : tab->isAllValid(), true);
+}
+
+std::string EditingPage::placeInAddress() const {
+    const std::string tab = mDetails ? mDetails->shownTabWord() : "";
+    return tab.empty() ? "" : "/" + tab;
+}
+
+void EditingPage::goTo(std::string_view place) {
+    if (mDetails) mDetails->showTabOf(Place::takePart(place));
 }
 
 bool EditingPage::save(WSettingsTab& tab, OnFailure onFailure) {

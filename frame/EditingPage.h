@@ -22,6 +22,9 @@ public:
     /// Throws the tab's edits away.
     void cancel(WSettingsTab& tab);
 
+    std::string placeInAddress() const override;
+    void goTo(std::string_view place) override;
+
 protected:
     using PageFrame::PageFrame;
 

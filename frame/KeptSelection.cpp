@@ -1,6 +1,14 @@
 #include "frame/KeptSelection.h"
 
 #include "frame/ObjListParts.h"
+#include "frame/Place.h"
+
+namespace {
+
+constexpr std::size_t kMostInAddress = 32; // of EIDs these are 450 characters
+constexpr char kManySelected = '~';        // no name begins with it unescaped
+
+} // namespace
 
 KeptSelection::KeptSelection(ObjListParts& list, Job rebuild, Job changed)
     : mList(list), mRebuild(std::move(rebuild)), mChanged(std::move(changed)), mRemember([this]() -> Job {
@@ -37,6 +45,20 @@ void KeptSelection::clear() {
 void KeptSelection::bringIntoView() {
     const Wt::WModelIndexSet rows = mList.table()->selectedIndexes();
     if (rows.size() == 1) mList.table()->scrollTo(*rows.begin(), Wt::WAbstractItemView::EnsureVisible);
+}
+
+std::string KeptSelection::inAddress() const {
+    const Wt::WModelIndexSet rows = mList.table()->selectedIndexes();
+    if (rows.size() > kMostInAddress) return kManySelected + std::to_string(rows.size());
+    std::vector<std::string> names;
+    for (const Wt::WModelIndex& row : rows) names.push_back(mList.table()->nameAt(row));
+    return Place::list(names);
+}
+
+void KeptSelection::selectInAddress(std::string_view part) {
+    if (part.starts_with(kManySelected) || part == inAddress()) return;
+    mList.table()->setSelectedIndexes(mList.table()->rowsNamed(Place::names(part)));
+    bringIntoView();
 }
 
 std::vector<unsigned> KeptSelection::indexes() const {

@@ -4,6 +4,8 @@
 
 #include <cstddef>
 #include <functional>
+#include <string>
+#include <string_view>
 #include <vector>
 
 class ObjListParts;
@@ -32,6 +34,12 @@ public:
     void bringIntoView();
 
     /// Record indexes in the selection's order.
+    /// What is selected, as a part of the address: each record by what the list tells it by; "" for nothing. Of more
+    /// records than an address takes it tells the number.
+    std::string inAddress() const;
+    /// Selects the records of such a part that the list shows, and tells of it. A number leaves the selection.
+    void selectInAddress(std::string_view part);
+
     std::vector<unsigned> indexes() const;
     std::size_t count() const;
 

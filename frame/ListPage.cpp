@@ -1,6 +1,7 @@
 #include "frame/ListPage.h"
 
 #include "frame/DetailsTabs.h"
+#include "frame/Place.h"
 
 ListPage::ListPage(Wt::WContainerWidget* parent, std::initializer_list<InfoMgr_InfoID> watched)
     : EditingPage(parent), mWatched(watched) {}
@@ -16,6 +17,17 @@ void ListPage::readFromDatabase(bool forceDetails, bool forceList) {
         forceDetails = true;
     }
     showSelection(forceDetails);
+}
+
+std::string ListPage::placeInAddress() const {
+    const std::string records = mSelection ? mSelection->inAddress() : "";
+    return records.empty() ? "" : "/" + records + EditingPage::placeInAddress();
+}
+
+void ListPage::goTo(std::string_view place) {
+    const std::string_view records = Place::takePart(place);
+    if (!detailsTabs()->hasChanged()) mSelection->selectInAddress(records);
+    if (records == mSelection->inAddress()) EditingPage::goTo(place);
 }
 
 void ListPage::refresh() {

@@ -14,6 +14,9 @@ public:
     /// `forceList`: rebuild the list in any case, also over unsaved edits.
     virtual void readFromDatabase(bool forceDetails, bool forceList);
 
+    std::string placeInAddress() const override;
+    void goTo(std::string_view place) override;
+
 protected:
     /// `watched`: kinds of data that the list shows; none: the list is rebuilt at every refresh.
     ListPage(Wt::WContainerWidget* parent, std::initializer_list<InfoMgr_InfoID> watched);

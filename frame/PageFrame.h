@@ -3,6 +3,8 @@
 #include <Wt/WContainerWidget>
 
 #include <initializer_list>
+#include <string>
+#include <string_view>
 
 namespace Wt {
 class WHBoxLayout;
@@ -22,6 +24,11 @@ public:
     virtual void disableAutoRefresh();
     /// Refreshes under the session's update lock; nothing outside a session.
     virtual void refreshTimerTimeout();
+
+    /// Where the user is within the page, as the address tells it behind the page's name: "" or "/…" (Place.h).
+    virtual std::string placeInAddress() const { return ""; }
+    /// Goes there as far as it is there and no unsaved edits hold the user back.
+    virtual void goTo(std::string_view place) { static_cast<void>(place); }
 
     ActionColumn* actions() const { return mActions; }
 

@@ -7,6 +7,15 @@
 
 #include <Wt/WStandardItemModel>
 
+#include <algorithm>
+#include <string_view>
+
+namespace {
+
+constexpr std::string_view kEidHeader = "[RSnnn]EID";
+
+} // namespace
+
 RecordTable::RecordTable(int columns, Wt::WContainerWidget* parent)
     : WAutoSizeTableView(columns, parent), mProxy(new WNumericSortFilterProxyModel(this)),
       mModel(new Wt::WStandardItemModel(0, columns, mProxy)) {
@@ -23,6 +32,7 @@ RecordTable::RecordTable(int columns, Wt::WContainerWidget* parent)
 void RecordTable::setColumn(int column, const char* header, bool hidden, int width) {
     setHeader(column, hidden ? Wt::WString::fromUTF8(header) : tr(header));
     if (hidden) setColumnHidden(column, true);
+    if (std::string_view(header) == kEidHeader) mNameColumn = column;
     if (width > 0) fixColumn(column, width);
 }
 
@@ -84,6 +94,20 @@ std::string RecordTable::textAt(const Wt::WModelIndex& row, int column) const {
     const boost::any cell = mModel->data(source.row(), column, Wt::EditRole);
     const std::string* text = boost::any_cast<std::string>(&cell);
     return text ? *text : "";
+}
+
+std::string RecordTable::nameAt(const Wt::WModelIndex& row) const {
+    const std::string name = mNameColumn > 0 ? textAt(row, mNameColumn) : "";
+    return name.empty() ? std::to_string(zeqIndexAt(row)) : name;
+}
+
+Wt::WModelIndexSet RecordTable::rowsNamed(const std::vector<std::string>& names) const {
+    Wt::WModelIndexSet rows;
+    for (int row = 0; !names.empty() && row < mProxy->rowCount(); ++row) {
+        const Wt::WModelIndex index = mProxy->index(row, 0);
+        if (std::find(names.begin(), names.end(), nameAt(index)) != names.end()) rows.insert(index);
+    }
+    return rows;
 }
 
 int RecordTable::rowCount() const {

@@ -84,6 +84,11 @@ public:
     /// Text of a cell; empty if it holds none. `row` is one of the table.
     std::string textAt(const Wt::WModelIndex& row, int column) const;
 
+    /// What the record of a row is told by outside of the table: its EID where the table has that column, else its
+    /// index, which no other record gets.
+    std::string nameAt(const Wt::WModelIndex& row) const;
+    Wt::WModelIndexSet rowsNamed(const std::vector<std::string>& names) const;
+
     int rowCount() const; // of the records, whatever the filter shows
     int numSelected() const;
     /// In the table's order. Rows without a record are left out.
@@ -123,4 +128,5 @@ private:
 
     WNumericSortFilterProxyModel* mProxy; // owned by this
     Wt::WStandardItemModel* mModel;       // owned by the proxy
+    int mNameColumn = 0;                  // of what tells a record outside of the table; 0: its index
 };

@@ -62,7 +62,8 @@ void MirlApplication::showLogin() {
     deleteOwned(mForgotPasswordBox);
     deleteOwned(mLockoutBox);
     if (!mLoginDialog) {
-        mLoginDialog = new WLoginDialog;
+        const std::string* ended = environment().getParameter(kEndParameter);
+        mLoginDialog = new WLoginDialog(endReasonRow(ended ? *ended : "").message);
         connectLoginDialog();
     }
     startInactivityTimer();

@@ -1,6 +1,8 @@
 // The pages of a logged-in user: which of the three variants, and the main tabs of the master variant.
 
 #include "db/Db.h"
+#include "frame/PageFrame.h"
+#include "frame/Place.h"
 #include "platform/client/Attributes.h"
 #include "platform/client/EventLog.h"
 #include "shell/MirlApplication.h"
@@ -23,9 +25,12 @@
 #include <Wt/WTableCell>
 #include <Wt/WText>
 
-/// One main tab: its label, its place among the section tab items (-1 for none),
+#include <algorithm>
+
+/// One main tab: its name in the address, its label, its place among the section tab items (-1 for none),
 /// and what to call on its view.
 struct MirlApplication::MainTab {
+    const char* name;
     const char* label;
     int section;
     Wt::WWidget* (*make)(MirlApplication&);
@@ -33,8 +38,11 @@ struct MirlApplication::MainTab {
     void (*poll)(MirlApplication&, bool on);
 
     template <auto Member, auto... ReadArguments>
-    static constexpr MainTab of(const char* label, int section = -1) {
-        return {label, section, make_<Member>,
+    static constexpr MainTab of(const char* name, const char* label, int section = -1) {
+        return {name,
+                label,
+                section,
+                make_<Member>,
                 [](MirlApplication& app) { (app.*Member)->readFromDatabase(ReadArguments...); },
                 [](MirlApplication& app, bool on) {
                     on ? (app.*Member)->enableAutoRefresh() : (app.*Member)->disableAutoRefresh();
@@ -50,16 +58,19 @@ private:
 };
 
 const std::array<MirlApplication::MainTab, 8> MirlApplication::kMainTabs = {{
-    MainTab::of<&MirlApplication::mDashView>("[RSnnn]Dashboard"),
-    MainTab::of<&MirlApplication::mSesView, false>("[RSnnn]Sessions"),
-    MainTab::of<&MirlApplication::mUsrView, false, false>("[RSnnn]Users", ChangeTracker::SECTION_USERS),
-    MainTab::of<&MirlApplication::mDevView, false, false>("[RSnnn]Devices", ChangeTracker::SECTION_DEVICES),
-    MainTab::of<&MirlApplication::mCascadeView>("main.Cascade"),
-    MainTab::of<&MirlApplication::mPeriphView, false, false>("[RSnnn]Peripherals",
+    MainTab::of<&MirlApplication::mDashView>("dashboard", "[RSnnn]Dashboard"),
+    MainTab::of<&MirlApplication::mSesView, false>("sessions", "[RSnnn]Sessions"),
+    MainTab::of<&MirlApplication::mUsrView, false, false>("users", "[RSnnn]Users",
+                                                          ChangeTracker::SECTION_USERS),
+    MainTab::of<&MirlApplication::mDevView, false, false>("devices", "[RSnnn]Devices",
+                                                          ChangeTracker::SECTION_DEVICES),
+    MainTab::of<&MirlApplication::mCascadeView>("cascade", "main.Cascade"),
+    MainTab::of<&MirlApplication::mPeriphView, false, false>("peripherals", "[RSnnn]Peripherals",
                                                              ChangeTracker::SECTION_PERIPHERALS),
-    MainTab::of<&MirlApplication::mSysSettingsView, false>("[RSnnn]System Settings",
+    MainTab::of<&MirlApplication::mSysSettingsView, false>("settings", "[RSnnn]System Settings",
                                                            ChangeTracker::SECTION_SYSTEM_SETTINGS),
-    MainTab::of<&MirlApplication::mEventView, false>("[RSnnn]Events", ChangeTracker::SECTION_EVENTS),
+    MainTab::of<&MirlApplication::mEventView, false>("events", "[RSnnn]Events",
+                                                     ChangeTracker::SECTION_EVENTS),
 }};
 
 void MirlApplication::createUi() {
@@ -126,6 +137,40 @@ void MirlApplication::createMasterUi() {
     placeTableAndVersion();
     mMainTabs->currentChanged().connect(this, &MirlApplication::mainTabChangedHandler);
     mainTabChangedHandler();
+    goToPlace(internalPath());
+    internalPathChanged().connect(this, &MirlApplication::goToPlace);
+}
+
+PageFrame* MirlApplication::shownPage() const {
+    return dynamic_cast<PageFrame*>(mMainTabs->widget(mMainTabs->currentIndex()));
+}
+
+/// The master variant alone has places: the others are one page.
+std::string MirlApplication::place() const {
+    const int index = mMainTabs->currentIndex();
+    if (index < 0 || index >= static_cast<int>(kMainTabs.size())) return "/";
+    const PageFrame* page = shownPage();
+    return std::string("/") + kMainTabs[static_cast<std::size_t>(index)].name +
+           (page ? page->placeInAddress() : "");
+}
+
+void MirlApplication::goToPlace(std::string path) {
+    std::string_view rest = path;
+    const std::string_view name = Place::takePart(rest);
+    const auto tab =
+        std::find_if(kMainTabs.begin(), kMainTabs.end(), [&](const MainTab& t) { return t.name == name; });
+    if (tab == kMainTabs.end()) return;
+    mMainTabs->setCurrentIndex(static_cast<int>(tab - kMainTabs.begin()));
+    if (PageFrame* page = shownPage()) page->goTo(rest);
+}
+
+/// After every event: where the user is, and whether leaving would lose something.
+void MirlApplication::showPlace() {
+    if (!mUserLoggedIn || !mMainTabs) return;
+    if (mSesView) setInternalPath(place());
+    if (anythingChanged() == mAsksBeforeLeaving) return;
+    mAsksBeforeLeaving = !mAsksBeforeLeaving;
+    setConfirmCloseMessage(mAsksBeforeLeaving ? tr("[RSnnn]There are unsaved changes.") : Wt::WString());
 }
 
 void MirlApplication::createManagedUi() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "shell/ChangeTracker.h"
+#include "shell/EndReason.h"
 
 #include <Wt/WApplication>
 
@@ -18,10 +19,12 @@ class WTable;
 class WTimer;
 } // namespace Wt
 
+class PageFrame;
 class WBannerDialog;
 class WCascadeView;
 class WDashView;
 class WDevView;
+class WEndingNotice;
 class WEventView;
 class WInitAdminPasswordDialog;
 class WLoginDialog;
@@ -85,9 +88,9 @@ public:
     void createUi();
 
     // End of the session.
-    void logOutUser();
-    /// Sends the browser back to the start page, where a new session begins.
-    void restartWebApp();
+    void logOutUser(EndReason reason = EndReason::None);
+    /// Sends the browser back to the start page, where a new session begins and says why.
+    void restartWebApp(EndReason reason = EndReason::None);
     /// Ends the whole process, with all its sessions.
     void exitApplication();
 
@@ -111,6 +114,8 @@ private:
     /// they are what ends an idle session.
     void watchInactivity(Wt::EventType type);
     bool idleLimitExceeded();
+    void announceEnd();
+    std::string placeParameter() const;
 
     void redirectToHttps();
     void startRedirectCheckTimer();
@@ -137,6 +142,10 @@ private:
     void placeHeaderAndTabs();
     void placeTableAndVersion();
     void mainTabChangedHandler();
+    PageFrame* shownPage() const; ///< null: the tab on show is made another way
+    std::string place() const;    ///< what the address says: "/devices/00A702-020011/status"
+    void goToPlace(std::string path);
+    void showPlace();
 
     // Shared by the sessions of the process, without a lock:
     // a lost update costs one uncounted failure at worst.
@@ -153,6 +162,7 @@ private:
     WMsgBoxSimple* mAuthFailureBox = nullptr;
     WMsgBoxSimple* mLockoutBox = nullptr;
     WMsgBoxSimple* mForgotPasswordBox = nullptr;
+    WEndingNotice* mEndingNotice = nullptr;
     Wt::WTable* mMainTable = nullptr; // two rows: header, tabs
     WSlaveSettingsView* mSlaveSettingsView = nullptr;
     WManagedView* mManagedView = nullptr;
@@ -173,6 +183,7 @@ private:
     bool mUserLoggedIn = false;
     unsigned int mLoggedInUsrIndex = 0;
     bool mSlaveUiActive = false;
+    bool mAsksBeforeLeaving = false;
     ZeqClient_s* mZeqClient = nullptr;
     std::time_t mLastUserActivityTimeSec = 0;
     std::uint32_t mMirlInactivityTimeoutSec = 600;

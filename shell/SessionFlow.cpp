@@ -7,10 +7,12 @@
 #include "shell/DeleteOwned.h"
 #include "shell/MirlApplication.h"
 #include "shell/Security.h"
+#include "shell/WEndingNotice.h"
 #include "shell/WallClock.h"
 
 #include <Wt/WPushButton>
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace {
@@ -19,6 +21,8 @@ constexpr int kConnectRetries = 5;
 constexpr unsigned kNoticeMs = 1000;
 constexpr int kNoticeWidthPx = 250;
 constexpr std::uint32_t kSecondsPerMinute = 60;
+/// Before the end of an idle session; of a short limit the second half.
+constexpr std::uint32_t kNoticeSec = 60;
 /// Stands in for an idle limit below one minute, which nobody can have meant.
 constexpr std::uint32_t kReplacedLimitSec = 300;
 
@@ -83,17 +87,34 @@ void MirlApplication::updateMirlInactivityTimeout(unsigned int minutes) {
 void MirlApplication::notify(const Wt::WEvent& event) {
     watchInactivity(event.eventType());
     Wt::WApplication::notify(event);
+    showPlace();
 }
 
 void MirlApplication::watchInactivity(Wt::EventType type) {
     if (!mUserLoggedIn) return;
     if (type == Wt::UserEvent) {
         mLastUserActivityTimeSec = WallClock_now();
+        deleteOwned(mEndingNotice);
     } else if (idleLimitExceeded()) {
         EventLog_write(3, 7, "notify", "Web user logged out due to inactivity.");
-        logOutUser();
+        logOutUser(EndReason::Inactivity);
         Wt::WApplication::instance()->processEvents();
+    } else {
+        announceEnd();
     }
+}
+
+/// The pages' own ticks bring it on show: nobody waits for it longer than they.
+void MirlApplication::announceEnd() {
+    if (mMirlInactivityTimeoutSec == 0 || mLastUserActivityTimeSec == 0) return;
+    const std::uint32_t idleSec = WallClock_secondsSince(mLastUserActivityTimeSec);
+    const std::uint32_t leftSec = mMirlInactivityTimeoutSec - std::min(mMirlInactivityTimeoutSec, idleSec);
+    if (leftSec > std::min(kNoticeSec, mMirlInactivityTimeoutSec / 2)) {
+        deleteOwned(mEndingNotice);
+        return;
+    }
+    if (!mEndingNotice) mEndingNotice = new WEndingNotice;
+    mEndingNotice->setSecondsLeft(leftSec);
 }
 
 bool MirlApplication::idleLimitExceeded() {
@@ -107,19 +128,27 @@ bool MirlApplication::idleLimitExceeded() {
     return idleSec > mMirlInactivityTimeoutSec;
 }
 
-void MirlApplication::logOutUser() {
+void MirlApplication::logOutUser(EndReason reason) {
     std::vector<std::string> errors;
     Security_logoutMirlUser(mLoggedInUsrIndex, errors);
     mLoggedInUsrIndex = 0;
     mUserLoggedIn = false;
-    restartWebApp();
+    restartWebApp(reason);
 }
 
-void MirlApplication::restartWebApp() {
+void MirlApplication::restartWebApp(EndReason reason) {
     stopModeChangeCheckTimer();
     stopRedirectCheckTimer();
-    redirect("/");
+    const std::string word = endReasonRow(reason).word;
+    redirect(word.empty() ? "/" : std::string("/?") + kEndParameter + "=" + word + placeParameter());
     quit();
+}
+
+/// So that the login leads back to where the user was.
+std::string MirlApplication::placeParameter() const {
+    const std::string address = bookmarkUrl();
+    const std::size_t query = address.find("?_=");
+    return query == std::string::npos ? "" : "&" + address.substr(query + 1);
 }
 
 void MirlApplication::exitApplication() {

@@ -77,7 +77,7 @@ void MirlApplication::modeChangeCheckTimeoutHandler() {
     if (Db::db.readString("systemGlobals", 0, "managedSetting", setting, errors) != 0) return;
     const bool turnedManaged = setting == kManaged && mManagedSetting == kUnmanaged;
     const bool turnedUnmanaged = setting == kUnmanaged && mManagedSetting == kManaged;
-    if (turnedManaged || turnedUnmanaged) logOutUser();
+    if (turnedManaged || turnedUnmanaged) logOutUser(EndReason::ModeChanged);
 }
 
 void MirlApplication::startInactivityTimer() {

@@ -221,6 +221,48 @@ TEST_F(Pages, AnEditedRecordIsBroughtIntoViewBySaving) {
     }
 }
 
+TEST_F(Pages, TheAddressSaysWhereOneIsAndLeadsThere) {
+    EXPECT_EQ(view.placeInAddress(), "");
+    const struct {
+        const char *to, *there;
+        std::vector<unsigned> records;
+    } rows[] = {
+        {"/2", "/2/name", {2}},
+        {"/2,5/shown", "/2,5/shown", {2, 5}},
+        {"/5/nonsense", "/5/shown", {5}},
+        {"/77/name", "", {}},
+        {"/3/name/more", "/3/name", {3}},
+        {"/~40/shown", "/3/name", {3}}, // of so many nobody knows which
+        {"", "", {}},
+        {"/%,x\xc3/name", "", {}},
+    };
+    for (const auto& row : rows) {
+        const int before = view.userSelections;
+        const bool others = view.selection().indexes() != row.records;
+        view.goTo(row.to);
+        EXPECT_EQ(view.selection().indexes(), row.records) << row.to;
+        EXPECT_EQ(view.placeInAddress(), row.there) << row.to;
+        EXPECT_EQ(view.userSelections - before, others ? 1 : 0) << row.to;
+    }
+    for (unsigned record = 10; record < 50; ++record) view.list->records.push_back(record);
+    view.readFromDatabase(false, true);
+    select(std::vector<unsigned>(view.list->records.begin() + 4, view.list->records.begin() + 36));
+    EXPECT_EQ(view.placeInAddress().substr(0, 7), "/10,11,");
+    select(view.list->records);
+    EXPECT_EQ(view.placeInAddress(), "/~44/name");
+}
+
+TEST_F(Pages, UnsavedEditsHoldTheUserAtTheirRecords) {
+    view.goTo("/2/name");
+    type(name(), "X");
+    view.contentChangedHandler();
+    view.goTo("/3/shown");
+    EXPECT_EQ(view.placeInAddress(), "/2/name");
+    EXPECT_EQ(name().text().toUTF8(), "X");
+    view.goTo("/2/shown");
+    EXPECT_EQ(view.placeInAddress(), "/2/shown") << "another tab of the same record";
+}
+
 TEST_F(Pages, TicksComeOnlyWhileThePageIsOnShow) {
     const auto ticksIn = [this](std::chrono::milliseconds time) {
         const int before = view.selectionsShown;

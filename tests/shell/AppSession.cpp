@@ -21,7 +21,9 @@ TestClock::~TestClock() {
     WallClock_setSource(nullptr);
 }
 
-AppSession::AppSession(const std::string& urlScheme) : mEnvironment(new Wt::Test::WTestEnvironment) {
+AppSession::AppSession(const std::string& urlScheme, const std::string& ended)
+    : mEnvironment(new Wt::Test::WTestEnvironment) {
+    if (!ended.empty()) mEnvironment->setParameterMap({{kEndParameter, {ended}}});
     start(urlScheme);
 }
 

@@ -26,7 +26,8 @@ private:
 /// needs a thread of its own.
 class AppSession {
 public:
-    explicit AppSession(const std::string& urlScheme = "https");
+    /// `ended`: the word in the address that says why the last session ended.
+    explicit AppSession(const std::string& urlScheme = "https", const std::string& ended = "");
     /// The same, with the user's answers to dialogs that the constructor of the application runs.
     explicit AppSession(const std::function<void(Wt::WDialog*)>& answer);
     ~AppSession();

@@ -3,6 +3,7 @@
 #include "frame/WMsgBoxSimple.h"
 #include "shell/MirlApplication.h"
 #include "shell/WBannerDialog.h"
+#include "shell/WEndingNotice.h"
 #include "shell/WInitAdminPasswordDialog.h"
 #include "shell/WLoginDialog.h"
 
@@ -24,6 +25,8 @@ struct SessionProbe {
     Wt::WTimer* inactivityTimer() const { return app.mInactivityTimer; }
     Wt::WTimer* modeTimer() const { return app.mModeChangeCheckTimer; }
     Wt::WTimer* redirectTimer() const { return app.mRedirectCheckTimer; }
+    WEndingNotice* endingNotice() const { return app.mEndingNotice; }
+    std::string place() const { return app.place(); }
     bool holdsClient() const { return app.mZeqClient != nullptr; }
 
     /// A user's event passes, or any other.

@@ -136,6 +136,52 @@ TEST_F(Session, UserEventsKeepItAliveTimersDoNot) {
     EXPECT_FALSE(session.app().userIsLoggedIn()) << "a new limit holds at once";
 }
 
+TEST_F(Session, TheLastMinuteOfAnIdleSessionIsCounted) {
+    const struct {
+        unsigned minutes;
+        long quiet, notice; // seconds idle without a notice, and with one
+        const char* left;
+    } rows[] = {{10, 539, 540, "60 s"}, {10, 539, 595, "5 s"}, {1, 29, 45, "15 s"}, {0, 1000, 2000, ""}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.notice);
+        AppSession session;
+        session.logIn("admin", "x");
+        session.app().updateMirlInactivityTimeout(row.minutes);
+        clock.advance(row.quiet);
+        session.probe().timerEvent();
+        EXPECT_EQ(session.probe().endingNotice(), nullptr);
+        clock.advance(row.notice - row.quiet);
+        session.probe().timerEvent();
+        if (row.minutes == 0) {
+            EXPECT_EQ(session.probe().endingNotice(), nullptr);
+            continue;
+        }
+        ASSERT_NE(session.probe().endingNotice(), nullptr);
+        EXPECT_FALSE(session.probe().endingNotice()->isModal());
+        EXPECT_NE(textIn(session.probe().endingNotice()).find(row.left), std::string::npos);
+        session.probe().userEvent();
+        EXPECT_EQ(session.probe().endingNotice(), nullptr);
+        session.probe().timerEvent();
+        EXPECT_EQ(session.probe().endingNotice(), nullptr) << "and the time runs anew";
+    }
+}
+
+TEST_F(Session, TheLoginPageSaysWhyOneIsThere) {
+    struct {
+        const char* word;
+        const char* text;
+    } rows[] = {
+        {"inactivity", "nothing was done"}, {"account", "your account was disabled"}, {"", ""}, {"<b>x", ""}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.word);
+        AppSession session("https", row.word);
+        const std::string all = textIn(session.probe().login());
+        EXPECT_EQ(all.find("You were logged out") != std::string::npos, *row.text != 0);
+        EXPECT_NE(all.find(row.text), std::string::npos);
+        EXPECT_EQ(all.find("<b>"), std::string::npos);
+    }
+}
+
 TEST_F(Session, LogoutDeletesTheAdminSession) {
     AppSession session;
     session.logIn("admin", "x");

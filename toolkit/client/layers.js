@@ -18,7 +18,7 @@ export class Layers {
 
   /** @param {HTMLElement} frame @param {boolean} modal */
   add(frame, modal) {
-    this.open.push({ frame, modal, before: document.activeElement, fresh: true });
+    this.open.push({ frame, modal, before: document.activeElement, fresh: modal });
   }
 
   /** @param {HTMLElement} frame */
@@ -41,7 +41,9 @@ export class Layers {
       child.toggleAttribute('inert', top !== null && below);
     }
     if (this.closed.length === 0) return;
-    this.back = this.closed[0].before;
+    const [last] = this.closed;
+    // One that was not modal took no focus; it had it only if a user gave it some.
+    this.back = last.modal || document.activeElement === document.body ? last.before : null;
     this.closed = [];
   }
 

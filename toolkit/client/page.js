@@ -1,6 +1,7 @@
 // The page: applies the session's operations to the DOM and tells the session what the user does.
 // docs/page-protocol.md lists operations and events.
 
+import { showPath, shownPath } from './address.js';
 import { Dom } from './dom.js';
 import { Events } from './events.js';
 import { Fields, selectionIn } from './fields.js';
@@ -12,7 +13,7 @@ const STYLE_WAIT_MS = 1500; // the page stays invisible that long at most for it
 const RETRY_MS = 100;
 
 /** @typedef {{sendEvent(event: Object<string, any>, key?: string): void, keys: Map<string, number>,
- *   renew(): void}} Sender */
+ *   forget(): void, renew(): void}} Sender */
 
 export class Page {
   /** @param {Sender} transport */
@@ -32,6 +33,7 @@ export class Page {
     /** @type {(() => void)[]} */
     this.visibleActions = [];
     this.handlers = this.operationHandlers();
+    addEventListener('popstate', () => this.send({ k: 'path', p: shownPath() }));
     addEventListener('beforeunload', event => { if (this.confirmText) event.preventDefault(); });
   }
 
@@ -58,6 +60,23 @@ export class Page {
 
   collectValues() {
     return this.fields.collect();
+  }
+
+  /** What was typed into text fields, the last of each, a line a field; no passwords.
+   * @param {Object<string, any>[]} events those that have not been sent @returns {string} */
+  textsOf(events) {
+    /** @type {Record<string, any>} */
+    const values = Object.assign({}, ...events.map(event => event.v ?? {}), this.fields.collect() ?? {});
+    return Object.entries(values).map(([id, value]) => {
+      const field = this.dom.find(Number(id.slice(1)));
+      if (!field || typeof value !== 'string' || !value || field.type === 'password') return '';
+      const label = field.getAttribute('aria-label') || field.labels?.[0]?.textContent || field.title;
+      return label ? `${label}: ${value}` : value;
+    }).filter(text => text).join('\n');
+  }
+
+  hasNewValues() {
+    return this.fields.touched.size > 0;
   }
 
   /** @param {boolean} online */
@@ -132,10 +151,18 @@ export class Page {
       css: url => this.linkStyles(url),
       nocss: url => this.unlinkStyles(url),
       confirm: text => { this.confirmText = text; },
-      go: url => { this.confirmText = ''; location.assign(url); },
+      path: path => showPath(path),
+      go: url => this.leaveFor(url),
       over: text => { document.title = text; },
       renew: () => this.transport.renew(),
     };
+  }
+
+  /** The session sends the browser elsewhere: what comes there is none of it. @param {string} url */
+  leaveFor(url) {
+    this.confirmText = '';
+    this.transport.forget();
+    location.assign(url);
   }
 
   /** @param {number} run @param {number} ms @param {number} once */
@@ -158,6 +185,7 @@ export class Page {
 
   /** @param {string} url */
   linkStyles(url) {
+    if (this.linkOf(url)) return;
     const link = document.createElement('link');
     link.rel = 'stylesheet';
     link.href = url;
@@ -179,7 +207,12 @@ export class Page {
 
   /** @param {string} url */
   unlinkStyles(url) {
+    this.linkOf(url)?.remove();
+  }
+
+  /** @param {string} url @returns {HTMLLinkElement|undefined} */
+  linkOf(url) {
     const wanted = new URL(url, location.href).href;
-    for (const link of document.head.querySelectorAll('link')) if (link.href === wanted) link.remove();
+    return [...document.head.querySelectorAll('link')].find(link => link.href === wanted);
   }
 }

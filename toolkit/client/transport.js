@@ -1,11 +1,14 @@
 // The road between the page and its session: start, WebSocket with reconnects, plain HTTP where WebSocket is not to be
 // had, numbering and acknowledgement. docs/page-protocol.md describes the messages.
 
+import { shownPath } from './address.js';
 import { Notice } from './notice.js';
+import { Tab } from './tab.js';
 
 /**
  * @typedef {{applyOperations(list: any[]): void, collectValues(): (Object<string, any> | null),
- *   connectionChanged?(online: boolean): void}} PageLike
+ *   hasNewValues?(): boolean,
+ *   textsOf?(events: Object<string, any>[]): string, connectionChanged?(online: boolean): void}} PageLike
  * @typedef {{n: number, e: Object<string, any>[]}} Message
  */
 
@@ -13,13 +16,22 @@ const HEARTBEAT_MS = 1000; // a visible page shows within 3 s that the server do
 const HIDDEN_HEARTBEAT_MS = 10000;
 const ANSWER_MS = 1900;
 const CONNECT_MS = 6000; // a WebSocket that is not open by then is given up; the browser itself would wait for minutes
-const FIRST_RETRY_MS = 300;
+const QUICK_CONNECT_MS = 1200; // where connections have been quick: a lost packet costs a second
+const PATIENT_CONNECT_MS = 4000; // every sixth attempt: the road may have become a slow one
+const FIRST_RETRY_MS = 500;
+const EARLY_RETRY_MS = 1000; // no longer pause while the loss is young
+const EARLY_MS = 120000;
 const LONGEST_RETRY_MS = 15000;
 const POLL_LIMIT_MS = 30000;
 const SOCKET_FAILURES_BEFORE_POLL = 2;
 const SOCKET_RETRY_MS = 60000; // while polling
 const MAX_WAITING_EVENTS = 1000;
 const MAX_MESSAGE_BYTES = 60000; // the server refuses 65536
+const MAX_LIST = 400; // events of a message, messages of a list; the server refuses 501
+const SLOWEST_BYTES_PER_MS = 8; // a large message of the server's is waited for accordingly
+const LONGEST_WAIT_MS = 30000;
+/** Closed with: not to be understood, too large. */
+const REFUSED = new Set([1007, 1009]);
 const END_GRACE_MS = 2000; // a redirect may be under way
 
 /** What the box says when the session does not exist any more. */
@@ -37,6 +49,8 @@ export class Transport {
     this.online = undefined;
     this.base = new URL('../../', import.meta.url).pathname; // ends in "/"
     this.notice = new Notice();
+    this.tab = new Tab(this.base);
+    this.loads = 1; // of the page with this token
     /** @type {PageLike} given before start() */
     this.page = /** @type {any} */ (undefined);
     this.token = '';
@@ -57,6 +71,11 @@ export class Transport {
     this.pollRound = 0;
     /** @type {AbortController|null} */
     this.pollAbort = null;
+    this.oneByOne = false; // one of our messages was refused: which one shows when each goes alone
+    this.sentAlone = 0;
+    this.lostAt = 0; // when the connection was lost; 0: it stands
+    this.attempts = 0; // since then
+    this.connectMs = 0; // how long the last connection took to open; 0: there was none
     this.retryMs = FIRST_RETRY_MS;
     this.retryTimer = 0;
     /** @type {() => void} what the timer does */
@@ -77,7 +96,21 @@ export class Transport {
     document.addEventListener('visibilitychange', () => {
       if (document.visibilityState === 'visible') this.lookAgain();
     });
-    await this.openSession();
+    const former = await this.tab.recall();
+    if (former) this.goOn(former);
+    else await this.openSession();
+  }
+
+  /** @param {import('./tab.js').Remembered} former session of the page before this one */
+  goOn(former) {
+    this.token = former.token;
+    this.loads = former.page;
+    this.openSocket();
+  }
+
+  /** A page that comes after this one begins anew. */
+  forget() {
+    this.tab.forget();
   }
 
   /**
@@ -98,16 +131,17 @@ export class Transport {
   }
 
   numberEvents() {
-    const events = this.collected;
+    const events = wellFormed(this.collected);
     this.collected = [];
-    for (const group of byteSize(events) <= MAX_MESSAGE_BYTES ? [events] : events.map(event => [event])) {
+    const fits = events.length <= MAX_LIST && byteSize(events) <= MAX_MESSAGE_BYTES;
+    for (const group of fits ? [events] : events.map(event => [event])) {
       if (byteSize(group) > MAX_MESSAGE_BYTES) {
         this.notice.showNote('An entry was too long and has not been sent.');
         continue;
       }
       const message = { n: ++this.numbered, e: group };
       this.unacknowledged.push(message);
-      if (this.isOpen()) this.sendToSocket({ ...message, ack: this.applied });
+      if (this.isOpen() && !this.oneByOne) this.sendToSocket({ ...message, ack: this.applied });
     }
     for (const key of this.collectedKeys) this.keys.set(key, this.numbered);
     this.collectedKeys = [];
@@ -127,6 +161,11 @@ export class Transport {
       if (answer.ok) {
         const started = await answer.json();
         this.token = started.token;
+        this.loads = 1;
+        if (started.reload) {
+          this.tab.keep({ token: started.token, session: started.session, page: 1 });
+          this.tab.claim(started.session);
+        }
         this.openSocket();
         return;
       }
@@ -135,6 +174,7 @@ export class Transport {
     } catch {
       this.notice.showBanner('No connection to the server. Trying again.');
     }
+    this.lostAt ||= performance.now();
     this.retryLater(() => this.openSession());
   }
 
@@ -156,8 +196,12 @@ export class Transport {
 
   sayBye() {
     if (this.ended || !this.token) return;
+    if (this.page.hasNewValues?.()) { // the session keeps what is typed for a reload
+      this.sendEvent({ k: 'values' });
+      this.numberEvents();
+    }
     this.ended = true;
-    navigator.sendBeacon(this.base + 'wt-session/bye', JSON.stringify({ token: this.token }));
+    navigator.sendBeacon(this.base + 'wt-session/bye', JSON.stringify({ token: this.token, page: this.loads }));
     if (this.socket) this.socket.close(1000);
   }
 
@@ -181,11 +225,19 @@ export class Transport {
     const scheme = location.protocol === 'https:' ? 'wss://' : 'ws://';
     const socket = new WebSocket(scheme + location.host + this.base + 'wt-session/ws');
     this.socket = socket;
-    this.connectTimer = setTimeout(() => this.slowToConnect(), ANSWER_MS);
+    const began = performance.now();
+    const limit = this.connectLimit();
+    this.connectTimer = setTimeout(() => this.slowToConnect(limit), Math.min(limit, ANSWER_MS));
     socket.onopen = () => {
       clearTimeout(this.connectTimer);
-      socket.send(JSON.stringify({ hello: this.token, ack: this.applied }));
-      for (const message of this.unacknowledged) socket.send(JSON.stringify({ ...message, ack: this.applied }));
+      this.connectMs = performance.now() - began;
+      socket.send(JSON.stringify(this.hello()));
+      this.sentAlone = 0;
+      for (let rest = this.oneByOne ? [] : this.unacknowledged; rest.length > 0;) {
+        const m = firstMessages(rest);
+        rest = rest.slice(m.length);
+        socket.send(JSON.stringify({ ack: this.applied, m }));
+      }
       this.awaitAnswer();
     };
     socket.onmessage = event => {
@@ -194,14 +246,54 @@ export class Transport {
       this.connected();
       this.receive(JSON.parse(event.data));
     };
-    socket.onclose = () => {
-      if (this.socket === socket) this.socketLost();
+    socket.onclose = event => {
+      if (this.socket !== socket) return;
+      if (REFUSED.has(event.code)) this.messageRefused();
+      this.socketLost();
     };
   }
 
-  slowToConnect() {
+  hello() {
+    const again = this.loads > 1 ? { page: this.loads, path: shownPath() } : {};
+    return { hello: this.token, ack: this.applied, ...again };
+  }
+
+  /** @param {number} limit milliseconds in all */
+  slowToConnect(limit) {
     if (!this.polling) this.connectionLost();
-    this.connectTimer = setTimeout(() => this.socketLost(), CONNECT_MS - ANSWER_MS);
+    this.connectTimer = setTimeout(() => this.socketLost(), Math.max(0, limit - ANSWER_MS));
+  }
+
+  /** An attempt from before the link's return may hang long after it: where connections are quick it is given up early.
+   * @returns {number} milliseconds */
+  connectLimit() {
+    if (!this.connectMs || !this.lossIsYoung()) return CONNECT_MS;
+    if (++this.attempts % 6 === 0) return PATIENT_CONNECT_MS;
+    return Math.min(CONNECT_MS, Math.max(QUICK_CONNECT_MS, 500 + 3 * this.connectMs));
+  }
+
+  lossIsYoung() {
+    return this.lostAt === 0 || performance.now() - this.lostAt < EARLY_MS;
+  }
+
+  /** Sent alone it is known; it keeps its number and loses its contents. */
+  messageRefused() {
+    const first = this.unacknowledged[0];
+    if (this.oneByOne && first && this.sentAlone === first.n) {
+      first.e = [];
+      this.notice.showNote('An entry could not be read by the server and has not been sent.');
+    }
+    this.oneByOne = true;
+  }
+
+  sendNextAlone() {
+    const first = this.unacknowledged[0];
+    if (!first) {
+      this.oneByOne = false;
+    } else if (this.sentAlone !== first.n && this.isOpen()) {
+      this.sentAlone = first.n;
+      this.sendToSocket({ ...first, ack: this.applied });
+    }
   }
 
   /** The network may be another one, or somebody looks: what has hung so far is not worth waiting for. */
@@ -295,7 +387,7 @@ export class Transport {
       const abort = new AbortController();
       this.pollAbort = abort;
       try {
-        const body = { hello: this.token, ack: this.applied, m: this.firstMessages() };
+        const body = { ...this.hello(), m: firstMessages(this.unacknowledged) };
         const answer = await this.post('wt-session/poll', body, POLL_LIMIT_MS, abort.signal);
         if (!answer.ok) throw new Error('status ' + answer.status);
         const { ack, m } = await answer.json();
@@ -313,17 +405,12 @@ export class Transport {
     }
   }
 
-  /** As many of the waiting messages as fit into one poll. */
-  firstMessages() {
-    let bytes = 0;
-    return this.unacknowledged.filter(message => (bytes += byteSize(message)) <= MAX_MESSAGE_BYTES + 1000);
-  }
-
   // ---- either way ----
 
   /** @param {any} message */
   receive(message) {
     if (message.ack !== undefined) this.acknowledge(message.ack);
+    if (message.size !== undefined) this.awaitLarge(message.size);
     if (message.n !== undefined) {
       if (message.n <= this.applied) return;
       if (message.n !== this.applied + 1) {
@@ -338,6 +425,10 @@ export class Transport {
       }
       return;
     }
+    if (message.gone !== undefined && this.loads > 1 && this.applied === 0) {
+      this.startAnew();
+      return;
+    }
     if (message.gone !== undefined) this.gone(GONE_TEXT.get(message.gone) || 'The session does not exist any more.', 0);
     if (message.end !== undefined) {
       if (this.isOpen()) this.socket?.send(JSON.stringify({ ack: this.applied }));
@@ -349,15 +440,38 @@ export class Transport {
   acknowledge(number) {
     while (this.unacknowledged.length > 0 && this.unacknowledged[0].n <= number) this.unacknowledged.shift();
     for (const [key, carrier] of this.keys) if (carrier !== 0 && carrier <= number) this.keys.delete(key);
+    if (this.oneByOne) this.sendNextAlone();
+  }
+
+  /** What we send meanwhile is answered behind it. @param {number} bytes of the message that comes */
+  awaitLarge(bytes) {
+    clearTimeout(this.answerTimer);
+    const wait = Math.min(LONGEST_WAIT_MS, ANSWER_MS + bytes / SLOWEST_BYTES_PER_MS);
+    this.answerTimer = setTimeout(() => this.silent(), wait);
+  }
+
+  /** The session that this page was to go on with is over: another one, without a word. */
+  startAnew() {
+    this.tab.forget();
+    this.token = '';
+    this.stopPolling();
+    const former = this.socket;
+    this.socket = null;
+    clearTimeout(this.answerTimer);
+    this.answerTimer = 0;
+    former?.close(1000);
+    this.openSession();
   }
 
   /** @param {string} text @param {number} delayMs */
   gone(text, delayMs) {
     this.ended = true;
+    this.tab.forget();
     clearTimeout(this.heartbeatTimer);
     clearTimeout(this.answerTimer);
     this.notice.hideBanner();
-    setTimeout(() => this.notice.showOver(text), delayMs);
+    const unsent = this.page.textsOf?.([...this.unacknowledged.flatMap(message => message.e), ...this.collected]);
+    setTimeout(() => this.notice.showOver(text, unsent ?? ''), delayMs);
   }
 
   connected() {
@@ -365,6 +479,8 @@ export class Transport {
     this.answerTimer = 0;
     this.retryMs = FIRST_RETRY_MS;
     this.socketFailures = 0;
+    this.lostAt = 0;
+    this.attempts = 0;
     if (!this.polling) this.scheduleHeartbeat();
     if (this.online) return;
     this.online = true;
@@ -377,6 +493,7 @@ export class Transport {
     this.notice.showBanner(this.online ? 'Offline. Your entries are kept until the connection is back.'
       : 'No connection to the server. Trying again.');
     this.online = false;
+    this.lostAt = performance.now();
     if (this.page.connectionChanged) this.page.connectionChanged(false);
   }
 
@@ -391,7 +508,8 @@ export class Transport {
   }
 
   nextPause() {
-    const pause = this.retryMs * (0.5 + Math.random());
+    const longest = this.lossIsYoung() ? EARLY_RETRY_MS : LONGEST_RETRY_MS;
+    const pause = Math.min(this.retryMs, longest) * (0.75 + Math.random() / 2);
     this.retryMs = Math.min(this.retryMs * 2, LONGEST_RETRY_MS);
     return pause;
   }
@@ -418,4 +536,21 @@ function byteSize(value) {
  */
 function alone(work) {
   return navigator.locks ? navigator.locks.request('wt-session', work) : work();
+}
+
+/** As many of the messages as fit into one list. @param {Message[]} messages @returns {Message[]} */
+function firstMessages(messages) {
+  let bytes = 0;
+  const tooMany = messages.findIndex((message, n) =>
+    n > 0 && (n >= MAX_LIST || (bytes += byteSize(message)) + byteSize(messages[0]) > MAX_MESSAGE_BYTES));
+  return tooMany < 0 ? messages : messages.slice(0, tooMany);
+}
+
+/** Half a pair of UTF-16 in what was typed is no text: the server reads UTF-8.
+ * @param {Object<string, any>[]} events @returns {Object<string, any>[]} */
+function wellFormed(events) {
+  const lone = /[\uD800-\uDBFF](?![\uDC00-\uDFFF])|(?<![\uD800-\uDBFF])[\uDC00-\uDFFF]/g;
+  const mend = (/** @type {string} */ _key, /** @type {any} */ value) =>
+    (typeof value === 'string' ? value.replace(lone, '\uFFFD') : value);
+  return JSON.parse(JSON.stringify(events, mend));
 }

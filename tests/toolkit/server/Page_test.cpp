@@ -200,6 +200,36 @@ TEST(Page, LeavingThePageEndsTheSessionThroughNestedLoops) {
     EXPECT_EQ(operations(byeClient), R"({"gone":"closed"})");
 }
 
+TEST(Page, AReloadGoesOnWithItsSessionWhereThatIsSet) {
+    const std::string again = R"(,"page":2,"path":"/a/b")";
+    for (const bool isNewSession : {true, false}) {
+        TestServer server([&](ServerConfig& config) { config.reloadIsNewSession = isNewSession; });
+        const TestPage page(server.port());
+        TestClient before(server.port()), after(server.port()), late(server.port());
+        page.connect(before);
+        operations(before);
+        before.sendText(event(1, R"("k":"echo","x":"a")"));
+        operations(before);
+        if (isNewSession) {
+            page.connect(after, 0, again);
+            EXPECT_EQ(operations(after), R"({"gone":"unknown"})");
+            continue;
+        }
+        before.sendFrame(8, "\x03\xe9"); // 1001: the browser leaves
+        page.post("/wt-session/bye", R"({"token":")" + page.token() + R"(","page":1})", "text/plain");
+        page.connect(after, 0, again);
+        EXPECT_EQ(operations(after), R"({"n":1,"ack":0,"o":[["again","/a/b"]]})");
+        page.post("/wt-session/bye", R"({"token":")" + page.token() + R"(","page":1})", "text/plain");
+        after.sendText(event(1, R"("k":"echo","x":"b")", 1));
+        EXPECT_EQ(operations(after), R"({"n":2,"ack":1,"o":[["echo","b"]]})");
+        page.connect(late, 0);
+        EXPECT_EQ(operations(late), R"({"gone":"unknown"})") << "a page that was loaded before";
+        const Answer poll = page.post("/wt-session/poll", R"({"hello":")" + page.token() + R"(","page":3})");
+        EXPECT_NE(poll.body.find(R"(["again",""])"), std::string::npos) << poll.body;
+        EXPECT_EQ(server.sessions().size(), 1u);
+    }
+}
+
 TEST(Page, StoppingTheServerTellsThePages) {
     TestServer server;
     const TestPage page(server.port());

@@ -7,7 +7,11 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
+#include <fstream>
 #include <vector>
+
+#include <unistd.h>
 
 namespace Wt::Impl {
 namespace {
@@ -36,6 +40,24 @@ TEST(ServerConfig, ReadsTheDocumentedOptions) {
     EXPECT_TRUE(read({"--http-address=::", "--https-address=::", "--http-port=1", "--https-port=1",
                       "--ssl-certificate=c", "--ssl-private-key=k"})
                     .sharesPort());
+}
+
+TEST(ServerConfig, TheConfigurationFileTellsWhatAReloadIs) {
+    const std::string file = testing::TempDir() + "wt_config_" + std::to_string(::getpid()) + ".xml";
+    const auto readWith = [&](const std::string& setting) {
+        std::ofstream(file) << "<server><application-settings location=\"*\"><session-management>" << setting
+                            << "</session-management></application-settings></server>";
+        return read({"--http-address=::", "--config", file.c_str()}).reloadIsNewSession;
+    };
+    const auto tag = [](const char* value) {
+        return std::string("<reload-is-new-session>") + value + "</reload-is-new-session>";
+    };
+    EXPECT_TRUE(readWith(""));
+    EXPECT_FALSE(readWith(tag("false")));
+    EXPECT_TRUE(readWith(tag("true")));
+    EXPECT_THROW(readWith(tag("no")), WServer::Exception);
+    EXPECT_THROW(readWith("<broken"), WServer::Exception);
+    std::remove(file.c_str());
 }
 
 TEST(ServerConfig, RefusalsNameTheOption) {

@@ -42,7 +42,7 @@ TEST(Channel, SendsAgainWhatIsNotAcknowledged) {
     Mailbox mailbox;
     Channel channel(mailbox);
     const auto first = std::make_shared<Peer>();
-    channel.attach(first, 0);
+    channel.attach(first, input({}));
     for (const char* operations : {"[1]", "[2]", "[3]"}) channel.send(operations);
     EXPECT_EQ(first->woken, 3);
     std::uint64_t cursor = 0;
@@ -51,7 +51,7 @@ TEST(Channel, SendsAgainWhatIsNotAcknowledged) {
     channel.receive(input({1}, 1));
 
     const auto second = std::make_shared<Peer>();
-    channel.attach(second, 1);
+    channel.attach(second, input({}, 1));
     EXPECT_EQ(first->woken, 4); // so that it notices
     EXPECT_FALSE(channel.isAttached(first.get()));
     channel.detach(first.get()); // late, and of no consequence
@@ -63,6 +63,58 @@ TEST(Channel, SendsAgainWhatIsNotAcknowledged) {
     channel.receive(input({}, 99)); // more than was sent
     channel.send("[4]");
     EXPECT_EQ(channel.next(cursor)->text, R"({"n":4,"ack":1,"o":[4]})");
+}
+
+PageInput hello(std::uint64_t page, const char* path = "") {
+    PageInput made;
+    made.page = page;
+    made.path = path;
+    return made;
+}
+
+TEST(Channel, APageLoadedAnewBeginsAnew) {
+    Mailbox mailbox;
+    Channel channel(mailbox);
+    const auto before = std::make_shared<Peer>(), after = std::make_shared<Peer>();
+    ASSERT_TRUE(channel.attach(before, hello(1)));
+    channel.send("[1]");
+    channel.receive(input({1, 2}, 1));
+    channel.send("[2]");
+    waiting(mailbox);
+    channel.leave(1);
+    EXPECT_TRUE(channel.liveness().left);
+
+    ASSERT_TRUE(channel.attach(after, hello(2, "/devices")));
+    EXPECT_FALSE(channel.liveness().left) << "it came back";
+    channel.leave(1);
+    EXPECT_FALSE(channel.liveness().left) << "a farewell that came late";
+    EXPECT_EQ(channel.receive(input({3})), Channel::Verdict::Gap) << "of the page before";
+    SessionEvent event;
+    ASSERT_TRUE(mailbox.tryTake(event));
+    EXPECT_EQ(event.kind, SessionEvent::Kind::Reload);
+    EXPECT_EQ(event.path, "/devices");
+    std::uint64_t cursor = 0;
+    EXPECT_FALSE(channel.next(cursor));
+    channel.send("[\"old\"]");
+    EXPECT_FALSE(channel.next(cursor)) << "made before the session heard of the new page";
+    channel.begin(1);
+    channel.send("[\"old\"]");
+    EXPECT_FALSE(channel.next(cursor)) << "of another reload, before this one";
+    channel.begin(event.pageNumber);
+    channel.send("[\"new\"]");
+    EXPECT_EQ(channel.next(cursor)->text, R"({"n":1,"ack":0,"o":["new"]})");
+    PageInput first = input({1});
+    first.page = 2;
+    EXPECT_EQ(channel.receive(first), Channel::Verdict::Taken);
+    EXPECT_EQ(waiting(mailbox), 1u);
+
+    EXPECT_TRUE(channel.attach(after, hello(2))) << "another connection of the same page";
+    EXPECT_FALSE(mailbox.tryTake(event)) << "is no reload";
+    EXPECT_FALSE(channel.attach(before, hello(1))) << "the page before cannot take it back";
+    EXPECT_TRUE(channel.isAttached(after.get()));
+    channel.close("expired");
+    EXPECT_FALSE(channel.attach(before, hello(3))) << "nothing to go on with";
+    EXPECT_TRUE(channel.attach(after, hello(2))) << "but its own page hears the last word";
 }
 
 TEST(Channel, LastWordsWaitForThePageToReturn) {

@@ -70,9 +70,9 @@ TEST_F(SessionRegistryTest, SilentPagesExpireAndLivingOnesDoNot) {
     const auto silent = claimed();
     const auto living = claimed();
     const auto peer = std::make_shared<Peer>();
-    silent.session->channel().attach(peer, 0);
+    silent.session->channel().attach(peer, PageInput());
     silent.session->channel().detach(peer.get());
-    living.session->channel().attach(peer, 0);
+    living.session->channel().attach(peer, PageInput());
 
     mSessions->expire(later(kUnclaimedLimit - 1s));
     EXPECT_EQ(mSessions->size(), 3u);
@@ -83,6 +83,20 @@ TEST_F(SessionRegistryTest, SilentPagesExpireAndLivingOnesDoNot) {
     EXPECT_EQ(mSessions->expire(later(std::chrono::hours(24))), 1u); // the ended ones are forgotten
     EXPECT_EQ(mSessions->findByName(living.session->name()), living.session);
     EXPECT_EQ(mSessions->findByName(silent.session->name()), nullptr);
+}
+
+TEST_F(SessionRegistryTest, APageThatWasLeftHasAWhileToComeBack) {
+    const auto left = claimed();
+    const auto peer = std::make_shared<Peer>();
+    left.session->channel().attach(peer, PageInput());
+    left.session->channel().leave(1);
+    mSessions->expire(later(kSilentLimit + 2s));
+    EXPECT_EQ(mSessions->size(), 1u) << "its connection still stands";
+    left.session->channel().detach(peer.get());
+    mSessions->expire(later(kLeftLimit - 1s));
+    EXPECT_EQ(mSessions->size(), 1u);
+    mSessions->expire(later(kLeftLimit + 2s));
+    EXPECT_TRUE(comesTrue([&] { return mSessions->size() == 0; }));
 }
 
 TEST_F(SessionRegistryTest, NothingRunsBeforeThePagesHello) {
@@ -105,14 +119,14 @@ TEST_F(SessionRegistryTest, TheOldestIdleOneWithoutAUserMakesRoom) {
     const auto user = claimed("a");
     logIn(user);
     const auto attached = claimed("b");
-    attached.session->channel().attach(peer, 0);
+    attached.session->channel().attach(peer, PageInput());
     const auto left = claimed("c");
-    left.session->channel().attach(peer, 0);
+    left.session->channel().attach(peer, PageInput());
     left.session->channel().detach(peer.get());
     const auto waiting = mSessions->start(from("d"), "", "/r/", "");
     const auto later = mSessions->start(from("e"), "", "/r/", "");
     const auto active = claimed("f");
-    active.session->channel().attach(peer, 0);
+    active.session->channel().attach(peer, PageInput());
 
     const SessionRegistry::Started* const order[] = {&waiting, &later, &left, &attached};
     for (std::size_t gone = 0; gone < std::size(order) + 1; ++gone) {
@@ -122,7 +136,7 @@ TEST_F(SessionRegistryTest, TheOldestIdleOneWithoutAUserMakesRoom) {
             active.session->channel().receive(std::move(input));
         }
         const auto newcomer = claimed("new" + std::to_string(gone));
-        newcomer.session->channel().attach(peer, 0);
+        newcomer.session->channel().attach(peer, PageInput());
         ASSERT_TRUE(newcomer.session);
         for (std::size_t i = 0; i < std::size(order); ++i)
             EXPECT_EQ(lives(*order[i]), i > gone) << i << " after " << gone;
@@ -181,7 +195,7 @@ TEST_F(SessionRegistryTest, PagesOfOneBrowserThatLogInAtOnceGetOneCookie) {
 TEST_F(SessionRegistryTest, WhatTheApplicationPostedMayAskTheServerAsItGoes) {
     const auto silent = claimed();
     const auto peer = std::make_shared<Peer>();
-    silent.session->channel().attach(peer, 0);
+    silent.session->channel().attach(peer, PageInput());
     silent.session->channel().detach(peer.get());
     std::atomic<int> asked = 0;
     const auto registry = mSessions;

@@ -42,6 +42,10 @@ private:
         while (true) {
             SessionEvent event = mMailbox.take();
             switch (event.kind) {
+            case SessionEvent::Kind::Reload:
+                mSink.begin(event.pageNumber);
+                mSink.send("[[\"again\",\"" + event.path + "\"]]");
+                break;
             case SessionEvent::Kind::End:
                 throw Ended();
             case SessionEvent::Kind::Call:

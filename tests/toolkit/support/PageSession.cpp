@@ -49,6 +49,15 @@ void PageSession::browser(const std::string& events) {
     session.handlePage(boost::json::parse(events));
 }
 
+void PageSession::reload(std::uint64_t number, const std::string& path) {
+    Wt::Impl::SessionEvent event;
+    event.kind = Wt::Impl::SessionEvent::Kind::Reload;
+    event.pageNumber = number;
+    event.path = path;
+    mailbox.post(std::move(event));
+    session.processEvents();
+}
+
 void PageSession::event(const Wt::Impl::RenderNode& node, const std::string& kind, const std::string& more) {
     browser("[{\"t\":" + std::to_string(node.nodeId()) + ",\"k\":\"" + kind + "\"" +
             (more.empty() ? "" : ",") + more + "}]");

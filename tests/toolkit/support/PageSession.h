@@ -19,11 +19,16 @@ class Recorder : public Wt::Impl::PageSink {
 public:
     void send(std::string operations) override;
     void finish(std::string operations) override;
+    void begin(std::uint64_t number) override {
+        loaded = number;
+        page = PageModel();
+    }
 
     PageModel page;
-    std::size_t bytes = 0; ///< sent so far
-    std::string last;      ///< operations of the last flush that sent something
-    std::string finished;  ///< the last operations
+    std::uint64_t loaded = 1; ///< which load of the page this is
+    std::size_t bytes = 0;    ///< sent so far
+    std::string last;         ///< operations of the last flush that sent something
+    std::string finished;     ///< the last operations
     bool ended = false;
 };
 
@@ -40,6 +45,8 @@ public:
     std::string flush();
     /// One message of the browser: a JSON array.
     void browser(const std::string& events);
+    /// The page is loaded anew, and comes with that internal path.
+    void reload(std::uint64_t number, const std::string& path = "");
     /// An event of a widget, with values of fields where wanted.
     void event(const Wt::Impl::RenderNode& node, const std::string& kind, const std::string& more = "");
 

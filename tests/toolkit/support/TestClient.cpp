@@ -183,13 +183,13 @@ void TestPage::logIn() const {
          R"({"hello":")" + mToken + R"(","m":[{"n":1,"e":[{"k":"login"},{"k":"echo","x":"in"}]}]})");
 }
 
-void TestPage::connect(TestClient& client, int ack) const {
+void TestPage::connect(TestClient& client, int ack, const std::string& more) const {
     client.send("GET /wt-session/ws HTTP/1.1\r\nHost: 127.0.0.1:" + std::to_string(mPort) + "\r\n" +
                 originHeader() + cookieHeader() +
                 "Connection: Upgrade\r\nUpgrade: websocket\r\nSec-WebSocket-Version: 13\r\n"
                 "Sec-WebSocket-Key: dGhlIHNhbXBsZSBub25jZQ==\r\n\r\n");
     if (client.readAnswer().status != 101) throw std::runtime_error("no WebSocket");
-    client.sendText("{\"hello\":\"" + mToken + "\",\"ack\":" + std::to_string(ack) + "}");
+    client.sendText("{\"hello\":\"" + mToken + "\",\"ack\":" + std::to_string(ack) + more + "}");
 }
 
 } // namespace Wt::Impl

@@ -65,7 +65,7 @@ public:
     std::string originHeader() const;
 
     /// Opens the WebSocket and says hello.
-    void connect(TestClient& client, int ack = 0) const;
+    void connect(TestClient& client, int ack = 0, const std::string& more = "") const;
     /// Says hello by a poll: the session's thread runs from now on.
     void claim() const;
     /// Has the session recognise its user, by a poll; its first message.

@@ -97,6 +97,8 @@ public:
     void setHtmlClass(const std::string& styleClass);
     void setConfirmCloseMessage(const WString& message);
     void setFocus(const std::string& id, int selectionStart = -1, int selectionEnd = -1);
+    /// Puts the path into the browser's address, as a new entry of its history. "/" is no place: the first path takes
+    /// its entry. What is set last before the next flush counts.
     void setInternalPath(const std::string& path, bool emitChange = false);
     void deferRendering() {}
     void resumeRendering() {}
@@ -112,11 +114,12 @@ public:
     bool updatesEnabled() const { return mUpdatesEnabled > 0; }
     bool isQuited() const { return mQuited; }
     std::string sessionId() const;
-    /// Address of the application: its path, and `internalPath` behind it.
+    /// Address of the application, with `internalPath` in the form "?_=/path".
     std::string url(const std::string& internalPath = std::string()) const;
     std::string resolveRelativeUrl(const std::string& url) const { return url; }
     std::string makeAbsoluteUrl(const std::string& url) const;
-    std::string bookmarkUrl() const { return url(); }
+    /// Address that leads to the present internal path.
+    std::string bookmarkUrl() const;
     std::string internalPath() const { return mInternalPath; }
     /// Folder that WT_APP_ROOT names, with a slash at its end; empty if there is none.
     static std::string appRoot();
@@ -125,6 +128,7 @@ public:
     void log(const std::string& type, const std::string& message) const;
 
     Signal<::int64_t>& requestTooLarge() { return mRequestTooLarge; }
+    /// The user went to another path: Back, Forward, or an address of his own.
     Signal<std::string>& internalPathChanged() { return mInternalPathChanged; }
 
     virtual void initialize() {}
@@ -140,6 +144,10 @@ protected:
 private:
     friend class Impl::WebSession;
 
+    void showAgain();
+    void showPath();
+    void pathShown(std::string path, bool stays);
+
     Impl::WebSession* mSession;
     const WEnvironment* mEnvironment; // not owned
     WContainerWidget* mRoot = nullptr;
@@ -150,7 +158,9 @@ private:
     std::string mBodyClass;
     WString mTitle;
     WLocale mLocale;
-    std::string mInternalPath = "/";
+    std::string mInternalPath, mShownPath;
+    std::string mHtmlClass;
+    WString mConfirmClose;
     int mUpdatesEnabled = 0;
     bool mQuited = false;
     Signal<::int64_t> mRequestTooLarge{this};

@@ -44,12 +44,14 @@ constexpr double kEventBurst = 6000;                  ///< at once: what was kep
 constexpr std::size_t kFragments = 64;                ///< frames of one message: closed
 constexpr double kControlFramesPerSecond = 5;         ///< sustained; more: closed
 constexpr double kControlFrameBurst = 30;             ///< at once
+constexpr std::size_t kAnnouncedBytes = 16 * 1024;    ///< a larger message to the page comes behind its size
 constexpr Seconds kHelloDeadline = 10s;               ///< WebSocket open to hello: closed
 constexpr Seconds kWebSocketIdle = 30s; ///< nothing heard, not even the answer to a ping: closed
 constexpr Seconds kPollWait = 20s;      ///< a poll without news is answered after this
 
 // Sessions
-constexpr Seconds kSilentLimit = 60s;    ///< page without a live connection: the session expires
+constexpr Seconds kSilentLimit = 180s;   ///< page without a live connection: the session expires
+constexpr Seconds kLeftLimit = 20s;      ///< page that was left, until it is loaded anew: the session expires
 constexpr Seconds kUnclaimedLimit = 20s; ///< session whose page never connected: expires
 constexpr Seconds kEndedLinger = 20s;    ///< a session's last words wait so long for the page to return
 constexpr Seconds kStopDeadline = 10s;   ///< stop() waits so long for sessions inside a handler

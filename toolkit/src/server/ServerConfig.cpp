@@ -1,5 +1,7 @@
 #include "server/ServerConfig.h"
 
+#include "server/ConfigFile.h"
+
 #include <Wt/WServer.h>
 
 #include <boost/program_options.hpp>
@@ -43,7 +45,7 @@ po::options_description describe(ServerConfig& config, std::string& docRoot, std
         "session-id-prefix", into(config.sessionIdPrefix),
         "put before every session's name")("pid-file,p", into(config.pidFile), "file for the process id")(
         "config,c", into(ignored),
-        "configuration file of the toolkit; must be readable, nothing is read from it")(
+        "configuration file of the toolkit (XML); reload-is-new-session is read from it")(
         "max-memory-request-size", into(ignored), "accepted; uploads always go to the spool folder")(
         "max-request-size", into(config.maxRequestSize), "largest upload in bytes (default 128 MiB)")(
         "spool-folder", into(config.spoolFolder), "folder of uploads (default /tmp)")(
@@ -106,8 +108,7 @@ void check(ServerConfig& config, const std::string& configFile) {
         refuse("ssl-certificate", "needed with --https-address");
     if (!config.httpsAddress.empty() && config.sslPrivateKey.empty())
         refuse("ssl-private-key", "needed with --https-address");
-    if (!configFile.empty() && !std::ifstream(configFile))
-        refuse("config", "can't read '" + configFile + "'");
+    if (!configFile.empty()) readConfigFile(configFile, config);
     const bool plainPrefix =
         std::all_of(config.sessionIdPrefix.begin(), config.sessionIdPrefix.end(), [](unsigned char c) {
             return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '-' ||

@@ -23,6 +23,7 @@ struct ServerConfig {
     std::string spoolFolder = "/tmp";
     bool compress = true;
     bool gdb = false;
+    bool reloadIsNewSession = true; ///< false: a page that is loaded anew goes on with its session
     int threads = 4;
 
     std::string httpAddress;  ///< numeric; empty: no plain HTTP

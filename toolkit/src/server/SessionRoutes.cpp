@@ -1,6 +1,7 @@
 #include "core/Limits.h"
 #include "core/Log.h"
 #include "server/HttpConnection.h"
+#include "server/Reload.h"
 #include "server/Routes.h"
 #include "server/Site.h"
 #include "server/Url.h"
@@ -72,8 +73,10 @@ Awaitable<void> serveStart(HttpConnection& connection) {
         co_await connection.respond(errorResponse(begun.status));
         co_return;
     }
-    HttpResponse response = jsonResponse(
-        json::serialize(json::value{{"token", begun.token}, {"session", begun.session->name()}}));
+    HttpResponse response =
+        jsonResponse(json::serialize(json::value{{"token", begun.token},
+                                                 {"session", begun.session->name()},
+                                                 {"reload", !site.config.reloadIsNewSession}}));
     setCookie(response, connection, begun.cookie);
     co_await connection.respond(std::move(response));
 }
@@ -137,7 +140,10 @@ Awaitable<void> servePoll(HttpConnection& connection) {
     Channel& channel = session->channel();
     const auto peer = std::make_shared<PollPeer>(connection.stream().get_executor());
     const bool carriesEvents = !input->messages.empty();
-    channel.attach(peer, input->ack);
+    if (!mayAttach(connection.site(), *input) || !channel.attach(peer, *input)) {
+        co_await connection.respond(jsonResponse("{\"m\":[{\"gone\":\"unknown\"}]}"));
+        co_return;
+    }
     const Channel::Verdict verdict = channel.receive(std::move(*input));
     if (verdict == Channel::Verdict::TooFast) {
         channel.detach(peer.get());
@@ -164,9 +170,10 @@ Awaitable<void> servePoll(HttpConnection& connection) {
 Awaitable<void> serveBye(HttpConnection& connection) {
     const auto body = co_await connection.readForm(kFormBytes);
     if (!body) co_return;
-    const auto session = connection.site().sessions->find(
-        parseToken(*body), connection.request().cookie(connection.cookieName()));
-    if (session) connection.site().sessions->end(session, EndReason::PageClosed);
+    const ByeInput bye = parseBye(*body);
+    const auto session =
+        connection.site().sessions->find(bye.token, connection.request().cookie(connection.cookieName()));
+    if (session) pageWasLeft(connection.site(), *session, bye.page);
     HttpResponse response;
     response.status = 204;
     co_await connection.respond(std::move(response));

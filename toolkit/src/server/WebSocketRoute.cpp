@@ -1,6 +1,7 @@
 #include "core/Limits.h"
 #include "server/FrameMeter.h"
 #include "server/HttpConnection.h"
+#include "server/Reload.h"
 #include "server/Routes.h"
 #include "server/Site.h"
 #include "server/Wakeup.h"
@@ -55,7 +56,8 @@ private:
     std::shared_ptr<Session> mSession;
     bool mAckDue = false;
     bool mWriterEnded = false;
-    bool mReading = true; ///< the reader still runs
+    std::uint64_t mPage = 1; ///< of the hello
+    bool mReading = true;    ///< the reader still runs
     websocket::close_code mCloseWith = websocket::close_code::normal;
 };
 
@@ -140,7 +142,12 @@ Awaitable<bool> PageSocket::hello() {
         co_await close(websocket::close_code::normal);
         co_return false;
     }
-    mSession->channel().attach(shared_from_this(), input->ack);
+    mPage = input->page;
+    if (!mayAttach(mConnection->site(), *input) || !mSession->channel().attach(shared_from_this(), *input)) {
+        co_await write("{\"gone\":\"unknown\"}");
+        co_await close(websocket::close_code::normal);
+        co_return false;
+    }
     if (mSession->channel().receive(std::move(*input)) != Channel::Verdict::Taken) {
         mSession->channel().detach(this);
         co_await close(websocket::close_code::policy_error);
@@ -158,10 +165,11 @@ Awaitable<void> PageSocket::readAll() {
         if (ec) {
             // The page was left or closed, even if its farewell got lost.
             if (ec == websocket::error::closed && mSocket.reason().code == websocket::close_code::going_away)
-                mSession->end(EndReason::PageClosed);
+                pageWasLeft(mConnection->site(), *mSession, mPage);
             co_return;
         }
         auto input = takeInput();
+        if (input) input->page = mPage;
         if (!input)
             mCloseWith = websocket::close_code::bad_payload;
         else if (channel.receive(std::move(*input)) != Channel::Verdict::Taken)
@@ -176,16 +184,24 @@ Awaitable<void> PageSocket::readAll() {
 Awaitable<void> PageSocket::writeAll() {
     Channel& channel = mSession->channel();
     std::uint64_t cursor = 0;
+    bool begun = false;
     while (mReading && channel.isAttached(this)) {
-        if (const auto message = channel.next(cursor)) {
+        // First of all an acknowledgement: what follows may be large, and the page waits for a sign of life.
+        if (const auto message = begun ? channel.next(cursor) : std::nullopt) {
             mAckDue = false;
+            if (message->text.size() > kAnnouncedBytes) {
+                const bool announced =
+                    co_await write("{\"size\":" + std::to_string(message->text.size()) + "}");
+                if (!announced) co_return;
+            }
             const bool written = co_await write(message->text);
             if (!written) co_return;
             if (!message->last) continue;
             break;
         }
-        if (mAckDue) {
+        if (mAckDue || !begun) {
             mAckDue = false;
+            begun = true;
             const std::string text = channel.acknowledgement();
             const bool written = co_await write(text);
             if (!written) co_return;

@@ -11,7 +11,7 @@ void Channel::send(std::string operations) {
     bool overflow = false;
     {
         const std::lock_guard lock(mMutex);
-        if (mFinished || mClosed) return;
+        if (mFinished || mClosed || mForFormer) return;
         queue(std::move(operations));
         overflow = mQueuedBytes > kOutputQueueBytes;
         wakePeer();
@@ -38,14 +38,41 @@ void Channel::close(const char* reason) {
     wakePeer();
 }
 
-void Channel::attach(const std::shared_ptr<ChannelPeer>& peer, std::uint64_t ack) {
+bool Channel::attach(const std::shared_ptr<ChannelPeer>& peer, const PageInput& hello) {
     const std::lock_guard lock(mMutex);
+    if (hello.page < mPage || (hello.page > mPage && (mFinished || mClosed))) return false;
+    if (hello.page > mPage) reload(hello);
     if (const auto earlier = mPeer.lock(); earlier && earlier != peer) earlier->wake();
     mPeer = peer;
     mPeerKey = peer.get();
     mEverAttached = true;
     mLastHeard = Clock::now();
-    acknowledge(ack);
+    mLeft = false;
+    acknowledge(hello.ack);
+    return true;
+}
+
+void Channel::reload(const PageInput& hello) {
+    mPage = hello.page;
+    mUnacknowledged.clear();
+    mQueuedBytes = 0;
+    mLastSent = mAcknowledged = mLastReceived = 0;
+    mForFormer = true;
+    SessionEvent event;
+    event.kind = SessionEvent::Kind::Reload;
+    event.pageNumber = hello.page;
+    event.path = hello.path;
+    mMailbox.post(std::move(event));
+}
+
+void Channel::begin(std::uint64_t page) {
+    const std::lock_guard lock(mMutex);
+    if (page == mPage) mForFormer = false;
+}
+
+void Channel::leave(std::uint64_t page) {
+    const std::lock_guard lock(mMutex);
+    if (page == mPage) mLeft = true;
 }
 
 void Channel::detach(const ChannelPeer* peer) {
@@ -65,6 +92,7 @@ Channel::Verdict Channel::receive(PageInput input) {
     std::deque<SessionEvent> dropped; // destroyed outside of the lock
     {
         const std::lock_guard lock(mMutex);
+        if (input.page != mPage) return Verdict::Gap; // of a page that has been loaded anew since
         mLastHeard = Clock::now();
         acknowledge(input.ack);
         if (!takeTokens(input)) return Verdict::TooFast;
@@ -114,6 +142,7 @@ Channel::Liveness Channel::liveness() const {
     now.attached = mPeerKey != nullptr;
     now.everAttached = mEverAttached;
     now.delivered = mClosed && mUnacknowledged.empty();
+    now.left = mLeft;
     now.lastHeard = mLastHeard;
     now.lastEvent = mLastEvent;
     return now;

@@ -37,6 +37,7 @@ public:
     // The session's side.
     void send(std::string operations) override;
     void finish(std::string operations) override;
+    void begin(std::uint64_t page) override;
 
     void recognised() override {
         if (onRecognised) onRecognised();
@@ -55,8 +56,12 @@ public:
         Gap      ///< a message is missing before this one: end the connection, the page sends all again
     };
 
-    /// A new connection with the page's acknowledgement; an earlier peer is woken and finds itself replaced.
-    void attach(const std::shared_ptr<ChannelPeer>& peer, std::uint64_t ack);
+    /// A new connection, by its hello; an earlier peer is woken and finds itself replaced.
+    /// A page that was loaded anew begins with message 1 both ways, and the session is told of it. False: a later
+    /// load of the page has the session, or it is over; nothing has changed.
+    bool attach(const std::shared_ptr<ChannelPeer>& peer, const PageInput& hello);
+    /// The page of that load says that it is being left. It may come back, loaded anew.
+    void leave(std::uint64_t page);
     void detach(const ChannelPeer* peer);
     bool isAttached(const ChannelPeer* peer) const;
 
@@ -78,6 +83,7 @@ public:
         bool attached = false;
         bool everAttached = false;
         bool delivered = false;      ///< closed, and the page has everything
+        bool left = false;           ///< by its own word
         Clock::time_point lastHeard; ///< of the page
         Clock::time_point lastEvent; ///< of its user, or a timer of the page
     };
@@ -91,6 +97,7 @@ private:
 
     void queue(std::string&& operations);
     void acknowledge(std::uint64_t ack);
+    void reload(const PageInput& hello);
     bool takeTokens(const PageInput& input);
     void wakePeer() const;
 
@@ -101,6 +108,9 @@ private:
     std::uint64_t mLastSent = 0;     ///< highest number given to a message of ours
     std::uint64_t mAcknowledged = 0; ///< highest the page has applied
     std::uint64_t mLastReceived = 0; ///< highest of the page's numbers
+    std::uint64_t mPage = 1;         ///< how often the page has been loaded
+    bool mForFormer = false;         ///< what the session sends still is for the page before this load
+    bool mLeft = false;
     bool mFinished = false;
     bool mClosed = false;
     std::string mGone; ///< reason, when closed without finish()

@@ -8,6 +8,7 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <string>
 
 namespace Wt::Impl {
 
@@ -21,6 +22,7 @@ struct SessionEvent {
     enum class Kind {
         Page,     ///< `page`: a JSON array of browser events, in the order in which they happened
         Resource, ///< `exchange`: a request for one of the session's resources
+        Reload,   ///< `pageNumber`, `path`: the page has been loaded anew and shows nothing yet
         Call,     ///< `call`: run inside the session (WServer::post, timers of tests)
         End       ///< `reason`: the session is to end; sticky, see Mailbox
     };
@@ -29,6 +31,8 @@ struct SessionEvent {
     std::shared_ptr<ResourceExchange> exchange;
     std::function<void()> call;
     EndReason reason = EndReason::Expired;
+    std::uint64_t pageNumber = 0;
+    std::string path;          ///< internal path of the page's address
     std::uint64_t ordinal = 0; ///< set by Mailbox::post(): how many were posted with it
 };
 

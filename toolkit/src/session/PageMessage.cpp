@@ -64,6 +64,8 @@ std::optional<PageInput> parsePageInput(std::string_view text) {
     PageInput input;
     if (!object || !readNumber(*object, "ack", input.ack)) return std::nullopt;
     input.hello = readText(*object, "hello");
+    input.path = readText(*object, "path");
+    if (!readNumber(*object, "page", input.page) || input.page == 0) return std::nullopt;
     if (object->contains("n")) {
         auto message = readMessage(*object);
         if (!message) return std::nullopt;
@@ -94,6 +96,13 @@ std::optional<StartInput> parseStartInput(std::string_view text) {
 std::string parseToken(std::string_view text) {
     const auto object = parseObject(text);
     return object ? readText(*object, "token") : std::string();
+}
+
+ByeInput parseBye(std::string_view text) {
+    const auto object = parseObject(text);
+    ByeInput input;
+    if (object && readNumber(*object, "page", input.page)) input.token = readText(*object, "token");
+    return input;
 }
 
 } // namespace Wt::Impl

@@ -18,8 +18,10 @@ struct PageMessage {
 
 /// What one WebSocket message or one poll brings.
 struct PageInput {
-    std::string hello;     ///< the page's token; only in the first message of a connection and in every poll
-    std::uint64_t ack = 0; ///< highest server number that the page has applied
+    std::string hello;      ///< the page's token; only in the first message of a connection and in every poll
+    std::uint64_t page = 1; ///< how often the page has been loaded with this token; from 1
+    std::string path;       ///< internal path in the page's address; with a hello of a page loaded anew
+    std::uint64_t ack = 0;  ///< highest server number that the page has applied
     std::vector<PageMessage> messages;
 };
 
@@ -37,5 +39,12 @@ std::optional<StartInput> parseStartInput(std::string_view text);
 
 /// The token of `{"token": …}`; empty for anything else.
 std::string parseToken(std::string_view text);
+
+/// A page's farewell; the token is empty for what is not well-formed.
+struct ByeInput {
+    std::string token;
+    std::uint64_t page = 1;
+};
+ByeInput parseBye(std::string_view text);
 
 } // namespace Wt::Impl

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 namespace Wt::Impl {
@@ -18,6 +19,8 @@ public:
 
     /// The application knows its user from now on; the page may ask for new secrets.
     virtual void recognised() {}
+    /// What follows is for the page as it was loaded the `page`th time; what came before is not for it.
+    virtual void begin(std::uint64_t page) { static_cast<void>(page); }
 };
 
 } // namespace Wt::Impl

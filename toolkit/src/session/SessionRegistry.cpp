@@ -22,6 +22,7 @@ constexpr std::chrono::seconds kLateCookie{10};
 // How long the page of a session may be silent, by what is known of it.
 std::chrono::seconds patienceWith(const Session& session, const Channel::Liveness& page) {
     if (session.hasEnded()) return kEndedLinger;
+    if (page.left) return kLeftLimit;
     return page.everAttached ? kSilentLimit : kUnclaimedLimit;
 }
 

@@ -51,6 +51,10 @@ int TableWidget::listens() const {
 
 void TableWidget::afterRender(Renderer& renderer, bool fresh) {
     if (fresh) mShown.forget();
+    if (fresh && mFirstInView > 0 && mScrollRow < 0) { // a page loaded anew begins at the top
+        mScrollRow = mFirstInView;
+        mScrollHint = WAbstractItemView::PositionAtTop;
+    }
     const int total = rows();
     mView.mSelection->settle(total);
     const int page = mPageRows ? mPageRows : kFirstRows;

@@ -351,6 +351,8 @@ void Renderer::forget(RenderNode& node) {
 
 void Renderer::forgetAll() {
     forget(mRoot);
+    mAfter.clear();
+    for (std::string* part : {&mRemovals, &mChanges, &mCalls}) part->clear();
 }
 
 void Renderer::gone(RenderNode& node) {

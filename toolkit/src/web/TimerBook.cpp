@@ -49,4 +49,9 @@ void TimerBook::flush(Renderer& renderer) {
     }
 }
 
+void TimerBook::forgetShown() {
+    mShown.clear();
+    for (const auto& [run, timer] : mRunning) mChanged.insert(run);
+}
+
 } // namespace Wt::Impl

@@ -21,6 +21,8 @@ public:
     void end(std::uint32_t run);
 
     void flush(Renderer& renderer);
+    /// Another page has to start all that run.
+    void forgetShown();
     /// The timer whose run this is and which still runs; null for late timeouts.
     WTimer* find(std::uint32_t run) const;
     /// A timeout of this run has been handled, when `posted` events had come to the session.

@@ -12,12 +12,20 @@
 #include <Wt/WServer.h>
 
 #include <algorithm>
+#include <cctype>
 #include <cstdlib>
+#include <string_view>
 
 namespace Wt {
 
 using Impl::jsonText;
 using Impl::WebSession;
+
+namespace {
+
+constexpr std::size_t kLongestPath = 2000; // bytes; a longer one was not made here
+
+} // namespace
 
 /// The turn of a thread that is not the session's own.
 class WApplication::UpdateLock::Turn {
@@ -68,6 +76,7 @@ WApplication::WApplication(const WEnvironment& environment)
     : mSession(WebSession::current()), mEnvironment(&environment) {
     mSession->setApplication(this);
     mLocale = environment.locale();
+    mInternalPath = mShownPath = environment.internalPath();
     mRoot = new WContainerWidget;
     mRoot->setStyleClass("Wt-root");
     mRoot->setInline(false);
@@ -188,10 +197,13 @@ void WApplication::setBodyClass(const std::string& styleClass) {
 }
 
 void WApplication::setHtmlClass(const std::string& styleClass) {
+    mHtmlClass = styleClass;
     mSession->renderer().operation("[\"html\"," + jsonText(styleClass) + "]");
 }
 
 void WApplication::setConfirmCloseMessage(const WString& message) {
+    if (message == mConfirmClose) return;
+    mConfirmClose = message;
     mSession->renderer().operation("[\"confirm\"," + jsonText(message.toUTF8()) + "]");
 }
 
@@ -201,9 +213,38 @@ void WApplication::setFocus(const std::string& id, int, int) {
 }
 
 void WApplication::setInternalPath(const std::string& path, bool emitChange) {
-    if (path == mInternalPath) return;
-    mInternalPath = path;
-    if (emitChange) mInternalPathChanged.emit(path);
+    const std::string wanted = !path.empty() && path[0] == '/' ? path : "/" + path;
+    if (wanted == mInternalPath) return;
+    mInternalPath = wanted;
+    if (emitChange) mInternalPathChanged.emit(wanted);
+}
+
+void WApplication::showPath() {
+    if (mShownPath == mInternalPath) return;
+    mShownPath = mInternalPath;
+    mSession->renderer().operation("[\"path\"," + jsonText(mShownPath) + "]");
+}
+
+/// `stays`: the user is held where he is, by a modal dialog; the address goes back to it.
+void WApplication::pathShown(std::string path, bool stays) {
+    if (path.empty() || path[0] != '/' || path.size() > kLongestPath) return;
+    mShownPath = std::move(path);
+    if (stays || mShownPath == mInternalPath) return;
+    mInternalPath = mShownPath;
+    mInternalPathChanged.emit(mInternalPath);
+}
+
+/// What belongs to the page itself, for a page that was loaded anew.
+void WApplication::showAgain() {
+    Impl::Renderer& renderer = mSession->renderer();
+    const auto tell = [&](const char* name, const std::string& text) {
+        if (!text.empty()) renderer.operation("[\"" + std::string(name) + "\"," + jsonText(text) + "]");
+    };
+    tell("lang", mLocale.name());
+    tell("title", mTitle.toUTF8());
+    tell("html", mHtmlClass);
+    tell("confirm", mConfirmClose.toUTF8());
+    for (const std::string& url : mStyleSheets) tell("css", url);
 }
 
 const WEnvironment& WApplication::environment() const {
@@ -216,7 +257,22 @@ std::string WApplication::sessionId() const {
 
 std::string WApplication::url(const std::string& internalPath) const {
     const std::string path = mEnvironment->deploymentPath().empty() ? "/" : mEnvironment->deploymentPath();
-    return internalPath.empty() ? path : path + "?_=" + internalPath;
+    if (internalPath.empty() || internalPath == "/") return path;
+    std::string address = path + "?_=";
+    for (const char c : internalPath) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (std::isalnum(byte) || std::string_view("/-_.~,").find(c) != std::string_view::npos) {
+            address += c;
+        } else {
+            constexpr char kHex[] = "0123456789ABCDEF";
+            address += {'%', kHex[byte >> 4], kHex[byte & 15]};
+        }
+    }
+    return address;
+}
+
+std::string WApplication::bookmarkUrl() const {
+    return url(mInternalPath);
 }
 
 std::string WApplication::makeAbsoluteUrl(const std::string& url) const {

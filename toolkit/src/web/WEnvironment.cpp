@@ -61,7 +61,8 @@ const std::string& WEnvironment::deploymentPath() const {
     return mStart->path;
 }
 std::string WEnvironment::internalPath() const {
-    return "/";
+    const std::string* path = getParameter("_");
+    return path && !path->empty() && path->front() == '/' ? *path : "/";
 }
 std::string WEnvironment::sessionId() const {
     return mStart->sessionId;

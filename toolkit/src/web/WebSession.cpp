@@ -138,6 +138,7 @@ void WebSession::run() {
 
 void WebSession::flush() {
     mTimers.flush(mRenderer);
+    if (mApplication) mApplication->showPath();
     std::string operations = mRenderer.flush();
     if (!operations.empty()) mSink.send(std::move(operations));
 }
@@ -180,12 +181,30 @@ void WebSession::handle(SessionEvent& event) {
     case SessionEvent::Kind::Resource:
         serveResource(event.exchange);
         break;
+    case SessionEvent::Kind::Reload:
+        reload(event);
+        break;
     case SessionEvent::Kind::Call:
         if (event.call) notify(OtherEvent, event.call);
         break;
     case SessionEvent::Kind::End:
         throw SessionEnded();
     }
+}
+
+// The widgets hold everything, also what was typed: they are shown once more. What the session sends between the page's
+// load and this is for nobody.
+void WebSession::reload(const SessionEvent& event) {
+    mSink.begin(event.pageNumber);
+    mRenderer.forgetAll();
+    mTimers.forgetShown();
+    if (!mApplication) return;
+    mApplication->showAgain();
+    if (mFocused) setFocused(mFocused);
+    notify(OtherEvent, [this] { mApplication->refresh(); });
+    if (mQuitted || event.path.empty()) return;
+    const bool stays = mPage->modal() != nullptr;
+    notify(UserEvent, [&] { mApplication->pathShown(event.path, stays); });
 }
 
 void WebSession::handlePage(const boost::json::value& events) {
@@ -223,6 +242,8 @@ void WebSession::deliver(const boost::json::object& event) {
         mTimers.handled(run, mMailbox.posted());
         return;
     }
+    if (kind == "path")
+        return mApplication->pathShown(std::string(foreignText(event, "p")), mPage->modal() != nullptr);
     const int id = foreignInt(event, "t");
     RenderNode* node = id > 0 ? mRenderer.find(static_cast<std::uint32_t>(id)) : nullptr;
     if (!node || !node->nodeAcceptsEvents()) return;

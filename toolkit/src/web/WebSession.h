@@ -92,6 +92,7 @@ private:
     friend class ::Wt::WApplication;
 
     void handle(SessionEvent& event);
+    void reload(const SessionEvent& event);
     void handleBrowserEvent(const boost::json::object& event);
     void deliver(const boost::json::object& event);
     void takeFocus(const boost::json::object& event);
