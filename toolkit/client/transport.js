@@ -417,5 +417,5 @@ function byteSize(value) {
  * @template T @param {() => Promise<T>} work @returns {Promise<T>}
  */
 function alone(work) {
-  return navigator.locks ? navigator.locks.request('wt-session', work) : work();
+  return navigator.locks ? /** @type {Promise<any>} */ (navigator.locks.request('wt-session', work)) : work();
 }
