@@ -535,7 +535,7 @@ function byteSize(value) {
  * @template T @param {() => Promise<T>} work @returns {Promise<T>}
  */
 function alone(work) {
-  return navigator.locks ? navigator.locks.request('wt-session', work) : work();
+  return navigator.locks ? /** @type {Promise<any>} */ (navigator.locks.request('wt-session', work)) : work();
 }
 
 /** As many of the messages as fit into one list. @param {Message[]} messages @returns {Message[]} */
