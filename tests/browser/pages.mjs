@@ -58,20 +58,19 @@ export async function openMonitors(page) {
 export const deviceList = (page) => page.locator('[role="grid"]:visible').first();
 
 /** Rows of the list that is on show. @param {Page} page */
-export const deviceRows = page =>
-  deviceList(page)
+export const deviceRows = (page, list = deviceList(page)) =>
+  list
     .locator('[role="row"]')
     .filter({ has: page.locator('[role="gridcell"]') });
 
 /** The row of the device of that name. @param {Page} page @param {string} name */
-export const deviceRow = (page, name) =>
-  deviceRows(page).filter({ has: page.locator('[role="gridcell"]').getByText(name, { exact: true }) });
+export const deviceRow = (page, name, list = deviceList(page)) =>
+  deviceRows(page, list).filter({ has: page.locator('[role="gridcell"]').getByText(name, { exact: true }) });
 
 /** The list keeps only the rows near its viewport in the page: scrolls it until the device of that name is there.
  * @param {Page} page @param {string} name */
-export async function showRow(page, name) {
-  const row = deviceRow(page, name);
-  const body = deviceList(page);
+export async function showRow(page, name, body = deviceList(page)) {
+  const row = deviceRow(page, name, body);
   // A row may still be drawn where the list stood before, and go with the next answer: only one in view counts.
   const inView = async () => {
     if (!(await row.count())) return false;

@@ -20,16 +20,7 @@ async function monitorsPage(t, system) {
 async function choose(page, ...names) {
   const grid = box(page).locator('[role="grid"]');
   for (const [n, name] of names.entries()) {
-    const row = grid.locator('[role="row"]').filter({ has: page.getByText(name, { exact: true }) }).first();
-    await until(`a row ${name}`, async () => {
-      if (await row.count()) return true;
-      await grid.evaluate((e) => {
-        const atEnd = e.scrollTop + e.clientHeight >= e.scrollHeight;
-        e.scrollTop = atEnd ? 0 : e.scrollTop + e.clientHeight / 2;
-      });
-      await page.waitForTimeout(80);
-      return false;
-    });
+    const row = await showRow(page, name, grid);
     await row.click(n ? { modifiers: ['Control'] } : {});
     await until(`${name} is selected`, async () => (await row.getAttribute('aria-selected')) === 'true');
   }
