@@ -370,14 +370,17 @@ export class Transport {
       const abort = new AbortController();
       this.pollAbort = abort;
       try {
-        const body = { ...this.hello(), m: firstMessages(this.unacknowledged) };
+        const m = this.oneByOne ? this.unacknowledged.slice(0, 1) : firstMessages(this.unacknowledged);
+        if (this.oneByOne) this.sentAlone = m[0]?.n ?? 0;
+        const body = { ...this.hello(), m };
         const answer = await this.post('wt-session/poll', body, POLL_LIMIT_MS, abort.signal);
+        if (answer.status === 400 || answer.status === 413) this.messageRefused();
         if (!answer.ok) throw new Error('status ' + answer.status);
-        const { ack, m } = await answer.json();
+        const { ack, m: news } = await answer.json();
         if (round !== this.pollRound) return;
         this.connected();
         if (ack !== undefined) this.acknowledge(ack);
-        for (const message of m) this.receive(message);
+        for (const message of news) this.receive(message);
       } catch {
         if (round !== this.pollRound) return;
         this.connectionLost();
@@ -437,6 +440,8 @@ export class Transport {
   startAnew() {
     this.tab.forget();
     this.token = '';
+    this.numbered = 0;
+    this.unacknowledged = [];
     this.stopPolling();
     const former = this.socket;
     this.socket = null;

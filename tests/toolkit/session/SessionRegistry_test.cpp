@@ -74,7 +74,7 @@ TEST_F(SessionRegistryTest, SilentPagesExpireAndLivingOnesDoNot) {
 
 TEST_F(SessionRegistryTest, APageThatWasLeftHasAWhileToComeBack) {
     const auto left = start();
-    const auto peer = std::make_shared<SilentPeer>();
+    const auto peer = std::make_shared<Peer>();
     left.session->channel().attach(peer, PageInput());
     left.session->channel().leave(1);
     mSessions->expire(later(kSilentLimit + 2s));
