@@ -72,6 +72,7 @@ export class Transport {
     this.pollAbort = null;
     this.oneByOne = false; // one of our messages was refused: which one shows when each goes alone
     this.sentAlone = 0;
+    this.note = ''; // to be shown when the connection is back
     this.lostAt = 0; // when the connection was lost; 0: it stands
     this.attempts = 0; // since then
     this.connectMs = 0; // how long the last connection took to open; 0: there was none
@@ -264,7 +265,7 @@ export class Transport {
     const first = this.unacknowledged[0];
     if (this.oneByOne && first && this.sentAlone === first.n) {
       first.e = [];
-      this.notice.showNote('An entry could not be read by the server and has not been sent.');
+      this.note = 'An entry could not be read by the server and has not been sent.';
     }
     this.oneByOne = true;
   }
@@ -473,6 +474,8 @@ export class Transport {
     if (this.online) return;
     this.online = true;
     this.notice.hideBanner();
+    if (this.note) this.notice.showNote(this.note);
+    this.note = '';
     if (this.page.connectionChanged) this.page.connectionChanged(true);
   }
 
