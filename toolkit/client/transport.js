@@ -73,6 +73,7 @@ export class Transport {
     this.pollAbort = null;
     this.oneByOne = false; // one of our messages was refused: which one shows when each goes alone
     this.sentAlone = 0;
+    this.note = ''; // to be shown when the connection is back
     this.lostAt = 0; // when the connection was lost; 0: it stands
     this.attempts = 0; // since then
     this.connectMs = 0; // how long the last connection took to open; 0: there was none
@@ -281,7 +282,7 @@ export class Transport {
     const first = this.unacknowledged[0];
     if (this.oneByOne && first && this.sentAlone === first.n) {
       first.e = [];
-      this.notice.showNote('An entry could not be read by the server and has not been sent.');
+      this.note = 'An entry could not be read by the server and has not been sent.';
     }
     this.oneByOne = true;
   }
@@ -387,14 +388,17 @@ export class Transport {
       const abort = new AbortController();
       this.pollAbort = abort;
       try {
-        const body = { ...this.hello(), m: firstMessages(this.unacknowledged) };
+        const m = this.oneByOne ? this.unacknowledged.slice(0, 1) : firstMessages(this.unacknowledged);
+        if (this.oneByOne) this.sentAlone = m[0]?.n ?? 0;
+        const body = { ...this.hello(), m };
         const answer = await this.post('wt-session/poll', body, POLL_LIMIT_MS, abort.signal);
+        if (answer.status === 400 || answer.status === 413) this.messageRefused();
         if (!answer.ok) throw new Error('status ' + answer.status);
-        const { ack, m } = await answer.json();
+        const { ack, m: news } = await answer.json();
         if (round !== this.pollRound) return;
         this.connected();
         if (ack !== undefined) this.acknowledge(ack);
-        for (const message of m) this.receive(message);
+        for (const message of news) this.receive(message);
       } catch {
         if (round !== this.pollRound) return;
         this.connectionLost();
@@ -454,6 +458,8 @@ export class Transport {
   startAnew() {
     this.tab.forget();
     this.token = '';
+    this.numbered = 0;
+    this.unacknowledged = [];
     this.stopPolling();
     const former = this.socket;
     this.socket = null;
@@ -485,6 +491,8 @@ export class Transport {
     if (this.online) return;
     this.online = true;
     this.notice.hideBanner();
+    if (this.note) this.notice.showNote(this.note);
+    this.note = '';
     if (this.page.connectionChanged) this.page.connectionChanged(true);
   }
 

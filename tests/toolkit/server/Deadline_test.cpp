@@ -116,6 +116,7 @@ TEST_F(DeadlineTest, ASilentWebSocketIsClosedAndItsSessionStays) {
         } catch (const std::runtime_error&) {
             return false;
         }
+        silent->readText(); // the acknowledgement
         return silent->readText().find("hello") != std::string::npos;
     }));
     while (!silent->readText().empty()) {
@@ -136,6 +137,7 @@ TEST_F(DeadlineTest, ASilentWebSocketIsClosedAndItsSessionStays) {
     Deadline::hurry(1);
     TestClient again(server.port());
     page.connect(again);
+    again.readText();
     EXPECT_NE(again.readText().find("hello"), std::string::npos);
 }
 
