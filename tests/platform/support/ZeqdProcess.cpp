@@ -54,6 +54,7 @@ ZeqdProcess::ZeqdProcess(std::vector<std::string> installation) : mInstallation(
     std::filesystem::create_directories(dataFolder());
     std::filesystem::create_directories(settingsFolder());
     ::setenv("ZEQ_SOCKET", socketPath().c_str(), 1);
+    ::setenv("ZEQ_TIMEOUT_MS", "30000", 0); // a busy machine is no reason for a test to fail
     ::setenv("ZEQD_ADMIN_PASSWORD", kAdminPassword, 1);
     try {
         start();
