@@ -1,13 +1,14 @@
 #pragma once
 
 #include "shell/ChangeTracker.h"
+#include "shell/EndReason.h"
+#include "shell/Security.h"
 
 #include <Wt/WApplication>
 
 #include <array>
 #include <atomic>
 #include <cstdint>
-#include <ctime>
 #include <string>
 
 namespace Wt {
@@ -85,9 +86,9 @@ public:
     void createUi();
 
     // End of the session.
-    void logOutUser();
-    /// Sends the browser back to the start page, where a new session begins.
-    void restartWebApp();
+    void logOutUser(EndReason reason = EndReason::None);
+    /// Sends the browser back to the start page, where a new session begins and says why.
+    void restartWebApp(EndReason reason = EndReason::None);
     /// Ends the whole process, with all its sessions.
     void exitApplication();
 
@@ -111,6 +112,8 @@ private:
     /// they are what ends an idle session.
     void watchInactivity(Wt::EventType type);
     bool idleLimitExceeded();
+    /// A session ends after its longest time, however busy it is.
+    bool timeLimitExceeded();
 
     void redirectToHttps();
     void startRedirectCheckTimer();
@@ -119,6 +122,10 @@ private:
     void startModeChangeCheckTimer();
     void stopModeChangeCheckTimer();
     void modeChangeCheckTimeoutHandler();
+    /// Whoever is disabled or logged out elsewhere is to learn it within 2 s.
+    void startSessionCheckTimer();
+    void stopSessionCheckTimer();
+    void sessionCheckTimeoutHandler();
     void startInactivityTimer();
     void inactivityTimeoutHandler();
     Wt::WTimer* startTimer(int milliseconds, bool singleShot, void (MirlApplication::*handler)());
@@ -126,6 +133,8 @@ private:
 
     void connectLoginDialog();
     void loginFailed();
+    void boxEnterPressed();
+    void loginKeyWentUp();
     void showOverLogin(WMsgBoxSimple& box);
     void deleteDialogs();
 
@@ -138,12 +147,7 @@ private:
     void placeTableAndVersion();
     void mainTabChangedHandler();
 
-    // Shared by the sessions of the process, without a lock:
-    // a lost update costs one uncounted failure at worst.
     static std::atomic<std::int32_t> sAppInstanceCount; // live sessions, for the log
-    static std::atomic<std::uint32_t>
-        sLoginFailureCount; // failed logins in a row, over all sessions and names
-    static std::atomic<std::uint32_t> sLoginLockoutTimeSec; // when the lockout began; 0 = none
 
     // Dialogs are owned by this; views, header and tabs by the page.
     WMsgBoxSimple* mDbErrorBox = nullptr;
@@ -172,12 +176,16 @@ private:
     ChangeTracker mChangeTracker;
     bool mUserLoggedIn = false;
     unsigned int mLoggedInUsrIndex = 0;
+    MirlSession mMirlSession; // the record of this login
     bool mSlaveUiActive = false;
     ZeqClient_s* mZeqClient = nullptr;
-    std::time_t mLastUserActivityTimeSec = 0;
+    bool mEnterHeld = false; // Enter dismissed a box over the login, and no key has gone up since
+    std::int64_t mLastUserActivityMs = 0; // of the steady clock, as the next
+    std::int64_t mLoginMs = 0;
     std::uint32_t mMirlInactivityTimeoutSec = 600;
     Wt::WTimer* mInactivityTimer = nullptr;
     Wt::WTimer* mModeChangeCheckTimer = nullptr;
+    Wt::WTimer* mSessionCheckTimer = nullptr;
     Wt::WTimer* mRedirectCheckTimer = nullptr;
     std::string mManagedSetting; // as it was when the pages were built
 };

@@ -7,7 +7,8 @@
 #include "shell/DeleteOwned.h"
 #include "shell/MirlApplication.h"
 #include "shell/Security.h"
-#include "shell/WallClock.h"
+#include "shell/SessionLimit.h"
+#include "shell/SteadyClock.h"
 
 #include <Wt/WPushButton>
 
@@ -88,12 +89,20 @@ void MirlApplication::notify(const Wt::WEvent& event) {
 void MirlApplication::watchInactivity(Wt::EventType type) {
     if (!mUserLoggedIn) return;
     if (type == Wt::UserEvent) {
-        mLastUserActivityTimeSec = WallClock_now();
-    } else if (idleLimitExceeded()) {
-        EventLog_write(3, 7, "notify", "Web user logged out due to inactivity.");
-        logOutUser();
-        Wt::WApplication::instance()->processEvents();
+        // A click that comes after the absolute limit is no reason to go on.
+        mLastUserActivityMs = SteadyClock_nowMs();
     }
+    EndReason reason = EndReason::None;
+    if (timeLimitExceeded()) {
+        EventLog_write(3, 7, "notify", "Web user logged out: the session has reached its longest time.");
+        reason = EndReason::TimeLimit;
+    } else if (type != Wt::UserEvent && idleLimitExceeded()) {
+        EventLog_write(3, 7, "notify", "Web user logged out due to inactivity.");
+        reason = EndReason::Inactivity;
+    }
+    if (reason == EndReason::None) return;
+    logOutUser(reason);
+    Wt::WApplication::instance()->processEvents();
 }
 
 bool MirlApplication::idleLimitExceeded() {
@@ -102,23 +111,29 @@ bool MirlApplication::idleLimitExceeded() {
         EventLog_write(4, 7, "notify", "mirlInactivityTimeoutSec = %u.", mMirlInactivityTimeoutSec);
         mMirlInactivityTimeoutSec = kReplacedLimitSec;
     }
-    if (mLastUserActivityTimeSec == 0) return false;
-    const auto idleSec = static_cast<std::uint32_t>(WallClock_now() - mLastUserActivityTimeSec);
-    return idleSec > mMirlInactivityTimeoutSec;
+    return SteadyClock_nowMs() - mLastUserActivityMs > std::int64_t{mMirlInactivityTimeoutSec} * 1000;
 }
 
-void MirlApplication::logOutUser() {
+bool MirlApplication::timeLimitExceeded() {
+    const int hours = SessionLimit_hours();
+    return hours != 0 && SteadyClock_nowMs() - mLoginMs >= hours * std::int64_t{3'600'000};
+}
+
+void MirlApplication::logOutUser(EndReason reason) {
     std::vector<std::string> errors;
-    Security_logoutMirlUser(mLoggedInUsrIndex, errors);
+    Security_logoutMirlUser(mLoggedInUsrIndex, mMirlSession, errors);
+    mMirlSession = {};
     mLoggedInUsrIndex = 0;
     mUserLoggedIn = false;
-    restartWebApp();
+    restartWebApp(reason);
 }
 
-void MirlApplication::restartWebApp() {
+void MirlApplication::restartWebApp(EndReason reason) {
     stopModeChangeCheckTimer();
+    stopSessionCheckTimer();
     stopRedirectCheckTimer();
-    redirect("/");
+    const std::string word = endReasonRow(reason).word;
+    redirect(word.empty() ? "/" : std::string("/?") + kEndParameter + "=" + word);
     quit();
 }
 

@@ -38,7 +38,7 @@ Wt::WLineEdit* addField(Wt::WTableCell* cell, const Wt::WString& labelText) {
 
 } // namespace
 
-WLoginDialog::WLoginDialog() {
+WLoginDialog::WLoginDialog(const char* reason) {
     setTitleBarEnabled(false);
     setWidth(kDialogWidthPx);
     contents()->setPadding(kPaddingPx);
@@ -46,6 +46,12 @@ WLoginDialog::WLoginDialog() {
     auto* top = new Wt::WTable(contents());
     auto* image = new Wt::WImage(Wt::WLink(MirlPath_themeBase() + "login-banner.png"), top->elementAt(0, 0));
     image->resize(kImageWidthPx, Wt::WLength::Auto);
+
+    if (*reason) {
+        auto* why = new Wt::WText(tr(reason), Wt::PlainText, contents());
+        why->setInline(false);
+        why->addStyleClass("mirl-login-reason");
+    }
 
     auto* row = new Wt::WTable(contents());
     row->addStyleClass("mirl-login-table");

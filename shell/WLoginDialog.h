@@ -14,7 +14,8 @@ class WPushButton;
 /// the session connects the widgets.
 class WLoginDialog : public Wt::WDialog {
 public:
-    WLoginDialog();
+    /// `reason`: message key of why the last session ended, or empty.
+    explicit WLoginDialog(const char* reason);
 
     void setFocusOnUsernameField();
     void clearFields();

@@ -16,17 +16,24 @@ public:
     TestClock();
     ~TestClock();
 
-    void advance(long seconds) { sNow += seconds; }
+    void advance(long seconds) {
+        sNow += seconds;
+        sSteadyMs += seconds * 1000;
+    }
+    /// Somebody sets the time of day.
+    void set(long seconds) { sNow += seconds; }
 
 private:
     static std::atomic<std::time_t> sNow;
+    static std::atomic<std::int64_t> sSteadyMs;
 };
 
 /// One browser's session with its environment. Made and used on one thread; a second one at the same time
 /// needs a thread of its own.
 class AppSession {
 public:
-    explicit AppSession(const std::string& urlScheme = "https");
+    /// `ended`: the word in the address that says why the last session ended.
+    explicit AppSession(const std::string& urlScheme = "https", const std::string& ended = "");
     /// The same, with the user's answers to dialogs that the constructor of the application runs.
     explicit AppSession(const std::function<void(Wt::WDialog*)>& answer);
     ~AppSession();

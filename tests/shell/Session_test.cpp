@@ -136,6 +136,51 @@ TEST_F(Session, UserEventsKeepItAliveTimersDoNot) {
     EXPECT_FALSE(session.app().userIsLoggedIn()) << "a new limit holds at once";
 }
 
+TEST_F(Session, TheLongestTimeEndsABusyOneWhateverTheTimeOfDay) {
+    device.set("systemGlobals", "mirlInactivityTimeout", "0");
+    AppSession session;
+    session.logIn("admin", "x");
+    clock.set(-86400);
+    clock.set(2 * 86400);
+    session.probe().timerEvent();
+    EXPECT_TRUE(session.app().userIsLoggedIn()) << "somebody set the clock";
+    clock.advance(12 * 3600 - 1);
+    session.probe().userEvent();
+    EXPECT_TRUE(session.app().userIsLoggedIn());
+    clock.advance(1);
+    session.probe().userEvent();
+    EXPECT_FALSE(session.app().userIsLoggedIn());
+    EXPECT_TRUE(session.app().isQuited());
+}
+
+TEST_F(Session, SettingTheTimeOfDayNeitherLengthensNorEndsIdleness) {
+    AppSession session;
+    session.logIn("admin", "x");
+    clock.set(86400);
+    session.probe().timerEvent();
+    EXPECT_TRUE(session.app().userIsLoggedIn());
+    clock.set(-2 * 86400);
+    clock.advance(601);
+    session.probe().timerEvent();
+    EXPECT_FALSE(session.app().userIsLoggedIn());
+}
+
+TEST_F(Session, TheLoginPageSaysWhyOneIsThere) {
+    struct {
+        const char* word;
+        const char* text;
+    } rows[] = {
+        {"inactivity", "nothing was done"}, {"account", "your account was disabled"}, {"", ""}, {"<b>x", ""}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.word);
+        AppSession session("https", row.word);
+        const std::string all = textIn(session.probe().login());
+        EXPECT_EQ(all.find("You were logged out") != std::string::npos, *row.text != 0);
+        EXPECT_NE(all.find(row.text), std::string::npos);
+        EXPECT_EQ(all.find("<b>"), std::string::npos);
+    }
+}
+
 TEST_F(Session, LogoutDeletesTheAdminSession) {
     AppSession session;
     session.logIn("admin", "x");
