@@ -3,31 +3,18 @@
 #include "db/Db.h"
 #include "frame/WMsgBoxSimple.h"
 #include "shell/DeleteOwned.h"
+#include "shell/LoginGate.h"
 #include "shell/MirlApplication.h"
 #include "shell/Security.h"
 #include "shell/WBannerDialog.h"
 #include "shell/WInitAdminPasswordDialog.h"
 #include "shell/WLoginDialog.h"
-#include "shell/WallClock.h"
 #include "widgets/WLineEditPlus.h"
 
 #include <Wt/WAnchor>
 #include <Wt/WLineEdit>
 #include <Wt/WPushButton>
 #include <Wt/WTimer>
-
-namespace {
-
-/// More failures in a row than this, over all sessions and names, begin a lockout.
-constexpr std::uint32_t kFailuresAllowed = 4;
-constexpr std::uint32_t kLockoutSec = 300;
-
-/// Time as the lockout keeps it. Its differences wrap: after the clock was set back they are huge.
-std::uint32_t nowSec() {
-    return static_cast<std::uint32_t>(WallClock_now());
-}
-
-} // namespace
 
 void MirlApplication::showBannerOrLogin() {
     std::vector<std::string> errors;
@@ -78,7 +65,7 @@ void MirlApplication::connectLoginDialog() {
     mLoginDialog->loginButton->enterPressed().connect(this, &MirlApplication::loginButtonClickedHandler);
     for (Wt::WLineEdit* field : {mLoginDialog->usernameField, mLoginDialog->passwordField}) {
         field->enterPressed().connect(this, &MirlApplication::loginButtonClickedHandler);
-        field->keyWentUp().connect(this, &MirlApplication::startInactivityTimer);
+        field->keyWentUp().connect(this, &MirlApplication::loginKeyWentUp);
         field->clicked().connect(this, &MirlApplication::startInactivityTimer);
     }
     mLoginDialog->forgotPasswordAnchor->clicked().connect(this,
@@ -91,19 +78,18 @@ void MirlApplication::loginButtonClickedHandler() {
     startInactivityTimer();
     const std::string username = mLoginDialog->usernameGet();
     const std::string password = mLoginDialog->passwordField->text().toUTF8();
-    if (nowSec() - sLoginLockoutTimeSec < kLockoutSec) {
-        showLoginLockout();
-        return;
-    }
+    if (mEnterHeld && username.empty() && password.empty()) return;
+    LoginGate::Attempt attempt(LoginGate::instance());
+    if (attempt.answer() == LoginGate::Answer::Locked) return showLoginLockout();
+    if (attempt.answer() == LoginGate::Answer::Busy) return loginFailed();
     bool passwordIsInitialized = false;
-    if (Security_loginMirlUser(username.c_str(), password.c_str(), mLoggedInUsrIndex,
-                               passwordIsInitialized) != 0) {
+    if (Security_loginMirlUser(username.c_str(), password.c_str(), mLoggedInUsrIndex, passwordIsInitialized,
+                               mMirlSession) != 0) {
         loginFailed();
         return;
     }
     changeSessionId(); // what was known of this session before the login is worth nothing now
-    sLoginLockoutTimeSec = 0;
-    sLoginFailureCount = 0;
+    attempt.succeeded();
     mLoginDialog->clearFields();
     deleteOwned(mLoginDialog);
     deleteOwned(mInactivityTimer);
@@ -115,7 +101,6 @@ void MirlApplication::loginButtonClickedHandler() {
 }
 
 void MirlApplication::loginFailed() {
-    if (++sLoginFailureCount > kFailuresAllowed) sLoginLockoutTimeSec = nowSec();
     deleteOwned(mAuthFailureBox);
     mAuthFailureBox = new WMsgBoxSimple(WMsgBoxSimple::Error, tr("[RSnnn]Authentication failure"),
                                         tr("[RSnnn]Incorrect username, password, or privileges. "
@@ -130,7 +115,7 @@ void MirlApplication::showLoginLockout() {
         WMsgBoxSimple::Warning, tr("[RSnnn]Authentication lockout"),
         tr("[RSnnn]There have been 5 successive login failures. You are locked out for 5 minutes."),
         tr("[RSnnn]Ok"));
-    sLoginFailureCount = 0;
+    LoginGate::instance().forgetCount();
     showOverLogin(*mLockoutBox);
 }
 
@@ -145,9 +130,21 @@ void MirlApplication::forgotPasswordClickedHandler() {
     showOverLogin(*mForgotPasswordBox);
 }
 
+/// A key that is held down repeats itself: the Enter that dismissed the box goes on in the empty fields behind it,
+/// and would be the next failure.
+void MirlApplication::boxEnterPressed() {
+    mEnterHeld = true;
+    showLogin();
+}
+
+void MirlApplication::loginKeyWentUp() {
+    mEnterHeld = false;
+    startInactivityTimer();
+}
+
 void MirlApplication::showOverLogin(WMsgBoxSimple& box) {
     box.button1->clicked().connect(this, &MirlApplication::showLogin);
-    box.button1->enterPressed().connect(this, &MirlApplication::showLogin);
+    box.button1->enterPressed().connect(this, &MirlApplication::boxEnterPressed);
     box.finished().connect(this, &MirlApplication::showLogin);
     box.button1->setFocus();
     box.show();

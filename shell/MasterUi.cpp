@@ -6,9 +6,9 @@
 #include "platform/client/Attributes.h"
 #include "platform/client/EventLog.h"
 #include "shell/MirlApplication.h"
+#include "shell/SteadyClock.h"
 #include "shell/UiVariant.h"
 #include "shell/WStandardHeader.h"
-#include "shell/WallClock.h"
 #include "views/cascade/WCascadeView.h"
 #include "views/cascade/WManagedView.h"
 #include "views/cascade/WSlaveSettingsView.h"
@@ -76,7 +76,8 @@ const std::array<MirlApplication::MainTab, 8> MirlApplication::kMainTabs = {{
 void MirlApplication::createUi() {
     relaxRedirectCheckTimer();
     mUserLoggedIn = true;
-    mLastUserActivityTimeSec = WallClock_now();
+    startSessionCheckTimer();
+    mLastUserActivityMs = mLoginMs = SteadyClock_nowMs();
     readInactivityTimeout();
 
     std::string name;

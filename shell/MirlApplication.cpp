@@ -8,8 +8,6 @@
 #include <Wt/WMessageResourceBundle>
 
 std::atomic<std::int32_t> MirlApplication::sAppInstanceCount{0};
-std::atomic<std::uint32_t> MirlApplication::sLoginFailureCount{0};
-std::atomic<std::uint32_t> MirlApplication::sLoginLockoutTimeSec{0};
 
 MirlApplication::MirlApplication(const Wt::WEnvironment& env) : Wt::WApplication(env) {
     EventLog_write(4, 7, "MirlApplication", "In constructor. sAppInstanceCount = %d.", ++sAppInstanceCount);

@@ -2,13 +2,13 @@
 
 #include "shell/ChangeTracker.h"
 #include "shell/EndReason.h"
+#include "shell/Security.h"
 
 #include <Wt/WApplication>
 
 #include <array>
 #include <atomic>
 #include <cstdint>
-#include <ctime>
 #include <string>
 
 namespace Wt {
@@ -116,6 +116,8 @@ private:
     bool idleLimitExceeded();
     void announceEnd();
     std::string placeParameter() const;
+    /// A session ends after its longest time, however busy it is.
+    bool timeLimitExceeded();
 
     void redirectToHttps();
     void startRedirectCheckTimer();
@@ -124,6 +126,10 @@ private:
     void startModeChangeCheckTimer();
     void stopModeChangeCheckTimer();
     void modeChangeCheckTimeoutHandler();
+    /// Whoever is disabled or logged out elsewhere is to learn it within 2 s.
+    void startSessionCheckTimer();
+    void stopSessionCheckTimer();
+    void sessionCheckTimeoutHandler();
     void startInactivityTimer();
     void inactivityTimeoutHandler();
     Wt::WTimer* startTimer(int milliseconds, bool singleShot, void (MirlApplication::*handler)());
@@ -131,6 +137,8 @@ private:
 
     void connectLoginDialog();
     void loginFailed();
+    void boxEnterPressed();
+    void loginKeyWentUp();
     void showOverLogin(WMsgBoxSimple& box);
     void deleteDialogs();
 
@@ -147,12 +155,7 @@ private:
     void goToPlace(std::string path);
     void showPlace();
 
-    // Shared by the sessions of the process, without a lock:
-    // a lost update costs one uncounted failure at worst.
     static std::atomic<std::int32_t> sAppInstanceCount; // live sessions, for the log
-    static std::atomic<std::uint32_t>
-        sLoginFailureCount; // failed logins in a row, over all sessions and names
-    static std::atomic<std::uint32_t> sLoginLockoutTimeSec; // when the lockout began; 0 = none
 
     // Dialogs are owned by this; views, header and tabs by the page.
     WMsgBoxSimple* mDbErrorBox = nullptr;
@@ -182,13 +185,17 @@ private:
     ChangeTracker mChangeTracker;
     bool mUserLoggedIn = false;
     unsigned int mLoggedInUsrIndex = 0;
+    MirlSession mMirlSession; // the record of this login
     bool mSlaveUiActive = false;
     bool mAsksBeforeLeaving = false;
     ZeqClient_s* mZeqClient = nullptr;
-    std::time_t mLastUserActivityTimeSec = 0;
+    bool mEnterHeld = false; // Enter dismissed a box over the login, and no key has gone up since
+    std::int64_t mLastUserActivityMs = 0; // of the steady clock, as the next
+    std::int64_t mLoginMs = 0;
     std::uint32_t mMirlInactivityTimeoutSec = 600;
     Wt::WTimer* mInactivityTimer = nullptr;
     Wt::WTimer* mModeChangeCheckTimer = nullptr;
+    Wt::WTimer* mSessionCheckTimer = nullptr;
     Wt::WTimer* mRedirectCheckTimer = nullptr;
     std::string mManagedSetting; // as it was when the pages were built
 };

@@ -7,8 +7,9 @@
 #include "shell/DeleteOwned.h"
 #include "shell/MirlApplication.h"
 #include "shell/Security.h"
+#include "shell/SessionLimit.h"
+#include "shell/SteadyClock.h"
 #include "shell/WEndingNotice.h"
-#include "shell/WallClock.h"
 
 #include <Wt/WPushButton>
 
@@ -93,21 +94,30 @@ void MirlApplication::notify(const Wt::WEvent& event) {
 void MirlApplication::watchInactivity(Wt::EventType type) {
     if (!mUserLoggedIn) return;
     if (type == Wt::UserEvent) {
-        mLastUserActivityTimeSec = WallClock_now();
+        // A click that comes after the absolute limit is no reason to go on.
+        mLastUserActivityMs = SteadyClock_nowMs();
         deleteOwned(mEndingNotice);
-    } else if (idleLimitExceeded()) {
-        EventLog_write(3, 7, "notify", "Web user logged out due to inactivity.");
-        logOutUser(EndReason::Inactivity);
-        Wt::WApplication::instance()->processEvents();
-    } else {
-        announceEnd();
     }
+    EndReason reason = EndReason::None;
+    if (timeLimitExceeded()) {
+        EventLog_write(3, 7, "notify", "Web user logged out: the session has reached its longest time.");
+        reason = EndReason::TimeLimit;
+    } else if (type != Wt::UserEvent && idleLimitExceeded()) {
+        EventLog_write(3, 7, "notify", "Web user logged out due to inactivity.");
+        reason = EndReason::Inactivity;
+    }
+    if (reason == EndReason::None) {
+        if (type != Wt::UserEvent) announceEnd();
+        return;
+    }
+    logOutUser(reason);
+    Wt::WApplication::instance()->processEvents();
 }
 
 /// The pages' own ticks bring it on show: nobody waits for it longer than they.
 void MirlApplication::announceEnd() {
-    if (mMirlInactivityTimeoutSec == 0 || mLastUserActivityTimeSec == 0) return;
-    const std::uint32_t idleSec = WallClock_secondsSince(mLastUserActivityTimeSec);
+    if (mMirlInactivityTimeoutSec == 0) return;
+    const auto idleSec = static_cast<std::uint32_t>((SteadyClock_nowMs() - mLastUserActivityMs) / 1000);
     const std::uint32_t leftSec = mMirlInactivityTimeoutSec - std::min(mMirlInactivityTimeoutSec, idleSec);
     if (leftSec > std::min(kNoticeSec, mMirlInactivityTimeoutSec / 2)) {
         deleteOwned(mEndingNotice);
@@ -123,14 +133,18 @@ bool MirlApplication::idleLimitExceeded() {
         EventLog_write(4, 7, "notify", "mirlInactivityTimeoutSec = %u.", mMirlInactivityTimeoutSec);
         mMirlInactivityTimeoutSec = kReplacedLimitSec;
     }
-    if (mLastUserActivityTimeSec == 0) return false;
-    const auto idleSec = static_cast<std::uint32_t>(WallClock_now() - mLastUserActivityTimeSec);
-    return idleSec > mMirlInactivityTimeoutSec;
+    return SteadyClock_nowMs() - mLastUserActivityMs > std::int64_t{mMirlInactivityTimeoutSec} * 1000;
+}
+
+bool MirlApplication::timeLimitExceeded() {
+    const int hours = SessionLimit_hours();
+    return hours != 0 && SteadyClock_nowMs() - mLoginMs >= hours * std::int64_t{3'600'000};
 }
 
 void MirlApplication::logOutUser(EndReason reason) {
     std::vector<std::string> errors;
-    Security_logoutMirlUser(mLoggedInUsrIndex, errors);
+    Security_logoutMirlUser(mLoggedInUsrIndex, mMirlSession, errors);
+    mMirlSession = {};
     mLoggedInUsrIndex = 0;
     mUserLoggedIn = false;
     restartWebApp(reason);
@@ -138,6 +152,7 @@ void MirlApplication::logOutUser(EndReason reason) {
 
 void MirlApplication::restartWebApp(EndReason reason) {
     stopModeChangeCheckTimer();
+    stopSessionCheckTimer();
     stopRedirectCheckTimer();
     const std::string word = endReasonRow(reason).word;
     redirect(word.empty() ? "/" : std::string("/?") + kEndParameter + "=" + word + placeParameter());

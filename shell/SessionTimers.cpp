@@ -12,6 +12,7 @@ namespace {
 
 constexpr int kRedirectCheckMs = 2000;
 constexpr int kRelaxedRedirectCheckMs = 5000;
+constexpr int kSessionCheckMs = 1500;
 constexpr int kModeChangeCheckMs = 10000;
 constexpr int kLoginInactivityMs = 180000;
 
@@ -38,6 +39,7 @@ Wt::WTimer* MirlApplication::startTimer(int milliseconds, bool singleShot,
 void MirlApplication::stopTimers() {
     stopTimer(mInactivityTimer);
     stopTimer(mModeChangeCheckTimer);
+    stopTimer(mSessionCheckTimer);
     stopTimer(mRedirectCheckTimer);
 }
 
@@ -78,6 +80,23 @@ void MirlApplication::modeChangeCheckTimeoutHandler() {
     const bool turnedManaged = setting == kManaged && mManagedSetting == kUnmanaged;
     const bool turnedUnmanaged = setting == kUnmanaged && mManagedSetting == kManaged;
     if (turnedManaged || turnedUnmanaged) logOutUser(EndReason::ModeChanged);
+}
+
+void MirlApplication::startSessionCheckTimer() {
+    stopSessionCheckTimer();
+    mSessionCheckTimer = startTimer(kSessionCheckMs, false, &MirlApplication::sessionCheckTimeoutHandler);
+}
+
+void MirlApplication::stopSessionCheckTimer() {
+    stopTimer(mSessionCheckTimer);
+}
+
+void MirlApplication::sessionCheckTimeoutHandler() {
+    const EndReason reason = Security_checkMirlSession(mMirlSession);
+    if (reason == EndReason::None) return;
+    mLoggedInUsrIndex = 0; // there is nothing left to log out of
+    mUserLoggedIn = false;
+    restartWebApp(reason);
 }
 
 void MirlApplication::startInactivityTimer() {

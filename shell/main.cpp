@@ -1,5 +1,6 @@
 #include "platform/client/EventLog.h"
 #include "shell/DocRoot.h"
+#include "shell/LoginGate.h"
 #include "shell/MirlApplication.h"
 #include "shell/MirlPath.h"
 #include "shell/RepeatedTimer.h"
@@ -7,6 +8,7 @@
 #include <Wt/WServer>
 
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
 
 namespace {
@@ -53,6 +55,9 @@ void logServerException(const std::exception& e) {
 int main(int argc, char* argv[]) {
     EventLog_init(argv[0]);
     announceStart();
+    const char* gate = std::getenv("MIRL_LOGIN_GATE");
+    if (gate && !LoginGate::instance().keepIn(gate))
+        EventLog_write(1, 7, "main", "Failed logins cannot be kept in %s: a restart forgets them.", gate);
     DocRoot_find(argc, argv, Main_docRoot);
     try {
         serve(argc, argv);

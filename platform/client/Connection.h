@@ -12,7 +12,7 @@
 namespace zeq {
 
 /// How long an answer, and the opening of a connection, may take.
-constexpr std::chrono::milliseconds kAnswerDeadline{30'000};
+constexpr std::chrono::milliseconds kAnswerDeadline{5'000};
 
 /// Where the service listens when ZEQ_SOCKET does not say.
 constexpr const char* kDefaultSocketPath = "/run/zeq/zeq.sock";

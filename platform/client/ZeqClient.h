@@ -21,7 +21,7 @@ int ZeqClient_isValid(const ZeqClient_s* client);
 /// Null is allowed.
 void ZeqClient_close(ZeqClient_s* client);
 
-/// Sends the request and waits for its answer, at most 30 s (environment ZEQ_TIMEOUT_MS, in milliseconds).
+/// Sends the request and waits for its answer, at most 5 s (environment ZEQ_TIMEOUT_MS, in milliseconds).
 /// The request stays the caller's and may be sent again. 0 when no answer came: the connection has then
 /// ended, unless the request itself could not be sent (too large, nested too deep, not UTF-8). A refusal by
 /// the service is an answer, with "errors".

@@ -56,7 +56,7 @@ const OptionRow& rowOf(const std::string& name) {
 const std::vector<OptionRow> kOptions = {
     {"--json", nullptr, "print JSON"},
     {"--socket", "PATH", "socket of the service (default: $ZEQ_SOCKET, else /run/zeq/zeq.sock)"},
-    {"--timeout", "MS", "longest wait for an answer in milliseconds (default: $ZEQ_TIMEOUT_MS, else 30000)"},
+    {"--timeout", "MS", "longest wait for an answer in milliseconds (default: $ZEQ_TIMEOUT_MS, else 5000)"},
     {"--interval", "SECONDS", "watch: time between two looks (default: 1)"},
     {"--count", "N", "watch: end after N changes"},
     {"--help", nullptr, "print help; after a command, help on that command"},

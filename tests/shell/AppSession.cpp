@@ -1,6 +1,7 @@
 #include "tests/shell/AppSession.h"
 
 #include "shell/DocRoot.h"
+#include "shell/SteadyClock.h"
 #include "shell/WallClock.h"
 #include "tests/frame/WidgetSearch.h"
 
@@ -11,14 +12,18 @@
 #include <cstdio>
 
 std::atomic<std::time_t> TestClock::sNow;
+std::atomic<std::int64_t> TestClock::sSteadyMs;
 
 TestClock::TestClock() {
     sNow = std::time(nullptr);
     WallClock_setSource([] { return sNow.load(); });
+    sSteadyMs = SteadyClock_nowMs();
+    SteadyClock_setSource([] { return sSteadyMs.load(); });
 }
 
 TestClock::~TestClock() {
     WallClock_setSource(nullptr);
+    SteadyClock_setSource(nullptr);
 }
 
 AppSession::AppSession(const std::string& urlScheme, const std::string& ended)

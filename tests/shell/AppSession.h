@@ -16,10 +16,16 @@ public:
     TestClock();
     ~TestClock();
 
-    void advance(long seconds) { sNow += seconds; }
+    void advance(long seconds) {
+        sNow += seconds;
+        sSteadyMs += seconds * 1000;
+    }
+    /// Somebody sets the time of day.
+    void set(long seconds) { sNow += seconds; }
 
 private:
     static std::atomic<std::time_t> sNow;
+    static std::atomic<std::int64_t> sSteadyMs;
 };
 
 /// One browser's session with its environment. Made and used on one thread; a second one at the same time

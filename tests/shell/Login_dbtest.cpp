@@ -116,12 +116,30 @@ TEST_F(Login, GoodLoginForgetsFailuresAndLockout) {
     EXPECT_TRUE(session.app().userIsLoggedIn());
 }
 
-TEST_F(Login, ClockSetBackEndsTheLockout) {
+TEST_F(Login, SettingTheTimeOfDayDoesNotEndTheLockout) {
     AppSession session;
     failTimes(session, 5);
-    clock.advance(-3600);
-    session.logIn("admin", kGood);
-    EXPECT_TRUE(session.app().userIsLoggedIn());
+    for (const long seconds : {-3600L, 7200L}) {
+        clock.set(seconds);
+        session.logIn("admin", kGood);
+        ASSERT_NE(session.probe().lockout(), nullptr);
+        session.dismissBox();
+    }
+}
+
+TEST_F(Login, EnterHeldDownIsOneFailure) {
+    AppSession session;
+    session.logIn("admin", "wrong");
+    for (int i = 0; i < 5; ++i) { // the key repeats itself, in the box and behind it
+        if (auto* box = session.probe().authFailure()) box->button1->enterPressed().emit();
+        session.probe().login()->usernameField->enterPressed().emit();
+    }
+    EXPECT_EQ(SessionProbe::failureCount(), 1u);
+    EXPECT_EQ(session.probe().authFailure(), nullptr);
+    session.probe().login()->usernameField->keyWentUp().emit(Wt::WKeyEvent());
+    session.probe().login()->usernameField->enterPressed().emit();
+    EXPECT_EQ(SessionProbe::failureCount(), 2u)
+        << "pressed again, empty fields are an attempt like any other";
 }
 
 TEST_F(Login, TwoBrowsersShareCountAndLockout) {
@@ -162,6 +180,52 @@ TEST_F(Login, PageOpenWhileTheServiceDiesRecoversOnTheNextRead) {
     EXPECT_EQ(Db::db.readString("swx", 1, "name", name, errors), 0u);
     EXPECT_FALSE(name.empty());
     EXPECT_TRUE(errors.empty());
+}
+
+TEST_F(Login, WhoLosesHisRightsIsSentToTheLoginPage) {
+    store("user", 2, "password", "other-1");
+    AppSession session;
+    session.logIn("supervisor", "other-1");
+    ASSERT_NE(session.probe().sessionTimer(), nullptr);
+    EXPECT_LT(session.probe().sessionTimer()->interval(), 2000);
+    session.probe().sessionCheck();
+    EXPECT_TRUE(session.app().userIsLoggedIn());
+    store("user", 2, "accountEnable", "disabled");
+    std::string name;
+    std::vector<std::string> errors;
+    EXPECT_NE(Db::db.readString("swx", 1, "name", name, errors), 0u) << "at once, before the page knows";
+    session.probe().sessionCheck();
+    EXPECT_FALSE(session.app().userIsLoggedIn());
+    EXPECT_TRUE(session.app().isQuited());
+}
+
+TEST_F(Login, LoggingOutOneOfTwoSessionsLeavesTheOther) {
+    AppSession session;
+    session.logIn("admin", kGood);
+    std::thread([] {
+        AppSession other;
+        other.logIn("admin", kGood);
+        other.app().logOutUser();
+    }).join();
+    EXPECT_EQ(count("adminSession"), 1);
+    session.probe().sessionCheck();
+    EXPECT_TRUE(session.app().userIsLoggedIn());
+}
+
+TEST_F(Login, ASessionOutlivesTheService) {
+    AppSession session;
+    session.logIn("admin", kGood);
+    zeqd.kill();
+    session.probe().sessionCheck();
+    EXPECT_TRUE(session.app().userIsLoggedIn()) << "no answer is no end";
+    zeqd.start();
+    EXPECT_EQ(count("adminSession"), 0);
+    session.probe().sessionCheck();
+    EXPECT_EQ(count("adminSession"), 1);
+    EXPECT_TRUE(session.app().userIsLoggedIn());
+    store("user", 1, "password", "other-1"); // ends what was made again, too
+    session.probe().sessionCheck();
+    EXPECT_FALSE(session.app().userIsLoggedIn());
 }
 
 TEST_F(Login, NoServiceMeansFiveNoticesThenResetOrRetry) {

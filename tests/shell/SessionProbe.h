@@ -1,6 +1,7 @@
 #pragma once
 
 #include "frame/WMsgBoxSimple.h"
+#include "shell/LoginGate.h"
 #include "shell/MirlApplication.h"
 #include "shell/WBannerDialog.h"
 #include "shell/WEndingNotice.h"
@@ -24,6 +25,7 @@ struct SessionProbe {
     Wt::WTabWidget* tabs() const { return app.mMainTabs; }
     Wt::WTimer* inactivityTimer() const { return app.mInactivityTimer; }
     Wt::WTimer* modeTimer() const { return app.mModeChangeCheckTimer; }
+    Wt::WTimer* sessionTimer() const { return app.mSessionCheckTimer; }
     Wt::WTimer* redirectTimer() const { return app.mRedirectCheckTimer; }
     WEndingNotice* endingNotice() const { return app.mEndingNotice; }
     std::string place() const { return app.place(); }
@@ -32,11 +34,9 @@ struct SessionProbe {
     /// A user's event passes, or any other.
     void userEvent() { app.watchInactivity(Wt::UserEvent); }
     void timerEvent() { app.watchInactivity(Wt::TimerEvent); }
+    void sessionCheck() { app.sessionCheckTimeoutHandler(); }
     void modeCheck() { app.modeChangeCheckTimeoutHandler(); }
 
-    static std::uint32_t failureCount() { return MirlApplication::sLoginFailureCount; }
-    static void forgetFailures() {
-        MirlApplication::sLoginFailureCount = 0;
-        MirlApplication::sLoginLockoutTimeSec = 0;
-    }
+    static std::uint32_t failureCount() { return LoginGate::instance().failures(); }
+    static void forgetFailures() { LoginGate::instance().forgetAll(); }
 };

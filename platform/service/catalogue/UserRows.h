@@ -78,6 +78,8 @@ inline constexpr KeyRow kUserSession[] = {
 inline constexpr KeyRow kAdminSession[] = {
     text("username", 60, Form::Any, "login name").create(),
     text("password", 60, Form::Any, "password").with(Secret::Hashed).act(),
+    text("resumeKey", 64, Form::AlphaNumeric, "instead of a password: what an earlier login was answered")
+        .act(),
     text("sessionType", 16, Form::AlphaNumeric,
          "kind of session; one of type mirl ends with its client's connection")
         .create(),

@@ -31,6 +31,7 @@ struct Prepared {
     std::uint32_t verifiedUser = 0;            ///< whose password the login gave rightly, 0 = nobody's
     SettingsResult settings;
     std::string verifiedHash; ///< the stored hash that it was held against
+    bool resumed = false;     ///< the login gave no password, but the key of a session that was lost
 };
 
 struct Context {
@@ -46,6 +47,7 @@ struct Context {
     Record* after = nullptr;        ///< set, create: the record to be; actions: the parameters
     std::vector<std::pair<std::string_view, std::uint32_t>> reply =
         {}; ///< create: further keys of the answer
+    std::vector<std::pair<std::string_view, std::string>> replyTexts = {}; ///< the same, texts
 
     FailureAlert failureAlert = {};
 

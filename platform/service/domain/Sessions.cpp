@@ -67,9 +67,14 @@ void endSessionsOfUser(Context& context) {
     const std::uint32_t user = context.before->index();
     for (const RecordPtr& session : allWith(context.tx, Res::UserSession, "userIndex", user))
         endSessionsOfRx(context.tx, context.now, session->number("rxIndex"), alerts::kSessionEnded);
-    for (const RecordPtr& session : allWith(context.tx, Res::AdminSession, "userIndex", user)) {
-        context.tx.erase(Res::AdminSession, session->index());
-        noteAdminLogout(context.tx, context.now, *session);
+    endAdminSessionsOfUser(context.tx, context.now, user, 0);
+}
+
+void endAdminSessionsOfUser(Transaction& tx, std::int64_t now, std::uint32_t user, ClientId except) {
+    for (const RecordPtr& session : allWith(tx, Res::AdminSession, "userIndex", user)) {
+        if (except && session->number("simClient") == static_cast<std::uint32_t>(except)) continue;
+        tx.erase(Res::AdminSession, session->index());
+        noteAdminLogout(tx, now, *session);
     }
 }
 

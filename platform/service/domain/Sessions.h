@@ -12,6 +12,9 @@ void beginConnection(Transaction& tx, std::int64_t now, Record& connection, cons
 /// Ends the KVM session; the alert tells why. The devices' pictures go dark.
 void endConnection(Transaction& tx, std::int64_t now, const RecordPtr& connection, const AlertKind& why);
 
+/// Ends the KVM sessions that this user, as the record is to be, may no longer have.
+void endForbiddenConnections(Transaction& tx, std::int64_t now, const Record& user);
+
 /// Logs the user of a Receiver out, with the KVM session that runs there.
 void endSessionsOfRx(Transaction& tx, std::int64_t now, std::uint32_t rxIndex, const AlertKind& why);
 
@@ -26,6 +29,9 @@ void showPictures(Transaction& tx, std::uint32_t rxIndex, std::uint32_t txIndex)
 
 /// The event of an administrator's logout.
 void noteAdminLogout(Transaction& tx, std::int64_t now, const Record& session);
+
+/// Ends the administrator sessions of a user, but those of the client `except`; 0 = all.
+void endAdminSessionsOfUser(Transaction& tx, std::int64_t now, std::uint32_t user, ClientId except);
 
 /// The administrator's sessions that belong to a client's connection end with it.
 void endAdminSessionsOfClient(Transaction& tx, std::int64_t now, ClientId client);

@@ -60,6 +60,8 @@ void Engine::request(ClientId client, std::string_view text, Reply reply) {
     Errors errors;
     interpret(text, *request, errors);
     if (!errors.empty()) return reply(errorText(request->id, errors));
+    if (const char* why = sessionGone(mStore, client); why && !isLogin(*request))
+        return reply(errorText(request->id, {{Errno::NotAuthorized, why}}));
     if (request->method == Method::Get) return reply(answerRead(mStore, *request, mParts.clock.now()));
     if (isLogin(*request)) return verifyLogin(request, client, std::move(reply));
     if (isSettingsFile(*request)) return prepareSettings(request, client, std::move(reply));
@@ -86,6 +88,16 @@ void Engine::verifyLogin(const std::shared_ptr<ZeqRequest>& request, ClientId cl
     const std::string name = textParam(*request, "username");
     const RecordPtr user = name.empty() ? nullptr : mStore.findText(Res::User, "name", name);
     const std::string hash = user ? user->text("password") : std::string();
+    if (json_object_get(request->params.get(), "resumeKey")) {
+        --mHashing;
+        Prepared prepared;
+        prepared.resumed = true;
+        if (user && verifyResumeKey(hash, name, textParam(*request, "resumeKey"))) {
+            prepared.verifiedUser = user->index();
+            prepared.verifiedHash = hash;
+        }
+        return submitRequest(request, client, std::move(prepared), std::move(reply));
+    }
     auto right = std::make_shared<bool>(false);
     mParts.executor.run(
         Lane::Hash,
@@ -140,6 +152,10 @@ void Engine::submitRequest(const std::shared_ptr<ZeqRequest>& request, ClientId 
     write.run = [this, request, client, prepared = std::move(prepared), answer](Transaction& tx) {
         Errors errors;
         Context context{tx, errors, mParts.clock.now(), request->method, client, prepared};
+        if (const char* why = sessionGone(tx, client); why && !isLogin(*request)) {
+            *answer = errorText(request->id, {{Errno::NotAuthorized, why}});
+            return false;
+        }
         *answer = runWrite(*request, context);
         if (errors.empty()) return true;
         // A refusal keeps nothing of the request, but the event that tells of it.
@@ -150,10 +166,31 @@ void Engine::submitRequest(const std::shared_ptr<ZeqRequest>& request, ClientId 
         return false;
     };
     write.done = [this, client, request, answer, reply = std::move(reply)](bool kept) {
-        mLoggingIn.erase(client);
+        if (mLoggingIn.erase(client) && kept && isLogin(*request)) noteLogin(client);
         reply(kept ? std::move(*answer) : errorText(request->id, {{Errno::General, "service.detail.disk"}}));
     };
     submit(std::move(write));
+}
+
+const char* Engine::sessionGone(const View& view, ClientId client) const {
+    const auto found = mHolders.find(client);
+    if (found == mHolders.end()) return nullptr;
+    const Holder& holder = found->second;
+    if (view.find(Res::AdminSession, holder.session)) return nullptr;
+    const RecordPtr user = view.find(Res::User, holder.user);
+    const bool same = user && user->enabled("accountEnable") && user->is("role", "admin") &&
+                      user->text("password") == holder.hash;
+    return same ? "service.detail.session_ended" : "service.detail.session_account";
+}
+
+void Engine::noteLogin(ClientId client) {
+    mStore.each(Res::AdminSession, [&](const RecordPtr& session) {
+        if (session->number("simClient") != static_cast<std::uint32_t>(client)) return true;
+        const RecordPtr user = mStore.find(Res::User, session->number("userIndex"));
+        mHolders[client] = {session->index(), session->number("userIndex"),
+                            user ? user->text("password") : std::string()};
+        return true; // the newest counts
+    });
 }
 
 void Engine::submit(Write write) {
@@ -211,6 +248,7 @@ void Engine::tell(const EventLine& event) {
 void Engine::clientGone(ClientId client) {
     // A login that is being written has its session before the write that is queued here.
     const bool loggingIn = mLoggingIn.erase(client) > 0;
+    mHolders.erase(client);
     if (!loggingIn && !mStore.findNumber(Res::AdminSession, "simClient", static_cast<std::uint32_t>(client)))
         return;
     submit({[this, client](Transaction& tx) {

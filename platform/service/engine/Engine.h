@@ -13,6 +13,7 @@
 #include "platform/service/store/Store.h"
 
 #include <deque>
+#include <map>
 #include <memory>
 #include <set>
 
@@ -75,6 +76,9 @@ private:
                        Reply reply);
     void verifyLogin(const std::shared_ptr<ZeqRequest>& request, ClientId client, Reply reply);
     void prepareSettings(const std::shared_ptr<ZeqRequest>& request, ClientId client, Reply reply);
+    /// Why this client, which was logged in, is no longer, as a message key; null when it is, or never was.
+    const char* sessionGone(const View& view, ClientId client) const;
+    void noteLogin(ClientId client);
     void startBatch();
     void tell(const EventLine& event);
     void finishBatch(const std::string& failure);
@@ -89,6 +93,13 @@ private:
     std::vector<std::pair<Write, bool>> mBatchWrites; ///< with what each run answered
     std::size_t mHashing = 0;                         ///< logins and new passwords being worked out
     std::set<ClientId> mLoggingIn;                    ///< clients whose login is in work
+    /// Clients that have logged in: their session, and what their account was then.
+    struct Holder {
+        std::uint32_t session;
+        std::uint32_t user;
+        std::string hash;
+    };
+    std::map<ClientId, Holder> mHolders;
     bool mBusy = false;
     bool mRestart = false;
 };

@@ -226,6 +226,12 @@ std::string runWrite(const ZeqRequest& request, Context& context) {
             out += ':';
             appendJsonNumber(out, value);
         }
+        for (const auto& [key, value] : context.replyTexts) {
+            out += ',';
+            appendJsonString(out, key);
+            out += ':';
+            appendJsonString(out, value);
+        }
         out += '}';
     }
     out += "]}";

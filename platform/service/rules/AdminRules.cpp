@@ -3,6 +3,7 @@
 #include "platform/service/domain/Devices.h"
 #include "platform/service/domain/Sessions.h"
 #include "platform/service/rules/Rules.h"
+#include "platform/service/secret/PasswordHash.h"
 
 namespace zeqd {
 
@@ -17,6 +18,13 @@ void refuse(Context& context, Errno number, const std::string& name) {
     context.failureAlert = {&alerts::kFailedAdminLogin, "Login of \"" + shown +
                                                             "\" to the web interface failed" +
                                                             (address.empty() ? "" : ", from " + address)};
+}
+
+/// The address that the interface told; none: a program on this machine.
+bool isLoopback(std::string_view address) {
+    constexpr std::string_view kMapped = "::ffff:";
+    if (address.starts_with(kMapped)) address.remove_prefix(kMapped.size());
+    return address.empty() || address == "::1" || address.starts_with("127.");
 }
 
 /// Sessions that no client's connection holds stay until somebody deletes them; the oldest make room.
@@ -37,21 +45,26 @@ void makeRoomForLoose(Context& context) {
 void adminLogin(Context& context) {
     Record& session = *context.after;
     const std::string name = session.text("username");
-    if (!context.given("username") || !context.given("password"))
+    if (!context.given("username") || (!context.given("password") && !context.prepared.resumed))
         return context.fail(Errno::CredentialsMissing);
     const RecordPtr user = context.tx.find(Res::User, context.prepared.verifiedUser);
     if (!user || user->text("password") != context.prepared.verifiedHash || user->text("name") != name)
         return refuse(context, Errno::CredentialsWrong, name);
     if (!user->enabled("accountEnable")) return refuse(context, Errno::AccountDisabled, name);
+    // Whoever is first sets the password: that is to be somebody at the machine.
+    if (!user->is("passwordIsInitialized", "is_true") && !isLoopback(session.text("ipAddress")))
+        return refuse(context, Errno::NotAuthorized, name);
     if (!user->is("role", "admin")) return refuse(context, Errno::NotAuthorized, name);
     session.set("userIndex", user->index()).set("sessionStartTime", static_cast<std::uint32_t>(context.now));
-    if (session.text("sessionType") == "mirl")
+    if (session.text("sessionType") == "mirl") {
         session.set("simClient", static_cast<std::uint32_t>(context.client));
-    else
+        if (const std::string key = resumeKey(user->text("password"), name); !key.empty())
+            context.replyTexts.emplace_back("resumeKey", key);
+    } else
         makeRoomForLoose(context);
     context.reply.emplace_back("userIndex", user->index());
     raiseAlert(context.tx, context.now, alerts::kAdminLogin, thisSwitchEid(context.tx),
-               name + " logged in to the web interface");
+               name + (context.prepared.resumed ? " works on in" : " logged in to") + " the web interface");
 }
 
 void adminLogout(Context& context) {

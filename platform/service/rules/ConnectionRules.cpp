@@ -92,6 +92,18 @@ void beginConnection(Transaction& tx, std::int64_t now, Record& connection, cons
         "Session of " + user.text("name") + " connected " + deviceLabel(*rx) + " to " + deviceLabel(*target));
 }
 
+void endForbiddenConnections(Transaction& tx, std::int64_t now, const Record& user) {
+    std::vector<RecordPtr> ending;
+    tx.each(Res::Connection, [&](const RecordPtr& connection) {
+        const RecordPtr login = tx.findNumber(Res::UserSession, "rxIndex", connection->number("rxIndex"));
+        if (!login || login->number("userIndex") != user.index()) return true;
+        if (!mayReach(user, connection->number("txIndex")) || !modeAllowed(user, connection->choice("mode")))
+            ending.push_back(connection);
+        return true;
+    });
+    for (const RecordPtr& connection : ending) endConnection(tx, now, connection, alerts::kSessionEnded);
+}
+
 void sessionConnected(Context& context) {
     Record& connection = *context.after;
     const RecordPtr rx = context.tx.find(Res::Rx, connection.number("rxIndex"));

@@ -54,7 +54,14 @@ void userChanged(Context& context) {
     if (isAdministrator(*context.before) && !isAdministrator(*context.after) &&
         !otherAdministrator(context.tx, context.after->index()))
         context.fail(Errno::NotAllowed, "service.detail.last_administrator");
-    if (context.errors.empty() && !context.after->enabled("accountEnable")) endSessionsOfUser(context);
+    if (!context.errors.empty()) return;
+    if (!context.after->enabled("accountEnable")) return endSessionsOfUser(context);
+    if (context.changes("target") || context.changes("allTargetAccess") || context.changes("modeAllowed"))
+        endForbiddenConnections(context.tx, context.now, *context.after);
+    const std::uint32_t user = context.before->index();
+    if (!isAdministrator(*context.after)) return endAdminSessionsOfUser(context.tx, context.now, user, 0);
+    // Who sets a new password works on; whoever else is in with the former one does not.
+    if (context.changes("password")) endAdminSessionsOfUser(context.tx, context.now, user, context.client);
 }
 
 void userDeleted(Context& context) {

@@ -27,6 +27,23 @@ bool verifyPassword(const std::string& hash, std::string_view password) {
     return hash.empty() ? password.empty() : matches;
 }
 
+std::string resumeKey(const std::string& hash, std::string_view name) {
+    if (hash.empty()) return {};
+    // A hash of Argon2 is printable, so the zero byte keeps name and hash apart.
+    const std::string message = "administrator session of " + std::string(name) + '\0' + hash;
+    unsigned char key[crypto_generichash_BYTES];
+    crypto_generichash(key, sizeof key, reinterpret_cast<const unsigned char*>(message.data()),
+                       message.size(), nullptr, 0);
+    char text[2 * sizeof key + 1];
+    return sodium_bin2hex(text, sizeof text, key, sizeof key);
+}
+
+bool verifyResumeKey(const std::string& hash, std::string_view name, std::string_view key) {
+    const std::string right = resumeKey(hash, name);
+    return !right.empty() && key.size() == right.size() &&
+           sodium_memcmp(key.data(), right.data(), right.size()) == 0;
+}
+
 const std::string& decoyHash() {
     static const std::string hash = [] {
         std::vector<char> random(32);

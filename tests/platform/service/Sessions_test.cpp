@@ -86,6 +86,37 @@ TEST(Sessions, TopologyIsJudged) {
     }
 }
 
+TEST(Sessions, WithdrawnRightsEndWhatRunsWithItsEvent) {
+    struct {
+        const char* what;
+        const char* change;
+        bool ends;
+    } rows[] = {{"its target", R"("target":[{"txIndex":1}])", true},
+                {"another target", R"("target":[{"txIndex":4}])", false},
+                {"its mode", R"("modeAllowed":"private_mode")", true},
+                {"the other mode", R"("modeAllowed":"share_mode")", false},
+                {"nothing", R"("fullName":"x")", false}};
+    // User 4 is logged in at Receiver 5.
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        Harness service;
+        const Answer made = service.create("connection", R"({"rxIndex":5,"txIndex":4,"mode":"share_mode"})");
+        ASSERT_EQ(made.error(), 0);
+        const std::size_t others = service.engine->store().count(Res::Connection) - 1;
+        ASSERT_EQ(service.set("user", std::string(R"({"index":4,)") + row.change + "}").error(), 0);
+        EXPECT_EQ(service.engine->store().count(Res::Connection), others + (row.ends ? 0 : 1));
+        const Answer events = service.get("unacknowledgedAlerts");
+        EXPECT_EQ(events.at("alertMsg", events.rowCount() - 1).find("disconnected") != std::string::npos,
+                  row.ends);
+    }
+    Harness service;
+    ASSERT_EQ(service.set("user", R"({"index":4,"allTargetAccess":"enabled"})").error(), 0);
+    ASSERT_EQ(service.create("connection", R"({"rxIndex":5,"txIndex":17,"mode":"share_mode"})").error(), 0);
+    const std::size_t before = service.engine->store().count(Res::Connection);
+    ASSERT_EQ(service.set("user", R"({"index":4,"allTargetAccess":"disabled"})").error(), 0);
+    EXPECT_EQ(service.engine->store().count(Res::Connection), before - 1);
+}
+
 TEST(Sessions, SharersAreLimited) {
     Harness service;
     ASSERT_EQ(service.set("user", R"({"index":1,"modeAllowed":"share_or_private_mode"})").error(), 0);

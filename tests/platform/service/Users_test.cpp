@@ -107,6 +107,152 @@ TEST(Users, FirstPasswordIsGivenUnderTheNameOnceOnly) {
     EXPECT_EQ(service.set("user", R"({"name":"admin","fullName":"x"})").error(), 1008);
 }
 
+constexpr ClientId kHolder = 21; ///< the connection of an administrator's page
+constexpr ClientId kOther = 22;
+constexpr char kRead[] = R"({"method":"get","resource":"swx"})";
+constexpr char kWrite[] = R"({"method":"set","resource":"swx","params":{"index":1,"name":"Mine"}})";
+
+Answer logIn(Harness& service, ClientId client, const std::string& secret) {
+    return service.ask(R"({"method":"create","resource":"adminSession","params":{"username":"second",)" +
+                           secret + R"(,"sessionType":"mirl"}})",
+                       client);
+}
+
+std::string addSecond(Harness& service) {
+    const Answer made = service.create("user", R"({"name":"second","role":"admin","password":"pw"})");
+    EXPECT_EQ(made.error(), 0) << made.text();
+    return made.at("index");
+}
+
+TEST(Users, AdministratorSessionsEndWithTheRightsAtThatMoment) {
+    struct {
+        const char* what;
+        const char* method;
+        const char* params;
+        ClientId by;
+        const char* why; ///< null: it goes on
+    } rows[] = {
+        {"disabled", "set", R"("accountEnable":"disabled")", kOther, "service.detail.session_account"},
+        {"demoted", "set", R"("role":"user")", kOther, "service.detail.session_account"},
+        {"deleted", "delete", nullptr, kOther, "service.detail.session_account"},
+        {"new password", "set", R"("password":"new")", kOther, "service.detail.session_account"},
+        {"new password by itself", "set", R"("password":"new")", kHolder, nullptr},
+        {"demoted by itself", "set", R"("role":"user")", kHolder, "service.detail.session_account"},
+        {"another name", "set", R"("fullName":"x")", kOther, nullptr},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        Harness service;
+        const std::string index = addSecond(service);
+        ASSERT_EQ(logIn(service, kHolder, R"("password":"pw")").error(), 0);
+        ASSERT_EQ(logIn(service, 23, R"("password":"pw")").error(), 0); // the same user elsewhere
+        EXPECT_EQ(service.ask(kWrite, kHolder).error(), 0);
+        const std::string change = std::string(R"({"method":")") + row.method +
+                                   R"(","resource":"user","params":{"index":)" + index +
+                                   (row.params ? std::string(",") + row.params : "") + "}}";
+        ASSERT_EQ(service.ask(change, row.by).error(), 0);
+        for (const char* request : {kRead, kWrite}) {
+            EXPECT_EQ(service.ask(request, kHolder).error(), row.why ? 1105 : 0) << request;
+            EXPECT_EQ(service.ask(request, kHolder).detail(), row.why ? row.why : "");
+            EXPECT_EQ(service.ask(request, kOther).error(), 0) << "who never logged in is not concerned";
+        }
+        const bool password = std::string(row.what).starts_with("new password");
+        EXPECT_EQ(service.ask(kRead, 23).error(), row.why || password ? 1105 : 0);
+    }
+}
+
+TEST(Users, AWriteThatWaitsBehindTheEndOfItsSessionIsRefused) {
+    Harness service;
+    const std::string index = addSecond(service);
+    ASSERT_EQ(logIn(service, kHolder, R"("password":"pw")").error(), 0);
+    std::string answer;
+    const std::string demote =
+        R"({"id":1,"method":"set","resource":"user","params":{"role":"user","index":)" + index + "}}";
+    service.engine->request(kOther, demote, [](const std::string&) {});
+    service.engine->request(kHolder, std::string(R"({"id":1,)") + (kWrite + 1),
+                            [&answer](std::string text) { answer = std::move(text); });
+    service.settle();
+    EXPECT_EQ(Answer(answer).error(), 1105);
+    EXPECT_NE(service.value("swx", 1, "name"), "Mine");
+}
+
+TEST(Users, OneOfTwoSessionsEndsAlone) {
+    Harness service;
+    addSecond(service);
+    const Answer first = logIn(service, kHolder, R"("password":"pw")");
+    ASSERT_EQ(logIn(service, kOther, R"("password":"pw")").error(), 0);
+    ASSERT_EQ(service.remove("adminSession", first.number("index")).error(), 0);
+    EXPECT_EQ(service.ask(kRead, kHolder).detail(), "service.detail.session_ended");
+    EXPECT_EQ(service.ask(kRead, kOther).error(), 0);
+    EXPECT_EQ(logIn(service, kHolder, R"("password":"no")").error(), 1103);
+    EXPECT_EQ(service.ask(kRead, kHolder).error(), 1105) << "a failed login opens nothing";
+    EXPECT_EQ(logIn(service, kHolder, R"("password":"pw")").error(), 0);
+    EXPECT_EQ(service.ask(kRead, kHolder).error(), 0);
+}
+
+TEST(Users, ASessionIsMadeAgainAfterARestartWhileTheAccountAllowsIt) {
+    struct {
+        const char* what;
+        const char* change;
+        int error;
+    } rows[] = {{"nothing", R"("fullName":"x")", 0},
+                {"disabled", R"("accountEnable":"disabled")", 1104},
+                {"demoted", R"("role":"user")", 1105},
+                {"new password", R"("password":"pw")", 1103}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        Harness service;
+        const std::string index = addSecond(service);
+        const std::string key = logIn(service, kHolder, R"("password":"pw")").at("resumeKey");
+        ASSERT_EQ(key.size(), 64u);
+        service.restart();
+        ASSERT_EQ(service.set("user", "{\"index\":" + index + "," + row.change + "}").error(), 0);
+        std::string wrong = key;
+        wrong[63] = wrong[63] == '0' ? '1' : '0';
+        EXPECT_EQ(logIn(service, kHolder, R"("resumeKey":")" + wrong + '"').error(), 1103);
+        EXPECT_EQ(logIn(service, kHolder, R"("resumeKey":"")").error(), 1103);
+        EXPECT_EQ(service
+                      .create("adminSession",
+                              R"({"username":"admin","sessionType":"mirl","resumeKey":")" + key + "\"}")
+                      .error(),
+                  1103);
+        EXPECT_EQ(logIn(service, kHolder, R"("resumeKey":")" + key + '"').error(), row.error);
+        EXPECT_EQ(service.get("adminSession").text().find(key), std::string::npos);
+    }
+    Harness service; // who has no password yet has no such key
+    const Answer blank =
+        service.create("adminSession", R"({"username":"supervisor","password":"","sessionType":"mirl"})");
+    EXPECT_EQ(blank.error(), 0);
+    EXPECT_EQ(blank.at("resumeKey"), "(absent)");
+}
+
+TEST(Users, TheFirstLoginIsForWhoeverIsAtTheMachine) {
+    struct {
+        const char* address;
+        int error;
+    } rows[] = {{"127.0.0.1", 0},        {"127.8.8.8", 0},     {"::1", 0},
+                {"::ffff:127.0.0.1", 0}, {"192.0.2.1", 1105},  {"::ffff:192.0.2.1", 1105},
+                {"2001:db8::1", 1105},   {"1127.0.0.1", 1105}, {"::127.0.0.1", 1105}};
+    for (const auto installation : {Harness::Installation::Factory, Harness::Installation::Demo}) {
+        Harness service(installation);
+        const bool factory = installation == Harness::Installation::Factory;
+        const std::string name = factory ? "admin" : "supervisor";
+        const auto from = [&](const char* address, const std::string& password) {
+            return service
+                .create("adminSession", R"({"username":")" + name + R"(","password":")" + password +
+                                            R"(","ipAddress":")" + address + "\"}")
+                .error();
+        };
+        for (const auto& row : rows) EXPECT_EQ(from(row.address, ""), row.error) << row.address;
+        ASSERT_EQ(service
+                      .set("user", factory ? R"({"index":1,"password":"First1"})"
+                                           : R"({"index":2,"password":"First1"})")
+                      .error(),
+                  0);
+        EXPECT_EQ(from("192.0.2.1", "First1"), 0);
+    }
+}
+
 TEST(Users, AccountsAreKeptSound) {
     Harness service;
     struct {

@@ -55,6 +55,7 @@ ZeqdProcess::ZeqdProcess(std::vector<std::string> installation) : mInstallation(
     std::filesystem::create_directories(settingsFolder());
     ::setenv("ZEQ_SOCKET", socketPath().c_str(), 1);
     ::setenv("MIRL_SETTINGS_DIR", settingsFolder().c_str(), 1);
+    ::setenv("ZEQ_TIMEOUT_MS", "30000", 0); // a busy machine is no reason for a test to fail
     ::setenv("ZEQD_ADMIN_PASSWORD", kAdminPassword, 1);
     try {
         start();

@@ -13,6 +13,7 @@
 
 #include <boost/json/array.hpp>
 #include <boost/json/object.hpp>
+#include <boost/json/parse.hpp>
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -334,6 +335,43 @@ TEST(Session, runs_from_start_to_quit_and_tells_the_browser_last) {
     EXPECT_EQ(log, "0 gone");
     EXPECT_NE(sink.last.find("hello"), std::string::npos);
     EXPECT_EQ(sink.finished, R"([["go","/again"]])");
+}
+
+TEST(Session, what_was_typed_is_a_users_doing_whatever_brings_it) {
+    struct {
+        const char* event;
+        Wt::EventType type;
+    } rows[] = {{R"({"k":"click","t":9})", Wt::UserEvent},
+                {R"({"k":"timer","t":9})", Wt::TimerEvent},
+                {R"({"k":"size","t":9})", Wt::OtherEvent},
+                {R"({"k":"timer","t":9,"v":{}})", Wt::TimerEvent},
+                {R"({"k":"timer","t":9,"v":"x"})", Wt::TimerEvent},
+                {R"({"k":"timer","t":9,"v":{"o3":"a"}})", Wt::UserEvent},
+                {R"({"k":"size","t":9,"v":{"o3":"a"}})", Wt::UserEvent}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.event);
+        Recorder sink;
+        Wt::Impl::Mailbox mailbox;
+        Wt::Impl::StartRequest start = startRequest();
+        struct App : Wt::WApplication {
+            App(const Wt::WEnvironment& environment, Wt::EventType& last_)
+                : WApplication(environment), last(last_) {}
+            void notify(const Wt::WEvent& event) override {
+                if (event.eventType() != Wt::OtherEvent) last = event.eventType(); // start and end are Other
+                WApplication::notify(event);
+            }
+            Wt::EventType& last;
+        };
+        Wt::EventType last = Wt::OtherEvent;
+        start.create = [&](const Wt::WEnvironment& environment) { return new App(environment, last); };
+        Wt::Impl::SessionEvent event;
+        event.kind = Wt::Impl::SessionEvent::Kind::Page;
+        event.page = boost::json::array{boost::json::parse(row.event)};
+        mailbox.post(std::move(event));
+        mailbox.post(callOf([] { Wt::WApplication::instance()->quit(); }));
+        Wt::Impl::makeSessionHost(start, mailbox, sink, "/r")->run();
+        EXPECT_EQ(last, row.type);
+    }
 }
 
 TEST(Session, timeouts_that_came_while_one_was_handled_count_as_one) {

@@ -226,7 +226,13 @@ void WebSession::handlePending() {
 
 void WebSession::handleBrowserEvent(const boost::json::object& event) {
     const std::string_view kind = foreignText(event, "k");
-    const EventType type = kind == "timer" ? TimerEvent : isBackground(kind) ? OtherEvent : UserEvent;
+    // What was typed travels with whatever event comes next, a timer's too: it is the user's doing.
+    const boost::json::value* values = event.if_contains("v");
+    const bool typed = values && values->is_object() && !values->get_object().empty();
+    const EventType type = typed                ? UserEvent
+                           : kind == "timer"    ? TimerEvent
+                           : isBackground(kind) ? OtherEvent
+                                                : UserEvent;
     notify(type, [&] { deliver(event); });
 }
 

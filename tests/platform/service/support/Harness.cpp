@@ -133,10 +133,10 @@ void Harness::settle() {
     } while (executor.stepAny() || due());
 }
 
-Answer Harness::ask(const std::string& request) {
+Answer Harness::ask(const std::string& request, ClientId client) {
     std::string answer;
     const std::string full = "{\"id\":1," + request.substr(request.find('{') + 1);
-    engine->request(7, full, [&answer](std::string text) { answer = std::move(text); });
+    engine->request(client, full, [&answer](std::string text) { answer = std::move(text); });
     settle();
     return Answer(answer);
 }

@@ -79,7 +79,7 @@ public:
     explicit Harness(Installation installation = Installation::Demo);
 
     /// {"method":…,…} without an id; answered with everything that it waits for worked off.
-    Answer ask(const std::string& request);
+    Answer ask(const std::string& request, ClientId client = 7);
     /// Shorthands: method and resource, then the members as JSON text.
     Answer get(const std::string& resource, const std::string& members = "");
     Answer set(const std::string& resource, const std::string& params);
