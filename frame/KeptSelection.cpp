@@ -52,7 +52,7 @@ std::string KeptSelection::inAddress() const {
     if (rows.size() > kMostInAddress) return kManySelected + std::to_string(rows.size());
     std::vector<std::string> names;
     for (const Wt::WModelIndex& row : rows) names.push_back(mList.table()->nameAt(row));
-    return Place::list(names);
+    return Place::inOrder(Place::list(names)); // whatever the list is sorted by
 }
 
 void KeptSelection::selectInAddress(std::string_view part) {

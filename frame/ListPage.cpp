@@ -27,7 +27,8 @@ std::string ListPage::placeInAddress() const {
 void ListPage::goTo(std::string_view place) {
     const std::string_view records = Place::takePart(place);
     if (!detailsTabs()->hasChanged()) mSelection->selectInAddress(records);
-    if (records == mSelection->inAddress()) EditingPage::goTo(place);
+    const std::string now = mSelection->inAddress();
+    if (records == now || Place::inOrder(records) == now) EditingPage::goTo(place);
 }
 
 void ListPage::refresh() {

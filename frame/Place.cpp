@@ -1,5 +1,6 @@
 #include "frame/Place.h"
 
+#include <algorithm>
 #include <cctype>
 
 namespace Place {
@@ -60,6 +61,12 @@ std::vector<std::string> names(std::string_view list) {
         }
     }
     return found;
+}
+
+std::string inOrder(std::string_view list) {
+    std::vector<std::string> ordered = Place::names(list);
+    std::sort(ordered.begin(), ordered.end());
+    return Place::list(ordered);
 }
 
 std::string_view takePart(std::string_view& path) {

@@ -13,6 +13,8 @@ std::string word(std::string_view messageKey);
 /// One part of names; what separates parts and names is escaped in them.
 std::string list(const std::vector<std::string>& names);
 std::vector<std::string> names(std::string_view list);
+/// The same part whatever the order of its names was.
+std::string inOrder(std::string_view list);
 
 /// Splits at the first slash: "/a/b/c" gives "a", and leaves "/b/c". Empty at the end.
 std::string_view takePart(std::string_view& path);

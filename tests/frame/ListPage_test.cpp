@@ -228,7 +228,7 @@ TEST_F(Pages, TheAddressSaysWhereOneIsAndLeadsThere) {
         std::vector<unsigned> records;
     } rows[] = {
         {"/2", "/2/name", {2}},
-        {"/2,5/shown", "/2,5/shown", {2, 5}},
+        {"/5,2/shown", "/2,5/shown", {2, 5}},
         {"/5/nonsense", "/5/shown", {5}},
         {"/77/name", "", {}},
         {"/3/name/more", "/3/name", {3}},
@@ -238,9 +238,14 @@ TEST_F(Pages, TheAddressSaysWhereOneIsAndLeadsThere) {
     };
     for (const auto& row : rows) {
         const int before = view.userSelections;
-        const bool others = view.selection().indexes() != row.records;
+        const auto chosen = [this] {
+            std::vector<unsigned> records = view.selection().indexes();
+            std::sort(records.begin(), records.end());
+            return records;
+        };
+        const bool others = chosen() != row.records;
         view.goTo(row.to);
-        EXPECT_EQ(view.selection().indexes(), row.records) << row.to;
+        EXPECT_EQ(chosen(), row.records) << row.to;
         EXPECT_EQ(view.placeInAddress(), row.there) << row.to;
         EXPECT_EQ(view.userSelections - before, others ? 1 : 0) << row.to;
     }

@@ -188,6 +188,7 @@ export class Transport {
       await alone(async () => {
         const answer = await this.post('wt-session/renew', { token: this.token }, POLL_LIMIT_MS);
         if (answer.status === 200) this.token = (await answer.json()).token;
+        if (this.tab.kept) this.tab.keep({ ...this.tab.kept, token: this.token });
         if (answer.ok) await this.post('wt-session/renew', { token: this.token }, POLL_LIMIT_MS);
       });
     } catch {
