@@ -269,8 +269,8 @@ TEST(Monitors, ArePulledPushedAndProtected) {
         {R"({"edidAction":"pull","txIndex":3,"edidName":"M2"})", 1109},
         {R"({"edidAction":"pull","rxIndex":1})", 1007},
         {R"({"edidAction":"pull","edidName":"M2"})", 1007},
-        {R"({"edidAction":"push","txIndex":1,"edidIndex":15})", 0},
-        {R"({"edidAction":"push","txIndex":3,"edidIndex":15})", 1109},
+        {R"({"edidAction":"push","txIndex":1,"edidIndex":17})", 0},
+        {R"({"edidAction":"push","txIndex":3,"edidIndex":17})", 1109},
         {R"({"edidAction":"push","txIndex":1})", 1007},
         {R"({"edidAction":"push","txIndex":1,"edidIndex":99})", 7},
         {R"({"edidAction":"pull","txIndex":1,"edidName":"Back"})", 0},
@@ -284,14 +284,14 @@ TEST(Monitors, ArePulledPushedAndProtected) {
                                     words + R"("})")
             .error(),
         0);
-    EXPECT_EQ(service.value("edid", 17, "description"), words.substr(0, 64));
-    EXPECT_EQ(service.value("edid", 16, "data"), service.value("edid", 15, "data"))
+    EXPECT_EQ(service.value("edid", 19, "description"), words.substr(0, 64));
+    EXPECT_EQ(service.value("edid", 18, "data"), service.value("edid", 17, "data"))
         << "what was pushed comes back";
-    EXPECT_EQ(service.value("edid", 15, "description"), "d");
+    EXPECT_EQ(service.value("edid", 17, "description"), "d");
     EXPECT_EQ(service.set("edid", R"({"index":13,"name":"x"})").error(), 1106);
     EXPECT_EQ(service.remove("edid", 13).error(), 1106);
-    EXPECT_EQ(service.set("edid", R"({"index":15,"name":""})").error(), 13);
-    EXPECT_EQ(service.remove("edid", 15).error(), 0);
+    EXPECT_EQ(service.set("edid", R"({"index":17,"name":""})").error(), 13);
+    EXPECT_EQ(service.remove("edid", 17).error(), 0);
     const std::string zeros(172, 'A');
     EXPECT_EQ(service.create("edid", R"({"name":"z","data":{"$binary":")" + zeros.substr(0, 171) + R"(="}})")
                   .error(),

@@ -199,7 +199,7 @@ TEST(Requests, ChangeNumbersMoveByKindAndNeverBack) {
         {"tx", R"({"index":1,"location":"A"})", {8}},
         {"swx", R"({"index":1,"name":"A"})", {1}},
         {"user", R"({"index":3,"fullName":"A"})", {6}},
-        {"user", R"({"index":3,"target":[]})", {6, 10}},
+        {"user", R"({"index":7,"target":[]})", {6, 10}},
         {"systemGlobals", R"({"syslogDest":"10.0.0.1"})", {3}},
         {"cfgDefaults", R"({"txDefaultUsbMode":"disabled"})", {4}},
         {"alertLogControl", R"({"enableAlertFanFault":"disabled"})", {5}},
