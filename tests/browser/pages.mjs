@@ -37,10 +37,7 @@ export async function login(page, system, user = system.user, password = system.
 
 /** A tab of the main interface; its label may end in "*". @param {Page} page @param {string} name */
 export const mainTab = (page, name) =>
-  page
-    .locator('.mirl-main-tab')
-    .first()
-    .getByRole('tab', { name: new RegExp(`^${name}\\*?$`) });
+  page.locator('.mirl-main-tab > .Wt-tabs').getByRole('tab', { name: new RegExp(`^${name}\\*?$`) });
 
 /** @param {Page} page */
 export async function openDevices(page) {

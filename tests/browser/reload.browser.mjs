@@ -35,7 +35,7 @@ test('a reload and a crashed tab find the session as it was, with what was typed
 
   const address = page.url();
   await page.goto('chrome://crash').catch(() => {});
-  await page.goto(address);
+  await until('the tab is loaded again', async () => { await page.goto(address); return true; });
   await shows(page, 'Receiver Name', 'Desk 1 Left');
   await field(page, 'Receiver Name').fill('Alive');
   await until('Save can be pressed', () => saveButton(page).isEnabled());
