@@ -4,6 +4,7 @@
 #include "platform/client/ZeqClient.h"
 #include "shell/DocRoot.h"
 #include "shell/MirlPath.h"
+#include "views/users/WUsrView.h"
 
 #include <Wt/WMessageResourceBundle>
 
@@ -29,6 +30,7 @@ void MirlApplication::release() {
     EventLog_write(4, 7, "~MirlApplication", "In destructor. sAppInstanceCount = %d.", --sAppInstanceCount);
     stopTimers();
     deleteDialogs();
+    if (mUsrView) mUsrView->dropProvisionalUser();
     closeZeqClient();
 }
 

@@ -10,6 +10,7 @@
 #include "views/devices/page/WDevView.h"
 #include "views/peripherals/WPeriphView.h"
 #include "views/settings/page/WSysSettingsView.h"
+#include "views/users/WUsrView.h"
 #include "widgets/Selectors.h"
 #include "widgets/ValidatedFields.h"
 #include "widgets/WEnableDisable.h"
@@ -37,9 +38,8 @@ const struct {
     Wt::WWidget* (*make)(Wt::WContainerWidget*);
     std::size_t fields;
 } kPages[] = {
-    {"devices", made<WDevView>, 130},
-    {"settings", made<WSysSettingsView>, 24},
-    {"peripherals", made<WPeriphView>, 2},
+    {"devices", made<WDevView>, 130},       {"settings", made<WSysSettingsView>, 24},
+    {"peripherals", made<WPeriphView>, 2},  {"users", made<WUsrView>, 13},
     {"preferences", made<WPrefsTable>, 10},
 };
 
@@ -47,12 +47,19 @@ constexpr const char* kComputed = "frequencies are computed from the timing, in 
 constexpr const char* kAnyDot =
     "the pattern's dots stand for any character and are kept so; the user is told";
 
+constexpr const char* kRepeats = "a password typed once more: it is compared with the first, and never saved";
+
 /// Where page and service differ and shall, and in how many fields.
 const struct {
     const char* fault;
     int fields;
     const char* why;
 } kExceptions[] = {
+    {"user/password: takes 'two words', refused (password: printable characters without blanks)", 1,
+     kRepeats},
+    {"user/password: takes 'é', refused (password: printable characters without blanks)", 1, kRepeats},
+    {"user/password: takes 'tab\there', refused (password: printable characters without blanks)", 1,
+     kRepeats},
     {"rx/inputVideoTiming/frequency: no such key", 1, kComputed},
     {"rx/outputVideoTiming/frequency: no such key", 1, kComputed},
     {"rx/monPrefVideoTiming/frequency: no such key", 1, kComputed},

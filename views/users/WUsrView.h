@@ -1,12 +1,55 @@
 #pragma once
 
-#include "views/WEmptyPage.h"
+#include "frame/ListPage.h"
+#include "views/users/UsrTab.h"
 
-/// Accounts and their rights.
-class WUsrView : public WEmptyPage {
+class WNavAccordionStdCell;
+class WUsrViewAttribs;
+class WUsrViewFavTargets;
+class WUsrViewList;
+class WUsrViewTargets;
+
+/// The Users tab: every account in one list, actions on the selected ones, and their rights and settings in the pane
+/// below. A new account is stored at once under a provisional name, which the administrator then replaces; it goes
+/// when the first save does not come.
+class WUsrView : public ListPage {
 public:
-    using WEmptyPage::WEmptyPage;
+    explicit WUsrView(Wt::WContainerWidget* parent = nullptr);
 
-    void readFromDatabase(bool /*forceDetails*/, bool /*forceList*/) {}
-    void discardChanges() {}
+    virtual void newUsrActionButtonClicked();
+    virtual void loginUsrActionButtonClicked();
+    virtual void logoutUsrActionButtonClicked();
+    virtual void deleteUsrActionButtonClicked();
+    virtual void usrListSelectionChangedHandler();
+    virtual void tabChangedHandler();
+    virtual void attribsSaveButtonClickedHandler();
+    virtual void attribsCancelButtonClickedHandler();
+    virtual void targetsSaveButtonClickedHandler();
+    virtual void targetsCancelButtonClickedHandler();
+    virtual void favsSaveButtonClickedHandler();
+    virtual void favsCancelButtonClickedHandler();
+
+    /// The user leaves the page and its unsaved edits.
+    virtual void discardChanges();
+    /// The session ends: what only it would have finished goes. Changes nothing on the page.
+    void dropProvisionalUser();
+
+    bool newUserPending() const { return mProvisional != 0; }
+    WUsrViewList* list() const { return mList; }
+    DetailsTabs* details() const { return mDetails; }
+    WNavAccordionStdCell* actionCell(UserAction action) const;
+
+protected:
+    void showSelection(bool forceDetails) override;
+
+private:
+    WUsrViewAttribs& attribs() const;
+    WUsrViewTargets& targets() const;
+    WUsrViewFavTargets& favs() const;
+    /// The selected users' names, for a question.
+    Wt::WString selectedNames() const;
+
+    WUsrViewList* mList;
+    DetailsTabs* mDetails;
+    unsigned mProvisional = 0; // record of a new account until it is saved; 0 = none
 };

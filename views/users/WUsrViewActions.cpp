@@ -1,0 +1,154 @@
+// What the actions of the page do.
+
+#include "db/Db.h"
+#include "db/ZeqExchange.h"
+#include "frame/ActionColumn.h"
+#include "frame/ActionResults.h"
+#include "frame/Confirm.h"
+#include "frame/DetailsTabs.h"
+#include "frame/WMsgBoxDbErr.h"
+#include "platform/client/EventLog.h"
+#include "platform/client/ZeqReq.h"
+#include "shell/Security.h"
+#include "shell/WForceLoginDialog.h"
+#include "shell/WallClock.h"
+#include "views/users/WUsrView.h"
+#include "views/users/list/WUsrViewList.h"
+#include "views/users/tabs/WUsrViewAttribs.h"
+
+#include <Wt/WTabWidget>
+
+#include <cstdio>
+#include <ctime>
+#include <fstream>
+
+namespace {
+
+constexpr Confirmation kConfirmLogout = {
+    .flag = "enableLogoutUserWarning",
+    .title = "[RSnnn]Confirm User Logout",
+    .message =
+        "[RSnnn]Are you sure you want to logout the selected user? This will immediately interrupt their current activities.",
+    .proceed = "[RSnnn]Logout user",
+    .messageOfMany =
+        "[RSnnn]Are you sure you want to logout the selected users? This will immediately interrupt their current activities.",
+    .proceedOfMany = "[RSnnn]Logout users"};
+
+constexpr Confirmation kConfirmDelete = {.flag = "enableDeleteUserWarning",
+                                         .title = "[RSnnn]Confirm User Delete",
+                                         .message =
+                                             "[RSnnn]Are you sure you want to delete the selected user?",
+                                         .proceed = "[RSnnn]Delete"};
+
+constexpr BoxRow kLoggedIn = {WMsgBox::Info, "[RSnnn]Login", {"[RSnnn]Close"}};
+constexpr BoxRow kNotLoggedIn = {WMsgBox::Error, "[RSnnn]Error", {"[RSnnn]Close"}};
+
+constexpr int kRoleUser = 1;
+constexpr std::size_t kNamesInQuestion = 10;
+
+/// Unique as long as no two are made in one second; then the service refuses the second one.
+std::string provisionalName() {
+    const std::time_t now = WallClock_now();
+    std::tm local{};
+    localtime_r(&now, &local);
+    char name[32];
+    std::strftime(name, sizeof name, "N%Y%m%d%H%M%S", &local);
+    return name;
+}
+
+/// 20 hexadecimal digits that nobody is told: the account is not open before its real password is saved. Empty without
+/// a source of randomness.
+std::string provisionalPassword() {
+    unsigned char bytes[10];
+    std::ifstream source("/dev/urandom", std::ios::binary);
+    if (!source.read(reinterpret_cast<char*>(bytes), sizeof bytes)) return "";
+    std::string password;
+    for (const unsigned char byte : bytes) {
+        char digits[3];
+        std::snprintf(digits, sizeof digits, "%02X", byte);
+        password += digits;
+    }
+    return password;
+}
+
+} // namespace
+
+void WUsrView::newUsrActionButtonClicked() {
+    const std::string name = provisionalName();
+    const std::string password = provisionalPassword();
+    ZeqExchange exchange(ZeqPtr(ZeqReq_userNewCreateReq()), __func__);
+    if (!exchange.ready()) return;
+    if (password.empty()) {
+        EventLog_write(1, 7, __func__, "No randomness for the password of a new user.");
+        return;
+    }
+    ZeqReq_userSetName(exchange.request(), name.c_str());
+    ZeqReq_userSetFullName(exchange.request(), "");
+    ZeqReq_userSetRole(exchange.request(), kRoleUser);
+    ZeqReq_userSetPassword(exchange.request(), password.c_str());
+    std::vector<std::string> errors;
+    if (exchange.send(errors) != 0) {
+        // Without the account there is nothing to edit but somebody else's.
+        WMsgBoxDbErr(WMsgBoxDbErr::Write, errors).exec();
+        readFromDatabase(true, false);
+        return;
+    }
+    readFromDatabase(true, true);
+    if (!mList->selectEntryByName(name, Wt::WAbstractItemView::PositionAtBottom)) return;
+    mProvisional = chosenRecords().front();
+    mDetails->tabWidget(0)->setCurrentIndex(0);
+    readFromDatabase(true, false);
+    attribs().beginNewUser();
+    contentChangedHandler();
+    attribs().enableButtons(false, true);
+}
+
+void WUsrView::loginUsrActionButtonClicked() {
+    if (selection().count() != 1) return;
+    const unsigned user = chosenRecords().front();
+    WForceLoginDialog dialog(user);
+    dialog.exec();
+    if (dialog.buttonClicked() != WForceLoginDialog::Login || dialog.rxSelected() == 0) return;
+    std::vector<std::string> errors;
+    if (Security_loginRxUser(user, dialog.rxSelected(), errors) == 0) {
+        showBox(kLoggedIn, tr("[RSnnn]User has been successfully logged in to receiver."));
+        readFromDatabase(true, false);
+        return;
+    }
+    Wt::WString text = tr("[RSnnn]Unable to log user in to receiver.");
+    for (const std::string& error : errors) text += Wt::WString::fromUTF8(" " + error);
+    showBox(kNotLoggedIn, text);
+}
+
+Wt::WString WUsrView::selectedNames() const {
+    const std::vector<unsigned> users = chosenRecords();
+    std::string names;
+    for (std::size_t i = 0; i < users.size() && i < kNamesInQuestion; ++i)
+        names += (i == 0 ? "" : ", ") + mList->nameOf(users[i]);
+    if (users.size() > kNamesInQuestion) names += ", ...";
+    return Wt::WString::fromUTF8(names);
+}
+
+void WUsrView::logoutUsrActionButtonClicked() {
+    const std::vector<unsigned> users = chosenRecords();
+    if (users.empty() || !confirm(kConfirmLogout, users.size(), selectedNames())) return;
+    ActionResults results;
+    for (const unsigned user : users)
+        results.run(mList->nameOf(user), [&](auto& errors) {
+            return static_cast<unsigned>(Security_logoutUserByUserIndex(user, errors));
+        });
+    if (results.failed() > 0) showFailures(results);
+    readFromDatabase(true, false);
+}
+
+void WUsrView::deleteUsrActionButtonClicked() {
+    const std::vector<unsigned> users = chosenRecords();
+    if (users.empty() || !confirm(kConfirmDelete, users.size(), selectedNames())) return;
+    ActionResults results;
+    for (const unsigned user : users)
+        results.run(mList->nameOf(user),
+                    [&](auto& errors) { return Db::db.deleteRecordByIndex("user", user, errors); });
+    if (results.failed() > 0) showFailures(results);
+    mList->table()->clearSelection();
+    readFromDatabase(true, false);
+}
