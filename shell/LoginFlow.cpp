@@ -7,6 +7,7 @@
 #include "shell/MirlApplication.h"
 #include "shell/Security.h"
 #include "shell/WBannerDialog.h"
+#include "shell/WEndingNotice.h"
 #include "shell/WInitAdminPasswordDialog.h"
 #include "shell/WLoginDialog.h"
 #include "widgets/WLineEditPlus.h"
@@ -178,4 +179,5 @@ void MirlApplication::deleteDialogs() {
     deleteOwned(mLockoutBox);
     deleteOwned(mForgotPasswordBox);
     deleteOwned(mDbErrorBox);
+    deleteOwned(mEndingNotice);
 }

@@ -5,6 +5,9 @@ import { test } from './harness.mjs';
 import { deviceRow, deviceRows, field, login, openMonitors, saveButton, showRow } from './pages.mjs';
 import { until } from './system.mjs';
 
+// A service that is stopped for a while is to be slow here, not gone (milliseconds).
+process.env.ZEQ_TIMEOUT_MS = '60000';
+
 const shared = sharedSystem();
 export const done = shared.done;
 

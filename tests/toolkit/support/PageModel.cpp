@@ -10,7 +10,14 @@ namespace toolkit_test {
 namespace json = boost::json;
 
 PageModel::~PageModel() {
+    clear();
+}
+
+void PageModel::clear() {
     for (auto& [id, element] : mElements) delete element;
+    mElements.clear();
+    mRoot = {};
+    mOthers.clear();
 }
 
 void PageModel::apply(const std::string& operations) {

@@ -30,7 +30,13 @@ public:
     /// Page operations other than those on elements, as they came.
     const std::vector<std::string>& others() const { return mOthers; }
 
+    PageModel() = default;
     ~PageModel();
+    PageModel(const PageModel&) = delete;
+    PageModel& operator=(const PageModel&) = delete;
+
+    /// As a page that is loaded anew.
+    void clear();
 
 private:
     void applyOne(const boost::json::array& operation);

@@ -21,7 +21,7 @@ public:
     void finish(std::string operations) override;
     void begin(std::uint64_t number) override {
         loaded = number;
-        page = PageModel();
+        page.clear();
     }
 
     PageModel page;

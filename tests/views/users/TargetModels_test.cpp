@@ -193,7 +193,7 @@ struct Naive {
 
 TEST_F(TargetModels, PermissionsAreWhatTheirDefinitionSaysThroughEveryEdit) {
     TxPermissions model;
-    for (int round = 0; round < 2000; ++round) {
+    for (int round = 0; round < 500; ++round) {
         if (round % 15 == 0) shuffleWorld();
         const Indexes selection = randomSelection();
         ASSERT_EQ(model.populate(selection), 0u);
@@ -253,7 +253,7 @@ TEST_F(TargetModels, FavoritesAreWhatTheirDefinitionSaysThroughEveryEdit) {
     TxFavorites model;
     int differing = 0;
     int full = 0;
-    for (int round = 0; round < 2000; ++round) {
+    for (int round = 0; round < 500; ++round) {
         if (round % 15 == 0) shuffleWorld();
         const Indexes selection = randomSelection();
         ASSERT_EQ(model.populate(selection), 0u);
