@@ -121,11 +121,10 @@ test('Cancel stops a push while the service is slow', async (t) => {
     system.kill('zeqd', 'SIGCONT');
   }
   await closed(page);
-  for (const [device, maker] of [['Historian', 'IVS'], ['Lightning Map', 'ZEQ']]) {
-    await pull(page, device, /successfully pulled/);
-    await press(page, 'Close');
-    await deviceRows(page).filter({ hasText: `from transmitter ${device}` }).filter({ hasText: maker }).waitFor();
-  }
+  // Cancel may come before the first Transmitter's turn; the second one's never comes.
+  await pull(page, 'Lightning Map', /successfully pulled/);
+  await press(page, 'Close');
+  await deviceRows(page).filter({ hasText: 'from transmitter Lightning Map' }).filter({ hasText: 'ZEQ' }).waitFor();
 });
 
 test('a double click pushes once and closes once', async (t) => {

@@ -68,6 +68,7 @@ TEST(Catalogue, KnowsEveryResourceAndKeyThatTheInterfaceNames) {
         R"re((?:read|write)(?:String|UInt32|EnableDisable)(?:Merge)?\(\s*"(\w+)(?:/[\w/]+)?"\s*,[^,;"]*,\s*"(\w+)")re");
     const std::regex resourceName(R"re((?:\.resource|\.rowResource)\s*=\s*"(\w+)[/\w]*")re");
     const std::regex rowKey(R"re(\.key\s*=\s*"(\w+)")re");
+    const std::string kPagesOwn = "change"; // whether a password is to be changed: stored nowhere
     std::size_t calls = 0;
     std::size_t keys = 0;
     for (const char* folder : {"db", "widgets", "frame", "views", "shell"}) {
@@ -91,7 +92,7 @@ TEST(Catalogue, KnowsEveryResourceAndKeyThatTheInterfaceNames) {
             if (named.empty()) continue;
             for (std::sregex_iterator match(text.begin(), text.end(), rowKey), end; match != end;
                  ++match, ++keys) {
-                bool known = false;
+                bool known = (*match)[1].str() == kPagesOwn;
                 for (const ResourceRow* row : named)
                     known = known || (row && anyLevelHas(row->keys, (*match)[1].str()));
                 // Rows may name a further resource of their own.
