@@ -18,7 +18,7 @@ struct MoverListLook {
     const char* header; // message key
     int width = 250;
     int height = 200;
-    int textWidth = 222; // of the column
+    int textWidth = 320; // of the column: what is listed is whole
     bool sorted = true;  // by text; else the items keep their order
 };
 

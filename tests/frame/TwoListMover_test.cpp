@@ -138,7 +138,7 @@ TEST(TwoListMover, MovesWhatIsSelected) {
     EXPECT_EQ(page.enabled(), "A.....");
     page.press(Move::Add);
     EXPECT_EQ(page.moves, 0) << "nothing selected";
-    EXPECT_EQ(page.mover->left()->columnWidth(1).toPixels(), 222);
+    EXPECT_EQ(page.mover->left()->columnWidth(1).toPixels(), 320);
 
     page.select(page.mover->left(), {4, 2});
     EXPECT_EQ(page.enabled(), "Aa....");

@@ -20,10 +20,8 @@ constexpr MoverButton kButtons[] = {
     {Move::RemoveAll, "[RSnnn](left arrow) Disable all"},
 };
 
-constexpr int kTextPx = 320; // the longest name is whole
-
 MoverList* newList(const char* header) {
-    return new MoverList({.header = header, .height = 155, .textWidth = kTextPx});
+    return new MoverList({.header = header, .height = 155});
 }
 
 } // namespace
