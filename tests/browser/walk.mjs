@@ -6,7 +6,7 @@ import { Approved, approving, takenDir } from './approved.mjs';
 import { login } from './pages.mjs';
 import { boxes, details, outside, pages } from './places.mjs';
 import { holdStill, stillOptions, widths } from './still.mjs';
-import { System, until } from './system.mjs';
+import { System } from './system.mjs';
 
 /** @typedef {import('./places.mjs').Place} Place */
 
@@ -29,9 +29,6 @@ async function walk(t, colorScheme, places, inside) {
   };
   const visit = async (page, place, where) => {
     await place.go(page, where);
-    // A divider says where it stands as soon as it has been measured.
-    const unmeasured = page.locator('[role="separator"]:visible:not([aria-valuenow])');
-    await until('every divider is measured', async () => (await unmeasured.count()) === 0);
     for (const line of approving ? [] : await violations(page)) wrong.push(`${place.name}: ${line}`);
     for (const [width, viewport] of Object.entries(widths)) {
       await page.setViewportSize(viewport);

@@ -20,6 +20,8 @@ export class Divider {
     element.addEventListener('keydown', event => this.key(event));
     /** @type {HTMLElement|null} the item whose size is watched, besides the divider's own */
     this.watched = null;
+    // A separator that can be moved must say where it stands at every moment: the middle until it has been measured.
+    if (!element.hasAttribute('aria-valuenow')) element.setAttribute('aria-valuenow', '50');
     this.watch = new ResizeObserver(() => this.report());
     this.watch.observe(element);
   }
