@@ -24,7 +24,9 @@ WNavAccordionStdCell* ActionColumn::addAction(const char* title, const char* but
     return cell;
 }
 
-void ActionColumn::enable(std::size_t action, bool enabled) {
+void ActionColumn::enable(std::size_t action, bool enabled, const char* why) {
+    if (!why) why = mActions[action].needs == Needs::OneRecord ? "page.needs.one" : "page.needs.records";
+    cell(action)->actionButton()->setToolTip(enabled ? Wt::WString() : tr(why));
     if (enabled)
         cell(action)->enableActionButton();
     else
@@ -51,6 +53,6 @@ void ActionColumn::enableFor(std::size_t selectedRecords) {
 
 void ActionColumn::disableForEdits() {
     for (std::size_t i = 0; i < mActions.size(); ++i) {
-        if (mActions[i].whileEditing == WhileEditing::Disabled) enable(i, false);
+        if (mActions[i].whileEditing == WhileEditing::Disabled) enable(i, false, "page.locked");
     }
 }

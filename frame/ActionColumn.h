@@ -50,7 +50,8 @@ public:
     }
 
     WNavAccordionStdCell* cell(std::size_t action) const { return mActions[action].cell; }
-    void enable(std::size_t action, bool enabled);
+    /// `why`: message key of what a disabled action needs, told by its tooltip; null = what its row says it needs.
+    void enable(std::size_t action, bool enabled, const char* why = nullptr);
 
     /// Enables or disables the actions whose needs tell it.
     void enableFor(std::size_t selectedRecords);

@@ -1,21 +1,7 @@
 #include "frame/ActionResults.h"
 
 #include "db/MirlUtil.h"
-
-namespace {
-
-constexpr std::size_t kMaxNames = 3;
-
-/// "a, b, c and 4 more"
-Wt::WString listed(const std::vector<std::string>& names) {
-    std::string text;
-    for (std::size_t i = 0; i < names.size() && i < kMaxNames; ++i) text += (i == 0 ? "" : ", ") + names[i];
-    const Wt::WString shown = Wt::WString::fromUTF8(text);
-    if (names.size() <= kMaxNames) return shown;
-    return Wt::WString::tr("result.and_more").arg(shown).arg(static_cast<int>(names.size() - kMaxNames));
-}
-
-} // namespace
+#include "frame/NamesText.h"
 
 bool ActionResults::run(const std::string& name, const Request& request) {
     std::vector<std::string> refusals; // of this one: Db logs all that it finds in the list
@@ -33,7 +19,7 @@ bool ActionResults::run(const std::string& name, const Request& request) {
 std::vector<std::string> ActionResults::failures() const {
     std::vector<std::string> lines = mRefusals;
     if (!mUnanswered.empty())
-        lines.push_back(Wt::WString::tr("result.no_answer").arg(listed(mUnanswered)).toUTF8());
+        lines.push_back(Wt::WString::tr("result.no_answer").arg(namesText(mUnanswered)).toUTF8());
     return lines;
 }
 

@@ -1,5 +1,6 @@
 #include "frame/DetailsTabs.h"
 
+#include "frame/Confirm.h"
 #include "frame/ObjListParts.h"
 #include "frame/Place.h"
 #include "frame/StatusTab.h"
@@ -41,8 +42,19 @@ WSettingsTab* DetailsTabs::addTab(int page, const char* title, Wt::WWidget* widg
     if (list) {
         settings->registerTableView(list->table());
         settings->registerFilterField(list->filterField());
+        settings->registerLockNote(list->lockNote());
     }
     return settings;
+}
+
+void DetailsTabs::askToCancel(WSettingsTab* tab) {
+    static constexpr Confirmation kDiscard = {.flag = nullptr,
+                                              .title = "[RSnnn]Warning",
+                                              .message = "page.discard.question",
+                                              .proceed = "[RSnnn]Discard changes",
+                                              .focusOnCancel = true};
+    if (tab->cancelButton()->isEnabled() && confirm(kDiscard))
+        tab->cancelButton()->clicked().emit(Wt::WMouseEvent());
 }
 
 void DetailsTabs::showPage(int page) {

@@ -5,6 +5,8 @@
 
 #include <Wt/WPushButton>
 
+#include <boost/bind/bind.hpp>
+
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -58,6 +60,7 @@ public:
             connect(tab->saveButton()->clicked(), view, row.save, [view, tab] { view->save(*tab); });
             connect(tab->cancelButton()->clicked(), view, row.cancel, [view, tab] { view->cancel(*tab); });
             connect(tab->contentChanged(), view, row.changed, [view] { view->contentChangedHandler(); });
+            tab->escapePressed().connect(boost::bind(&DetailsTabs::askToCancel, tab));
         }
     }
 
@@ -92,6 +95,8 @@ private:
         StatusTab* status;
     };
 
+    /// Escape throws edits away as Cancel does, but is pressed in haste: asks first.
+    static void askToCancel(WSettingsTab* tab);
     WSettingsTab* addTab(int page, const char* title, Wt::WWidget* widget, ObjListParts* list);
 
     template <class Signal, class View, class Otherwise>

@@ -11,6 +11,7 @@ void EditingPage::contentChangedHandler() {
     WSettingsTab* tab = mDetails->shownSettingsTab();
     if (!tab || (records == 0 && !editsSingletons())) return;
     tab->indicateChangedContent(true);
+    tab->say(Wt::WString());
     tab->enableButtons(records > 1 ? tab->isAnyValid() : tab->isAllValid(), true);
 }
 
@@ -35,13 +36,25 @@ bool EditingPage::save(WSettingsTab& tab, OnFailure onFailure) {
     // What was refused is no news for the change status: the tab is read all the same, and shows what is stored.
     readAgain(failed);
     afterSave();
+    if (!failed) saySaved(tab);
+    tab.keepFocus();
     return !failed;
+}
+
+void EditingPage::saySaved(WSettingsTab& tab) const {
+    const Wt::WString chosen = chosenInWords(); // with the name that was just saved
+    if (chosen.empty())
+        tab.say(tr("page.saved"));
+    else
+        tab.say(tr(chosenRecords().size() == 1 ? "page.saved.one" : "page.saved.many").arg(chosen));
 }
 
 void EditingPage::cancel(WSettingsTab& tab) {
     endEdits(tab);
     tab.readFromDatabase(false, chosenRecords(), true);
     readAgain(false);
+    tab.say(Wt::WString());
+    tab.keepFocus();
 }
 
 void EditingPage::endEdits(WSettingsTab& tab) {

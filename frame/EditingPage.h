@@ -34,6 +34,8 @@ protected:
 
     /// Records that a save writes. A page of singletons chooses none and edits all the same.
     virtual std::vector<unsigned> chosenRecords() const = 0;
+    /// The same in words: a name, or how many of what ("48 Receivers"). Empty where there is nothing to choose.
+    virtual Wt::WString chosenInWords() const { return Wt::WString(); }
     virtual bool editsSingletons() const { return false; }
     /// Reads the page when edits have ended. `force`: also the details, whatever the service says of news.
     virtual void readAgain(bool force) = 0;
@@ -42,6 +44,7 @@ protected:
 
 private:
     static void endEdits(WSettingsTab& tab);
+    void saySaved(WSettingsTab& tab) const;
 
     DetailsTabs* mDetails = nullptr;
 };

@@ -65,6 +65,19 @@ std::vector<unsigned> KeptSelection::indexes() const {
     return mList.table()->selectedZeqIndexes();
 }
 
+std::string KeptSelection::textOfFirst(int column) const {
+    const Wt::WModelIndexSet rows = mList.table()->selectedIndexes();
+    return rows.empty() ? "" : mList.table()->textAt(*rows.begin(), column);
+}
+
+std::vector<HitRecord> KeptSelection::hits(int nameColumn, int stateColumn) const {
+    std::vector<HitRecord> records;
+    for (const Wt::WModelIndex& row : mList.table()->selectedIndexes())
+        records.push_back({mList.table()->textAt(row, nameColumn),
+                           stateColumn > 0 ? mList.table()->textAt(row, stateColumn) : ""});
+    return records;
+}
+
 std::size_t KeptSelection::count() const {
     return mList.table()->selectedIndexes().size();
 }

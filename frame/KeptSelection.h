@@ -1,5 +1,7 @@
 #pragma once
 
+#include "frame/NamesText.h"
+
 #include <Wt/WSignal>
 
 #include <cstddef>
@@ -33,15 +35,19 @@ public:
     /// Scrolls to the selected row if it is the only one and out of view.
     void bringIntoView();
 
-    /// Record indexes in the selection's order.
     /// What is selected, as a part of the address: each record by what the list tells it by; "" for nothing. Of more
     /// records than an address takes it tells the number.
     std::string inAddress() const;
     /// Selects the records of such a part that the list shows, and tells of it. A number leaves the selection.
     void selectInAddress(std::string_view part);
 
+    /// Record indexes in the selection's order.
     std::vector<unsigned> indexes() const;
+    /// A cell of the first selected row, UTF-8; empty without one.
+    std::string textOfFirst(int column) const;
     std::size_t count() const;
+    /// The selected records in words, by these columns; state column 0 = none.
+    std::vector<HitRecord> hits(int nameColumn, int stateColumn) const;
 
 private:
     /// Does the job without telling of the selection.

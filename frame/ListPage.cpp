@@ -1,6 +1,7 @@
 #include "frame/ListPage.h"
 
 #include "frame/DetailsTabs.h"
+#include "frame/NamesText.h"
 #include "frame/Place.h"
 
 ListPage::ListPage(Wt::WContainerWidget* parent, std::initializer_list<InfoMgr_InfoID> watched)
@@ -17,6 +18,26 @@ void ListPage::readFromDatabase(bool forceDetails, bool forceList) {
         forceDetails = true;
     }
     showSelection(forceDetails);
+    showSubject();
+}
+
+Wt::WString ListPage::chosenInWords() const {
+    const std::size_t count = mSelection->count();
+    if (count != 1) return tr(countedKey()).arg(std::to_string(count));
+    return Wt::WString::fromUTF8(mSelection->textOfFirst(mWords.columns.front()));
+}
+
+Wt::WString ListPage::hit(int stateColumn) const {
+    return hitText(mSelection->hits(mWords.columns.front(), stateColumn), countedKey());
+}
+
+void ListPage::showSubject() {
+    Wt::WString subject;
+    if (mSelection->count() > 0) subject = chosenInWords();
+    if (mSelection->count() == 1)
+        for (std::size_t i = 1; i < mWords.columns.size(); ++i)
+            subject += Wt::WString::fromUTF8(" · " + mSelection->textOfFirst(mWords.columns[i]));
+    detailsTabs()->setSubject(subject);
 }
 
 std::string ListPage::placeInAddress() const {

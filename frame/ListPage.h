@@ -18,11 +18,24 @@ public:
     void goTo(std::string_view place) override;
 
 protected:
+    /// How records are told in words.
+    struct RecordWords {
+        const char* counted; // message key of several: "{1} Receivers"
+        std::vector<int> columns{
+            1}; // of the list: the name, then what stands behind it in the heading of the details
+    };
+
     /// `watched`: kinds of data that the list shows; none: the list is rebuilt at every refresh.
     ListPage(Wt::WContainerWidget* parent, std::initializer_list<InfoMgr_InfoID> watched);
 
     /// Before the first refresh. `rebuild` fills the list anew, `selectionChanged` follows the user's selections.
     void setList(ObjListParts& list, KeptSelection::Job rebuild, KeptSelection::Job selectionChanged);
+    /// Otherwise records are told by column 1, and by their number alone.
+    void setWords(RecordWords words) { mWords = std::move(words); }
+    /// For words that depend on what is selected.
+    virtual const char* countedKey() const { return mWords.counted; }
+    /// Whom an action on the selected records reaches, for the question before it. `stateColumn`: of the list, 0 = none.
+    Wt::WString hit(int stateColumn = 0) const;
     KeptSelection& selection() { return *mSelection; }
     const KeptSelection& selection() const { return *mSelection; }
 
@@ -32,6 +45,7 @@ protected:
     virtual bool listIsDue() const { return false; }
 
     std::vector<unsigned> chosenRecords() const override { return mSelection->indexes(); }
+    Wt::WString chosenInWords() const override;
     void readAgain(bool force) override { readFromDatabase(force, false); }
     /// The browser tells of a scrolled list only when it needs rows: whether the edited row is in view is not known
     /// here for certain. It is brought there.
@@ -39,6 +53,9 @@ protected:
     void refresh() override;
 
 private:
+    void showSubject();
+
     WatchedKinds mWatched;
+    RecordWords mWords{"page.count.records"};
     std::optional<KeptSelection> mSelection;
 };

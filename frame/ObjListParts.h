@@ -6,6 +6,9 @@
 
 #include <string>
 
+namespace Wt {
+class WText;
+}
 class WLineEditPlus;
 
 /// What every list panel holds: the table of records, by its columns as rows of data, and perhaps a filter
@@ -21,6 +24,8 @@ public:
     Wt::WStandardItemModel* model() const { return mModel; }
     WNumericSortFilterProxyModel* proxy() const { return mProxy; }
     WLineEditPlus* filterField() const { return mFilterField; }
+    /// Says why the list is locked while it is; null in a list that never is.
+    Wt::WText* lockNote() const { return mLockNote; }
 
 protected:
     ObjListParts(int columns, bool withFilter);
@@ -48,6 +53,7 @@ protected:
     WNumericSortFilterProxyModel* mProxy;
     Wt::WStandardItemModel* mModel;
     WLineEditPlus* mFilterField = nullptr;
+    Wt::WText* mLockNote = nullptr; // owned by the panel
 
 private:
     Wt::WString mEmptyText;

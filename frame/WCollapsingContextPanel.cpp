@@ -28,6 +28,10 @@ WCollapsingContextPanelTitleBar::WCollapsingContextPanelTitleBar(const Wt::WStri
     table->elementAt(0, 0)->setContentAlignment(Wt::AlignMiddle);
     table->elementAt(0, 1)->setContentAlignment(Wt::AlignMiddle);
     new Wt::WText(title, Wt::PlainText, table->elementAt(0, 1));
+    mSubject = new Wt::WText(table->elementAt(0, 2));
+    mSubject->setTextFormat(Wt::PlainText);
+    mSubject->setStyleClass("mirl-panel-subject");
+    table->elementAt(0, 2)->setContentAlignment(Wt::AlignMiddle);
 
     setTabIndex(0);
     setAttributeValue("role", "button");
@@ -37,6 +41,10 @@ WCollapsingContextPanelTitleBar::WCollapsingContextPanelTitleBar(const Wt::WStri
 void WCollapsingContextPanelTitleBar::stateButtonSet(unsigned int state) {
     mStateButton->setState(static_cast<int>(state));
     setAttributeValue("aria-expanded", state == 0 ? "true" : "false");
+}
+
+void WCollapsingContextPanelTitleBar::subjectSet(const Wt::WString& subject) {
+    mSubject->setText(subject);
 }
 
 WCollapsingContextPanel::WCollapsingContextPanel(const Wt::WString& title, HeightType heightType, int height,

@@ -8,7 +8,8 @@
 
 namespace Wt {
 class WIconPair;
-}
+class WText;
+} // namespace Wt
 
 /// Title bar with the sign that tells whether the panel is folded. Reached by the keyboard too.
 class WCollapsingContextPanelTitleBar : public Wt::WContainerWidget {
@@ -18,9 +19,12 @@ public:
 
     /// 0 expanded, 1 collapsed.
     virtual void stateButtonSet(unsigned int state);
+    /// What the panel shows at the moment, behind its title; empty: nothing in particular.
+    void subjectSet(const Wt::WString& subject);
 
 private:
     Wt::WIconPair* mStateButton;
+    Wt::WText* mSubject;
 };
 
 /// A titled panel that folds to its title bar: by a click on it, or, if resizable, when a divider makes it
@@ -37,6 +41,7 @@ public:
     /// the last height of at least 90 pixels.
     void titleButtonClicked();
 
+    void setSubject(const Wt::WString& subject) { mTitleBar->subjectSet(subject); }
     bool isCollapsed() const { return mCollapsed; }
 
     /// The panel folded (true) or unfolded, whatever made it.

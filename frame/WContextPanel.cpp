@@ -9,9 +9,9 @@ WContextPanelTitleBar::WContextPanelTitleBar(const Wt::WString& title, Wt::WCont
     : Wt::WContainerWidget(parent) {
     setStyleClass("mirl-context-panel-title");
     setHeight(Wt::WLength(kTitleBarHeight));
-    auto* table = new Wt::WTable(this);
-    table->setHeight(Wt::WLength(kTitleBarHeight));
-    Wt::WTableCell* cell = table->elementAt(0, 0);
+    mTable = new Wt::WTable(this);
+    mTable->setHeight(Wt::WLength(kTitleBarHeight));
+    Wt::WTableCell* cell = mTable->elementAt(0, 0);
     cell->setPadding(Wt::WLength(4), Wt::Left);
     cell->setContentAlignment(Wt::AlignMiddle);
     auto* text = new Wt::WText(title, Wt::PlainText, cell);
@@ -19,13 +19,19 @@ WContextPanelTitleBar::WContextPanelTitleBar(const Wt::WString& title, Wt::WCont
     text->setAttributeValue("aria-level", "2");
 }
 
+void WContextPanelTitleBar::addNote(Wt::WWidget* note) {
+    Wt::WTableCell* cell = mTable->elementAt(0, 1);
+    cell->setContentAlignment(Wt::AlignMiddle);
+    cell->addWidget(note);
+}
+
 WContextPanel::WContextPanel(const Wt::WString& title, Wt::WContainerWidget* parent)
-    : Wt::WContainerWidget(parent) {
+    : Wt::WContainerWidget(parent), mTitleBar(new WContextPanelTitleBar(title)) {
     auto* layout = new Wt::WVBoxLayout;
     layout->setContentsMargins(0, 0, 0, 0);
     setLayoutSizeAware(true);
     setLayout(layout);
-    layout->addWidget(new WContextPanelTitleBar(title));
+    layout->addWidget(mTitleBar);
     setStyleClass("mirl-context-panel");
 }
 

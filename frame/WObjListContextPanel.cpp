@@ -4,6 +4,7 @@
 #include "widgets/WLineEditPlus.h"
 
 #include <Wt/WStandardItemModel>
+#include <Wt/WText>
 
 WObjListContextPanel::WObjListContextPanel(const Wt::WString& title, int columns,
                                            Wt::WContainerWidget* parent)
@@ -12,6 +13,11 @@ WObjListContextPanel::WObjListContextPanel(const Wt::WString& title, int columns
 WObjListContextPanel::WObjListContextPanel(const Wt::WString& title, int columns, bool withFilter,
                                            Wt::WContainerWidget* parent)
     : WContextPanel(title, parent), ObjListParts(columns, withFilter) {
+    mLockNote = new Wt::WText;
+    mLockNote->setTextFormat(Wt::PlainText);
+    mLockNote->setStyleClass("mirl-lock-note");
+    mLockNote->setAttributeValue("role", "status");
+    titleBar()->addNote(mLockNote);
     if (withFilter) {
         // The same words in every list, whatever its records are.
         setContent(makeFilterRow(tr("mirl.devices.filter.label"), tr("tt.dev.list.filter")), 0,

@@ -4,6 +4,8 @@
 #include <Wt/WTextArea>
 #include <Wt/WTimer>
 
+#include <type_traits>
+
 namespace {
 
 constexpr unsigned kChangeInterval = 500; // milliseconds
@@ -15,6 +17,9 @@ TextPlus<Text>::TextPlus(Wt::WContainerWidget* parent) : Text(parent), mChangeTi
     timerIntervalSet(kChangeInterval);
     this->focussed().connect(this, &TextPlus::focusGained);
     this->blurred().connect(this, &TextPlus::focusLost);
+    // In one line Enter ends the typing: whoever acts on it finds the edit reported.
+    if constexpr (std::is_same_v<Text, Wt::WLineEdit>)
+        this->enterPressed().connect(this, &TextPlus::lookForChange);
     mChangeTimer->timeout().connect(this, &TextPlus::lookForChange);
 }
 

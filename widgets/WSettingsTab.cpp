@@ -5,6 +5,7 @@
 
 #include <Wt/WHBoxLayout>
 #include <Wt/WPushButton>
+#include <Wt/WText>
 #include <Wt/WVBoxLayout>
 
 #include <algorithm>
@@ -19,11 +20,14 @@ WSettingsTab::WSettingsTab(Wt::WContainerWidget* parent, ChangeTracker::Subsecti
                            std::initializer_list<InfoMgr_InfoID> watched)
     : WSettingsTabBase(parent, id), mWatched(watched), mVBoxLayout(new Wt::WVBoxLayout),
       mHBoxLayout(new Wt::WHBoxLayout), mCancelButton(new Wt::WPushButton(tr("[RSnnn]Cancel"))),
-      mSaveButton(new Wt::WPushButton(tr("[RSnnn]Save"))) {
+      mSaveButton(new Wt::WPushButton(tr("[RSnnn]Save"))), mSentence(new Wt::WText) {
     enableButtons(false, false);
+    mSentence->setTextFormat(Wt::PlainText);
+    mSentence->setStyleClass("mirl-tab-sentence");
+    mSentence->setAttributeValue("role", "status"); // read out when it changes, without a move of the focus
     mHBoxLayout->addWidget(mCancelButton);
     mHBoxLayout->addWidget(mSaveButton);
-    mHBoxLayout->addStretch(1);
+    mHBoxLayout->addWidget(mSentence, 1, Wt::AlignMiddle);
     mVBoxLayout->setSpacing(kSpacing);
 }
 
@@ -33,10 +37,23 @@ void WSettingsTab::setTables(std::initializer_list<WSettingsTable*> tables) {
     for (WSettingsTable* table : tables) {
         sideBySide->addWidget(table, 0, Wt::AlignTop);
         table->contentChanged().connect(mContentChangedSignal);
+        table->enterPressed().connect(this, &WSettingsTab::enterHandler);
     }
     sideBySide->addStretch(1);
     mTables = tables;
     setContent(sideBySide);
+}
+
+void WSettingsTab::enterHandler() {
+    if (mSaveButton->isEnabled()) mSaveButton->clicked().emit(Wt::WMouseEvent());
+}
+
+void WSettingsTab::say(const Wt::WString& sentence) {
+    mSentence->setText(sentence);
+}
+
+void WSettingsTab::keepFocus() {
+    if (!anyWidgetHasFocus()) focusLabel();
 }
 
 void WSettingsTab::addBelowTables(Wt::WWidget* widget) {
@@ -52,6 +69,7 @@ void WSettingsTab::setContent(Wt::WLayout* content) {
 
 void WSettingsTab::readFromDatabase(bool ignoreChangeStatus, const std::vector<unsigned>& indexes,
                                     bool force) {
+    if (indexes != mShown) say(Wt::WString());
     if (anyWidgetHasFocus()) {
         for (WSettingsTable* table : mTables) table->keepMarksOf(indexes);
         return;

@@ -11,6 +11,7 @@ namespace Wt {
 class WHBoxLayout;
 class WLayout;
 class WPushButton;
+class WText;
 class WVBoxLayout;
 } // namespace Wt
 
@@ -39,6 +40,13 @@ public:
     Wt::WPushButton* saveButton() const { return mSaveButton; }
     Wt::WPushButton* cancelButton() const { return mCancelButton; }
 
+    /// A sentence beside the buttons that screen readers read out, until the next edit, other records or another
+    /// sentence. Empty: none.
+    void say(const Wt::WString& sentence);
+    /// The focus goes to the tab's label, unless a field has it: a button that is disabled while it has the focus loses
+    /// it. Not to a field, which is not refreshed as long as it has the focus.
+    void keepFocus();
+
     /// The user changed a field of a table.
     Wt::Signal<>& contentChanged() { return mContentChangedSignal; }
 
@@ -53,6 +61,9 @@ protected:
     virtual void readTables(const std::vector<unsigned>& indexes, bool force);
 
 private:
+    /// Enter saves when Save would.
+    void enterHandler();
+
     WatchedKinds mWatched;
     std::vector<unsigned> mShown; // indexes read last
     bool mReadFailed = false;
@@ -61,5 +72,6 @@ private:
     Wt::WHBoxLayout* mHBoxLayout;
     Wt::WPushButton* mCancelButton;
     Wt::WPushButton* mSaveButton;
+    Wt::WText* mSentence;
     Wt::Signal<> mContentChangedSignal;
 };

@@ -6,6 +6,7 @@
 #include <Wt/WFormWidget>
 #include <Wt/WMenuItem>
 #include <Wt/WTableView>
+#include <Wt/WText>
 
 namespace {
 
@@ -29,10 +30,17 @@ void WSettingsTabBase::indicateChangedContent(bool changed) {
 }
 
 void WSettingsTabBase::lockList(bool locked) {
+    const Wt::WString why = locked ? tr("page.locked") : Wt::WString();
     if (mFilterField) mFilterField->setDisabled(locked);
+    if (mLockNote) mLockNote->setText(why);
     if (!mTableView) return;
+    mTableView->setToolTip(why);
     mTableView->setDisabled(locked);
     mTableView->toggleStyleClass(kLockedListStyle, locked);
+}
+
+void WSettingsTabBase::focusLabel() {
+    if (mDetailsMenuItem) mDetailsMenuItem->setFocus(true);
 }
 
 void WSettingsTabBase::changed(Wt::WMenuItem* item, bool changed) {

@@ -11,6 +11,7 @@ namespace Wt {
 class WFormWidget;
 class WMenuItem;
 class WTableView;
+class WText;
 } // namespace Wt
 
 /// Base of every tab of settings: carries the mark of unsaved edits to the tab's label, the main tab and the
@@ -25,6 +26,8 @@ public:
     void registerDetailsMenuItem(Wt::WMenuItem* item) { mDetailsMenuItem = item; }
     void registerTableView(Wt::WTableView* tableView) { mTableView = tableView; }
     void registerFilterField(Wt::WFormWidget* field) { mFilterField = field; }
+    /// Says why the list is locked while it is.
+    void registerLockNote(Wt::WText* note) { mLockNote = note; }
 
     /// Outside a session only the flag is kept.
     void indicateChangedContent(bool changed);
@@ -37,6 +40,9 @@ public:
     virtual unsigned writeToDatabase(const std::vector<unsigned>& indexes,
                                      std::vector<std::string>& errors) = 0;
 
+protected:
+    void focusLabel();
+
 private:
     void lockList(bool locked);
 
@@ -44,5 +50,6 @@ private:
     ChangeTracker::SubsectionId mSubsectionId;
     Wt::WTableView* mTableView = nullptr;
     Wt::WFormWidget* mFilterField = nullptr;
+    Wt::WText* mLockNote = nullptr;
     bool mChangedContent = false;
 };

@@ -92,12 +92,18 @@ void WSettingsTable::addField(const SettingsRow& row, std::size_t column, int pl
         if (row.differs && made.lookup) made.lookup->setDiffersText(Wt::WString::fromUTF8(row.differs));
         setName(made, label);
         limit(row, made);
-        if (made.bound)
-            made.bound->contentChanged().connect(this, &WSettingsTable::contentChangedHandler);
-        else if (made.form)
-            made.form->changed().connect(this, &WSettingsTable::contentChangedHandler);
+        listen(made);
     }
     mFields.push_back(std::move(field));
+}
+
+void WSettingsTable::listen(const SettingsField& made) {
+    if (made.bound)
+        made.bound->contentChanged().connect(this, &WSettingsTable::contentChangedHandler);
+    else if (made.form)
+        made.form->changed().connect(this, &WSettingsTable::contentChangedHandler);
+    if (auto* line = dynamic_cast<Wt::WLineEdit*>(made.form))
+        line->enterPressed().connect(this, &WSettingsTable::enterHandler);
 }
 
 void WSettingsTable::limit(const SettingsRow& row, SettingsField& made) {

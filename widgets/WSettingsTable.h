@@ -60,6 +60,8 @@ public:
     void followChoices() { followChoices(false); }
 
     Wt::Signal<>& contentChanged() { return mContentChangedSignal; }
+    /// Enter in a field of one line, behind the report of what was typed there.
+    Wt::Signal<>& enterPressed() { return mEnterPressedSignal; }
 
 protected:
     /// The records that the rows of a group show, when these are chosen.
@@ -93,6 +95,8 @@ private:
     void addRow(const SettingsRow& row);
     void addField(const SettingsRow& row, std::size_t column, int place, const Wt::WText* label);
     void limit(const SettingsRow& row, SettingsField& made);
+    void listen(const SettingsField& made);
+    void enterHandler() { mEnterPressedSignal.emit(); }
 
     // SettingsReading.cpp, SettingsWriting.cpp
     std::vector<Share> shares() const;
@@ -119,5 +123,6 @@ private:
     std::vector<Field> mFields; // owned by their cells; row by row
     Indexes mShown;             // read last
     Wt::Signal<> mContentChangedSignal;
+    Wt::Signal<> mEnterPressedSignal;
     bool mTableChanged = false;
 };

@@ -95,6 +95,7 @@ public:
     void userSelected() { ++userSelections; }
     using EditingPage::save;
     using ListPage::selection;
+    void words(RecordWords words) { setWords(std::move(words)); }
 
     Things* list = new Things;
     DetailsTabs* details = new DetailsTabs("details", WCollapsingContextPanel::FixedHeight, 200, 1);
@@ -137,6 +138,10 @@ protected:
         for (const unsigned kind : {6u, 7u}) store.put("changeStatus", kind, R"("lastChange":1)");
         session.environment().dialogExecuted().connect(
             boost::function<void(Wt::WDialog*)>([this](Wt::WDialog* dialog) {
+                if (Wt::WPushButton* button = buttonIn(dialog, "Discard changes")) {
+                    questions.push_back(textIn(dialog));
+                    return discard ? click(button) : dialog->reject();
+                }
                 told.push_back(textIn(dialog));
                 dialog->accept();
             }));
@@ -162,6 +167,8 @@ protected:
     Page& view = *new Page(page());
     NameTab& tab = static_cast<NameTab&>(*view.details->settingsTab(0));
     std::vector<std::string> told;
+    std::vector<std::string> questions; // whether edits are to be thrown away
+    bool discard = false;
 };
 
 TEST_F(Pages, ActionsFollowTheirNeedsAndWaitForEdits) {
@@ -307,6 +314,85 @@ TEST_F(Pages, AnEditIsMarkedAndLocksTheList) {
         EXPECT_EQ(session.app().parentSectionChanged(ChangeTracker::SUBSECTION_RX_ATTRIBS), edited);
     }
     EXPECT_EQ(stored(1), "\"A\"") << "thrown away, not saved";
+}
+
+TEST_F(Pages, ALockedListAndWhatIsDisabledSayWhy) {
+    const auto why = [this](std::size_t action) {
+        return view.actions()->cell(action)->actionButton()->toolTip().toUTF8();
+    };
+    const std::string first = "Save or cancel first";
+    select({});
+    EXPECT_EQ(why(0) + why(3), "") << "enabled";
+    EXPECT_EQ(why(1), "Select at least one row of the list first");
+    EXPECT_EQ(why(2), "Select one row of the list first");
+    select({1});
+    EXPECT_EQ(why(1) + why(2), "");
+    for (const bool edited : {true, false}) {
+        if (edited)
+            type(name(), "B");
+        else
+            click(tab.cancelButton());
+        EXPECT_EQ(why(0), edited ? first : "");
+        EXPECT_EQ(why(3), "") << "left alone";
+        EXPECT_EQ(view.list->lockNote()->text().toUTF8(), edited ? first : "");
+        EXPECT_EQ(view.list->table()->toolTip().toUTF8(), edited ? first : "");
+    }
+}
+
+TEST_F(Pages, TheDetailsSayWhomTheyShowAndASaveWhomItReached) {
+    const auto says = [](Wt::WWidget* widget, const char* text) {
+        return ("\n" + textIn(widget)).find(std::string("\n") + text + "\n") != std::string::npos;
+    };
+    select({2});
+    EXPECT_TRUE(says(view.details, "thing 2"));
+    view.words({"page.count.records", {1, 1}});
+    select({3});
+    EXPECT_TRUE(says(view.details, "thing 3 · thing 3")) << textIn(view.details);
+    type(name(), "N");
+    EXPECT_TRUE(view.save(tab));
+    EXPECT_TRUE(says(&tab, "Saved: thing 3")) << textIn(&tab);
+    type(name(), "O");
+    EXPECT_FALSE(says(&tab, "Saved: thing 3")) << "there is something to save again";
+    click(tab.saveButton());
+    select({1, 2});
+    EXPECT_TRUE(says(view.details, "2 selected"));
+    EXPECT_FALSE(says(&tab, "Saved: thing 3")) << "it was about another record";
+    type(name(), "P");
+    click(tab.saveButton());
+    EXPECT_TRUE(says(&tab, "Saved for 2 selected"));
+    type(name(), "Q");
+    click(tab.cancelButton());
+    EXPECT_FALSE(says(&tab, "Saved for 2 selected"));
+    select({1, 5}); // 5 is refused
+    type(name(), "R");
+    click(tab.saveButton());
+    EXPECT_FALSE(says(&tab, "Saved for 2 selected"));
+    select({});
+    EXPECT_FALSE(says(view.details, "2 selected"));
+}
+
+TEST_F(Pages, EnterSavesWhatSaveWouldAndEscapeAsksBeforeEditsGo) {
+    select({1});
+    typeOnly(name(), "b"); // not valid
+    name().enterPressed().emit();
+    EXPECT_TRUE(tab.hasChanged());
+    typeOnly(name(), "K"); // not reported yet
+    name().enterPressed().emit();
+    EXPECT_EQ(stored(1), "\"K\"");
+    EXPECT_FALSE(tab.hasChanged());
+    name().enterPressed().emit();
+    EXPECT_TRUE(questions.empty());
+
+    tab.escapePressed().emit();
+    EXPECT_TRUE(questions.empty()) << "there is nothing to lose";
+    for (const bool discards : {false, true}) {
+        discard = discards;
+        type(name(), "L");
+        tab.escapePressed().emit();
+        EXPECT_EQ(questions.size(), discards ? 2u : 1u);
+        EXPECT_EQ(tab.hasChanged(), !discards);
+    }
+    EXPECT_EQ(name().text(), "K");
 }
 
 TEST_F(Pages, HandlersOfATabsOwn) {

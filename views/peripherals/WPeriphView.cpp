@@ -47,7 +47,8 @@ constexpr Confirmation kConfirmDelete = {
     .title = "[RSnnn]Confirm Delete",
     .message = "[RSnnn]Are you sure you want to delete the selected item?",
     .proceed = "[RSnnn]Delete",
-    .messageOfMany = "[RSnnn]Are you sure you want to delete the selected items?"};
+    .messageOfMany = "[RSnnn]Are you sure you want to delete the selected items?",
+    .focusOnCancel = true};
 
 } // namespace
 
@@ -62,6 +63,7 @@ WPeriphView::WPeriphView(Wt::WContainerWidget* parent)
     place(actions, {{mList, kListHeight, kListMinHeight}, {.widget = mDetails, .stretch = 1}});
     giveRoomWhenFolded(*mDetails, *mList);
     setDetails(mDetails);
+    setWords({"periph.count"});
     setList(
         *mList, [this] { mList->readFromDatabase(); }, [this] { monListSelectionChangedHandler(); });
 }
@@ -109,7 +111,7 @@ void WPeriphView::monCancelButtonClickedHandler() {
 }
 
 void WPeriphView::deleteMonsActionButtonClickedHandler() {
-    if (mList->numSelected() == 0 || !confirm(kConfirmDelete, selection().count())) return;
+    if (mList->numSelected() == 0 || !confirm(kConfirmDelete, selection().count(), hit())) return;
     ActionResults results;
     mList->selectedMonsDelete(results);
     monListSelectionChangedHandler();

@@ -70,6 +70,7 @@ WUsrView::WUsrView(Wt::WContainerWidget* parent)
     place(actions, {{mList, kListHeight, kListMinHeight}, {.widget = mDetails, .stretch = 1}});
     giveRoomWhenFolded(*mDetails, *mList);
     setDetails(mDetails);
+    setWords({"users.count", {WUsrViewList::Name, WUsrViewList::FullName}});
     setList(
         *mList, [this] { mList->readFromDatabase(); }, [this] { usrListSelectionChangedHandler(); });
 }

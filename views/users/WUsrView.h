@@ -46,8 +46,6 @@ private:
     WUsrViewAttribs& attribs() const;
     WUsrViewTargets& targets() const;
     WUsrViewFavTargets& favs() const;
-    /// The selected users' names, for a question.
-    Wt::WString selectedNames() const;
 
     WUsrViewList* mList;
     DetailsTabs* mDetails;

@@ -38,13 +38,13 @@ constexpr Confirmation kConfirmDelete = {.flag = "enableDeleteUserWarning",
                                          .title = "[RSnnn]Confirm User Delete",
                                          .message =
                                              "[RSnnn]Are you sure you want to delete the selected user?",
-                                         .proceed = "[RSnnn]Delete"};
+                                         .proceed = "[RSnnn]Delete",
+                                         .focusOnCancel = true};
 
 constexpr BoxRow kLoggedIn = {WMsgBox::Info, "[RSnnn]Login", {"[RSnnn]Close"}};
 constexpr BoxRow kNotLoggedIn = {WMsgBox::Error, "[RSnnn]Error", {"[RSnnn]Close"}};
 
 constexpr int kRoleUser = 1;
-constexpr std::size_t kNamesInQuestion = 10;
 
 /// Unique as long as no two are made in one second; then the service refuses the second one.
 std::string provisionalName() {
@@ -120,18 +120,9 @@ void WUsrView::loginUsrActionButtonClicked() {
     showBox(kNotLoggedIn, text);
 }
 
-Wt::WString WUsrView::selectedNames() const {
-    const std::vector<unsigned> users = chosenRecords();
-    std::string names;
-    for (std::size_t i = 0; i < users.size() && i < kNamesInQuestion; ++i)
-        names += (i == 0 ? "" : ", ") + mList->nameOf(users[i]);
-    if (users.size() > kNamesInQuestion) names += ", ...";
-    return Wt::WString::fromUTF8(names);
-}
-
 void WUsrView::logoutUsrActionButtonClicked() {
     const std::vector<unsigned> users = chosenRecords();
-    if (users.empty() || !confirm(kConfirmLogout, users.size(), selectedNames())) return;
+    if (users.empty() || !confirm(kConfirmLogout, users.size(), hit(WUsrViewList::Status))) return;
     ActionResults results;
     for (const unsigned user : users)
         results.run(mList->nameOf(user), [&](auto& errors) {
@@ -143,7 +134,7 @@ void WUsrView::logoutUsrActionButtonClicked() {
 
 void WUsrView::deleteUsrActionButtonClicked() {
     const std::vector<unsigned> users = chosenRecords();
-    if (users.empty() || !confirm(kConfirmDelete, users.size(), selectedNames())) return;
+    if (users.empty() || !confirm(kConfirmDelete, users.size(), hit(WUsrViewList::Status))) return;
     ActionResults results;
     for (const unsigned user : users)
         results.run(mList->nameOf(user),

@@ -79,6 +79,17 @@ std::vector<SelectedDevice> WDevViewList::shownDevices() const {
     return devices;
 }
 
+std::vector<HitRecord> WDevViewList::shownOffline() const {
+    const std::string offline = tr("[RSnnn]Offline").toUTF8(); // what more a status says stands behind it
+    std::vector<HitRecord> devices;
+    for (int row = 0; row < mProxy->rowCount(); ++row) {
+        const Wt::WModelIndex index = mProxy->index(row, 0);
+        if (mTable->textAt(index, Status).starts_with(offline))
+            devices.push_back({mTable->textAt(index, Name), ""});
+    }
+    return devices;
+}
+
 namespace {
 
 bool isOfType(void* list, const Wt::WModelIndex& index, Info_DeviceType type) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "frame/NamesText.h"
 #include "frame/WAutoSizeTableView.h"
 #include "frame/WObjListContextPanel.h"
 #include "views/devices/list/SelectedDevice.h"
@@ -48,6 +49,8 @@ public:
     /// The selected rows in the selection's order; the rows that the filter lets show, from the top.
     std::vector<SelectedDevice> selectedDevices() const;
     std::vector<SelectedDevice> shownDevices() const;
+    /// Those of the shown rows whose status reads offline, in words.
+    std::vector<HitRecord> shownOffline() const;
 
     /// Kind of a row of the proxy, null for a Type text that is no device's.
     const DeviceKind* kindOf(const Wt::WModelIndex& index) const;

@@ -54,11 +54,28 @@ WDevView::WDevView(Wt::WContainerWidget* parent)
     setDetails(mDetails);
     setList(
         *mList, [this] { mList->readFromDatabase(); }, [this] { devListSelectionChangedHandler(); });
+    setWords({nullptr, {WDevViewList::Name, WDevViewList::Type, WDevViewList::Eid}});
     selection().setRemember([this] { return rememberSelectionByKind(); });
 }
 
 WNavAccordionStdCell* WDevView::actionCell(DeviceAction action) const {
     return actions()->cell(static_cast<std::size_t>(action));
+}
+
+const char* WDevView::countedKey() const {
+    Info_DeviceType type{};
+    Info_DetailedDeviceType detail{};
+    mList->devTypeSelected(type, detail);
+    switch (type) {
+    case Info_DeviceType::Receiver:
+        return "devices.count.rx";
+    case Info_DeviceType::Transmitter:
+        return "devices.count.tx";
+    case Info_DeviceType::Switch:
+        return "devices.count.swx";
+    default:
+        return "devices.count";
+    }
 }
 
 void WDevView::devListSelectionChangedHandler() {
@@ -90,7 +107,8 @@ void WDevView::showSelection(bool forceDetails) {
     mList->devTypeSelected(selected.type, selected.detail);
     const DeviceSelectionRule& rule = ruleOf(selected);
     for (int i = 0; i < kDeviceActionCount; ++i)
-        actions()->enable(static_cast<std::size_t>(i), enables(rule, DeviceAction(i)));
+        actions()->enable(static_cast<std::size_t>(i), enables(rule, DeviceAction(i)),
+                          selected.any ? "devices.needs.other" : nullptr);
 
     mDetails->selectTab(rule.page);
     if (rule.page == DevDetailsPage::Empty) return;

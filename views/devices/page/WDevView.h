@@ -67,6 +67,7 @@ public:
 protected:
     void showSelection(bool forceDetails) override;
     bool listIsDue() const override;
+    const char* countedKey() const override;
 
 private:
     void saveTab(DevTab tab);

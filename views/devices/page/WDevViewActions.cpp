@@ -29,13 +29,15 @@ constexpr Confirmation kConfirmRemove = {.flag = "enableRemoveDevicesWarning",
                                          .title = "[RSnnn]Confirm Remove",
                                          .message =
                                              "[RSnnn]Are you sure you want to remove the selected device(s)?",
-                                         .proceed = "[RSnnn]Remove"};
+                                         .proceed = "[RSnnn]Remove",
+                                         .focusOnCancel = true};
 
 constexpr Confirmation kConfirmRemoveOffline = {
     .flag = "enableRemoveOfflineDevicesWarning",
     .title = "[RSnnn]Confirm Remove",
     .message = "[RSnnn]Are you sure you want to remove all offline device(s)?",
-    .proceed = "[RSnnn]Remove"};
+    .proceed = "[RSnnn]Remove",
+    .focusOnCancel = true};
 
 constexpr BoxRow kConfirmRebootSelf = {
     WMsgBox::Warning, "[RSnnn]Confirm Reboot Self", {"[RSnnn]Reboot", "[RSnnn]Cancel"}};
@@ -89,7 +91,8 @@ Wt::WString removedText(std::size_t count) {
 } // namespace
 
 void WDevView::rebootDevActionButtonClicked() {
-    if (mList->numSelected() == 0 || !confirm(kConfirmReboot)) return;
+    if (mList->numSelected() == 0 || !confirm(kConfirmReboot, selection().count(), hit(WDevViewList::Status)))
+        return;
     const std::vector<SelectedDevice> devices = mList->selectedDevices();
     const bool self = holdsThisSwx(devices);
     if (self &&
@@ -124,7 +127,7 @@ void WDevView::removeDevicesActionButtonClicked() {
                                 "operation is not allowed."));
         return;
     }
-    if (!confirm(kConfirmRemove)) return;
+    if (!confirm(kConfirmRemove, selection().count(), hit(WDevViewList::Status))) return;
 
     ActionResults results;
     for (const SelectedDevice& device : mList->selectedDevices()) {
@@ -143,7 +146,8 @@ void WDevView::removeDevicesActionButtonClicked() {
 
 // On purpose it reaches what the filter shows, no more. This Switch is never offline.
 void WDevView::removeOfflineDevicesActionButtonClicked() {
-    if (!confirm(kConfirmRemoveOffline)) return;
+    const std::vector<HitRecord> offline = mList->shownOffline();
+    if (!confirm(kConfirmRemoveOffline, offline.size(), hitText(offline, "devices.count"))) return;
     ActionResults results;
     for (const SelectedDevice& device : mList->shownDevices()) removeIfOffline(device, results);
     mList->table()->clearSelection();

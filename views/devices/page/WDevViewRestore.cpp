@@ -17,13 +17,15 @@ constexpr Confirmation kConfirmFull = {
     .flag = kWarningFlag,
     .title = "[RSnnn]Confirm Restore Settings",
     .message = "[RSnnn]Are you sure you want to restore the selected device(s) to factory default settings?",
-    .proceed = "[RSnnn]Restore settings"};
+    .proceed = "[RSnnn]Restore settings",
+    .focusOnCancel = true};
 
 constexpr Confirmation kConfirmPartial = {
     .flag = kWarningFlag,
     .title = "[RSnnn]Confirm Restore Settings",
     .message = "[RSnnn]Are you sure you want to restore the selected Switches to partial factory default",
-    .proceed = "[RSnnn]Restore settings"};
+    .proceed = "[RSnnn]Restore settings",
+    .focusOnCancel = true};
 
 constexpr BoxRow kAboutThisSwx = {WMsgBox::Warning, "[RSnnn]Factory default"};
 constexpr BoxRow kOutcome = {WMsgBox::Info, "[RSnnn]Restore factory default", {"[RSnnn]Ok"}};
@@ -93,9 +95,9 @@ bool restoreDevices(const std::vector<SelectedDevice>& devices, const Restore& r
 constexpr Restore kRestoreFull = {kConfirmFull, kFull, false, askAboutThisSwxFull};
 constexpr Restore kRestorePartial = {kConfirmPartial, kPartial, true, askAboutThisSwxPartial};
 
-void restoreSelected(WDevView& view, const Restore& restore) {
+void restoreSelected(WDevView& view, const Restore& restore, const Wt::WString& hit) {
     // On purpose: rows are asked for, not a selection. Without one the result is 0 of 0.
-    if (view.list()->rowCount() == 0 || !confirm(restore.confirmation)) return;
+    if (view.list()->rowCount() == 0 || !confirm(restore.confirmation, 1, hit)) return;
     const std::vector<SelectedDevice> devices = view.list()->selectedDevices();
     ActionResults results;
     if (!restoreDevices(devices, restore, results)) return;
@@ -106,9 +108,9 @@ void restoreSelected(WDevView& view, const Restore& restore) {
 } // namespace
 
 void WDevView::restoreSettingsActionButtonClicked() {
-    restoreSelected(*this, kRestoreFull);
+    restoreSelected(*this, kRestoreFull, hit(WDevViewList::Status));
 }
 
 void WDevView::partialRestoreSettingsActionButtonClicked() {
-    restoreSelected(*this, kRestorePartial);
+    restoreSelected(*this, kRestorePartial, hit(WDevViewList::Status));
 }
