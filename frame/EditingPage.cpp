@@ -24,21 +24,37 @@ void EditingPage::goTo(std::string_view place) {
     if (mDetails) mDetails->showTabOf(Place::takePart(place));
 }
 
-bool EditingPage::save(WSettingsTab& tab, OnFailure onFailure) {
+bool EditingPage::save(WSettingsTab& tab) {
     std::vector<std::string> errors;
-    const unsigned result = tab.writeToDatabase(chosenRecords(), errors);
-    const bool failed = result != 0 || !errors.empty();
-    if (failed) {
+    const std::vector<unsigned> records = chosenRecords();
+    const unsigned result = tab.writeToDatabase(records, errors);
+    if (result != 0 || !errors.empty()) {
         WMsgBoxDbErr(WMsgBoxDbErr::Write, errors).exec();
-        if (onFailure == OnFailure::KeepsEdits) return false;
+        keepEdits(tab, records, !errors.empty());
+        return false;
     }
     endEdits(tab);
-    // What was refused is no news for the change status: the tab is read all the same, and shows what is stored.
-    readAgain(failed);
+    readAgain(false);
     afterSave();
-    if (!failed) saySaved(tab);
+    saySaved(tab);
     tab.keepFocus();
-    return !failed;
+    return true;
+}
+
+void EditingPage::keepEdits(WSettingsTab& tab, const std::vector<unsigned>& records, bool serviceAnswers) {
+    if (serviceAnswers) showPartlySaved(); // else there is nothing to be seen
+    if (chosenRecords() != records) {      // one is gone, perhaps that is why: edits are not for the others
+        endEdits(tab);
+        readAgain(true);
+        return;
+    }
+    contentChangedHandler();
+    tab.tellWhatIsStored(records);
+}
+
+void EditingPage::tellWhatChanged() {
+    WSettingsTab* tab = mDetails->shownSettingsTab();
+    if (tab && tab->hasChanged()) tab->tellWhatChanged(chosenRecords());
 }
 
 void EditingPage::saySaved(WSettingsTab& tab) const {

@@ -10,15 +10,13 @@ class WSettingsTab;
 /// A page with a details pane whose tabs are edited, saved and thrown away alike.
 class EditingPage : public PageFrame {
 public:
-    /// What a failed save leaves on the page: what is stored, or what the user entered.
-    enum class OnFailure { ShowsStored, KeepsEdits };
-
     /// A field of the tab on show was edited: the actions wait for Save or Cancel, and Save is enabled when what was
     /// entered is valid: all of it for one record, any of it for several.
     virtual void contentChangedHandler();
 
-    /// Writes the tab to the chosen records and shows what the service refused. True: nothing failed.
-    bool save(WSettingsTab& tab, OnFailure onFailure = OnFailure::ShowsStored);
+    /// Writes the tab to the chosen records and shows what the service refused. True: nothing failed. Otherwise the
+    /// edits stay, to be saved again, and what is stored is told beside them.
+    bool save(WSettingsTab& tab);
     /// Throws the tab's edits away.
     void cancel(WSettingsTab& tab);
 
@@ -39,10 +37,15 @@ protected:
     virtual bool editsSingletons() const { return false; }
     /// Reads the page when edits have ended. `force`: also the details, whatever the service says of news.
     virtual void readAgain(bool force) = 0;
+    /// A save was refused for some records: shows what became of the others, over the edits.
+    virtual void showPartlySaved() {}
+    /// While a tab has edits: has it tell what others have stored there since.
+    void tellWhatChanged();
     /// Behind the reading that follows a save.
     virtual void afterSave() {}
 
 private:
+    void keepEdits(WSettingsTab& tab, const std::vector<unsigned>& records, bool serviceAnswers);
     static void endEdits(WSettingsTab& tab);
     void saySaved(WSettingsTab& tab) const;
 

@@ -12,7 +12,7 @@ void ListPage::setList(ObjListParts& list, KeptSelection::Job rebuild, KeptSelec
 }
 
 void ListPage::readFromDatabase(bool forceDetails, bool forceList) {
-    if (!forceList && detailsTabs()->hasChanged()) return;
+    if (!forceList && detailsTabs()->hasChanged()) return tellWhatChanged();
     if (forceList || mWatched.haveNews() || listIsDue()) {
         mSelection->rebuild();
         forceDetails = true;

@@ -47,6 +47,7 @@ protected:
     std::vector<unsigned> chosenRecords() const override { return mSelection->indexes(); }
     Wt::WString chosenInWords() const override;
     void readAgain(bool force) override { readFromDatabase(force, false); }
+    void showPartlySaved() override { readFromDatabase(true, true); }
     /// The browser tells of a scrolled list only when it needs rows: whether the edited row is in view is not known
     /// here for certain. It is brought there.
     void afterSave() override { selection().bringIntoView(); }

@@ -43,25 +43,26 @@ std::vector<WSettingsTable::Share> WSettingsTable::shares() const {
     return all;
 }
 
-void WSettingsTable::readShare(const Share& share, const Indexes& records, bool force) {
+const json_t* WSettingsTable::fetchShare(const Share& share, const Indexes& records) const {
+    if (records.empty()) return nullptr;
     HeldRecords::Keys keys;
-    bool nested = false;
-    for (const Field& field : mFields) {
-        if (!isRead(field) || shareOf(field) != share) continue;
-        nested = nested || !field.place.path.empty();
-        keys.push_back(field.place.path.empty() ? field.made.bound->key() : field.place.path.front());
-    }
+    for (const Field& field : mFields)
+        if (isRead(field) && shareOf(field) == share)
+            keys.push_back(field.place.path.empty() ? field.made.bound->key() : field.place.path.front());
     HeldRecords& held = *HeldRecords::inUse();
     const char* resource = share.resource.c_str();
-    const bool isWhole = records.size() == 1 && HeldRecords::holdsWhole(resource);
     Errors dropped;
-    const json_t* answer = nullptr;
-    if (isWhole && nested)
-        answer = held.row(resource, records.front(), keys.front().c_str(), dropped);
-    else if (!isWhole && !records.empty())
-        answer = held.fetch(resource, records, keys);
-    for (const Field& field : mFields) {
+    return records.size() == 1 && HeldRecords::holdsWhole(resource)
+               ? held.row(resource, records.front(), keys.front().c_str(), dropped)
+               : held.fetch(resource, records, keys);
+}
+
+void WSettingsTable::readShare(const Share& share, const Indexes& records, bool force) {
+    const json_t* const answer = fetchShare(share, records);
+    Errors dropped;
+    for (Field& field : mFields) {
         if (!isRead(field) || shareOf(field) != share) continue;
+        if (answer) field.stored = storedOf(field, answer);
         if (field.place.path.empty()) {
             field.made.bound->readFromDatabase(records, dropped, force);
         } else if (const ZeqPtr place = answer ? field.place.within(answer) : ZeqPtr()) {

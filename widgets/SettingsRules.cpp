@@ -116,4 +116,5 @@ void WSettingsTable::follow(Field& field, bool atRead) {
 void WSettingsTable::followChoices(bool atRead) {
     for (Field& field : mFields)
         if (field.made.widget) follow(field, atRead);
+    noteFields();
 }

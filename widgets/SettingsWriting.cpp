@@ -8,15 +8,26 @@
 
 unsigned WSettingsTable::writeToDatabase(const Indexes& indexes, Errors& errors) {
     if (!mTableChanged) return 0;
+    const std::vector<Field*> edits = marked();
+    const std::size_t refusals = errors.size();
     unsigned result = 0;
     if (mSpec.save == SettingsTableSpec::Save::OneExchangePerField)
         result = writeFields(indexes, errors);
     else
         for (const Share& share : shares()) result |= writeShare(share, recordsOf(share, indexes), errors);
-    // Also when the service was away or no record is chosen: a field that keeps its mark keeps its text, over
-    // the next records too.
     clearMarks();
+    if (result == 0 && errors.size() == refusals) return 0;
+    // What was typed is not lost, and can be saved again. Other records end the marks.
+    mTableChanged = true;
+    for (Field* field : edits) field->made.bound->setContentChanged();
     return result;
+}
+
+std::vector<WSettingsTable::Field*> WSettingsTable::marked() {
+    std::vector<Field*> edits;
+    for (Field& field : mFields)
+        if (field.made.bound && field.made.bound->hasChangedContent()) edits.push_back(&field);
+    return edits;
 }
 
 bool WSettingsTable::isWritten(const Field& field, bool several) const {
@@ -60,6 +71,9 @@ void WSettingsTable::keepMarksOf(const Indexes& indexes) {
 
 void WSettingsTable::clearMarks() {
     mTableChanged = false;
-    for (const Field& field : mFields)
+    for (Field& field : mFields) {
+        field.remark = Wt::WString();
         if (field.made.bound) field.made.bound->clearContentChanged();
+    }
+    noteFields();
 }

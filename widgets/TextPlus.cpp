@@ -28,6 +28,13 @@ void TextPlus<Text>::setText(const Wt::WString& text) {
     if (this->text() != mLastValue || this->hasFocus()) return;
     mLastValue = text;
     Text::setText(text);
+    this->setEmptyText(Wt::WString());
+}
+
+template <class Text>
+void TextPlus<Text>::showDifference() {
+    setText(Wt::WString());
+    if (this->text().empty()) this->setEmptyText(Wt::WString::tr("page.different"));
 }
 
 template <class Text>
@@ -51,6 +58,7 @@ void TextPlus<Text>::lookForChange() {
     if (this->text() == mLastValue) return;
     const std::string text = this->text().toUTF8();
     mLastValue = this->text();
+    this->setEmptyText(Wt::WString());
     mValueChangedSignal.emit(text);
 }
 

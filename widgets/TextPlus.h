@@ -19,6 +19,8 @@ public:
 
     /// Does nothing while the field has the focus or holds an edit not reported yet.
     void setText(const Wt::WString& text) override;
+    /// Shows that records differ, as a hint in the empty field, until there is another text or an edit.
+    void showDifference();
     /// How often the text is looked at while the field has the focus, in milliseconds.
     void timerIntervalSet(unsigned milliseconds);
 

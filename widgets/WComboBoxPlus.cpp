@@ -28,3 +28,9 @@ int WComboBoxPlus::value() const {
     const Triplet* choice = currentChoice();
     return choice ? choice->number : 0;
 }
+
+Wt::WString WComboBoxPlus::textOf(const std::string& dbValue) const {
+    for (const Triplet& choice : mChoices)
+        if (choice.dbValue && dbValue == choice.dbValue) return tr(choice.labelKey);
+    return Wt::WString::fromUTF8(dbValue);
+}

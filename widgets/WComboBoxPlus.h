@@ -23,6 +23,8 @@ public:
 
     /// Database string of the current choice; "" when none is current.
     virtual std::string selection() const;
+    /// What the box shows for a database string; the string itself when no choice has it.
+    Wt::WString textOf(const std::string& dbValue) const;
     /// Number of the current choice; 0 when none is current.
     virtual int value() const;
 

@@ -90,7 +90,7 @@ bool WComboBoxZeq::selectByDbValue(const std::string& dbValue) {
 }
 
 void WComboBoxZeq::showBlank() {
-    if (!mBlankChoiceAdded) addItem(Wt::WString());
+    if (!mBlankChoiceAdded) addItem(Wt::WString::tr("page.different"));
     mBlankChoiceAdded = true;
     setCurrentIndex(choiceCount());
 }

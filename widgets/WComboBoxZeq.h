@@ -3,7 +3,7 @@
 #include "widgets/WComboBoxPlus.h"
 #include "widgets/WWidgetZeq.h"
 
-/// A choice, bound to a text of the database. Where records differ a blank item behind the table's is added
+/// A choice, bound to a text of the database. Where records differ an item that says so behind the table's is added
 /// and shown, for as long as they do.
 class WComboBoxZeq : public WComboBoxPlus, public WWidgetZeq {
 public:

@@ -15,5 +15,6 @@ public:
 protected:
     void showValue(const unsigned& value) override;
     void showNothing() override;
+    void showDifferent() override { showDifference(); }
     unsigned enteredValue() const override;
 };

@@ -18,8 +18,9 @@ constexpr int kSpacing = 10; // pixels
 
 WSettingsTab::WSettingsTab(Wt::WContainerWidget* parent, ChangeTracker::SubsectionId id,
                            std::initializer_list<InfoMgr_InfoID> watched)
-    : WSettingsTabBase(parent, id), mWatched(watched), mVBoxLayout(new Wt::WVBoxLayout),
-      mHBoxLayout(new Wt::WHBoxLayout), mCancelButton(new Wt::WPushButton(tr("[RSnnn]Cancel"))),
+    : WSettingsTabBase(parent, id), mWatched(watched), mComparedWith(watched),
+      mVBoxLayout(new Wt::WVBoxLayout), mHBoxLayout(new Wt::WHBoxLayout),
+      mCancelButton(new Wt::WPushButton(tr("[RSnnn]Cancel"))),
       mSaveButton(new Wt::WPushButton(tr("[RSnnn]Save"))), mSentence(new Wt::WText) {
     enableButtons(false, false);
     mSentence->setTextFormat(Wt::PlainText);
@@ -85,6 +86,16 @@ void WSettingsTab::readFromDatabase(bool ignoreChangeStatus, const std::vector<u
 
 void WSettingsTab::readTables(const std::vector<unsigned>& indexes, bool force) {
     for (WSettingsTable* table : mTables) table->readFromDatabase(indexes, force);
+}
+
+void WSettingsTab::tellWhatChanged(const std::vector<unsigned>& indexes) {
+    if (mTables.empty() || !mComparedWith.haveNews()) return;
+    for (WSettingsTable* table : mTables)
+        table->compareWithStored(indexes, WSettingsTable::Tell::WhatChanged);
+}
+
+void WSettingsTab::tellWhatIsStored(const std::vector<unsigned>& indexes) {
+    for (WSettingsTable* table : mTables) table->compareWithStored(indexes, WSettingsTable::Tell::Everything);
 }
 
 unsigned WSettingsTab::writeToDatabase(const std::vector<unsigned>& indexes,

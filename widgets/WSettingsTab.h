@@ -31,6 +31,10 @@ public:
     virtual void readFromDatabase(bool ignoreChangeStatus, const std::vector<unsigned>& indexes, bool force);
     /// Every table, also behind a failure; 1 if any failed.
     unsigned writeToDatabase(const std::vector<unsigned>& indexes, std::vector<std::string>& errors) override;
+    /// The tab has edits: tells beside them what was stored by others since they began, if the watched kinds have news.
+    void tellWhatChanged(const std::vector<unsigned>& indexes);
+    /// A save failed: tells beside the edits what is stored.
+    void tellWhatIsStored(const std::vector<unsigned>& indexes);
     void enableButtons(bool save, bool cancel);
 
     virtual bool isAllValid();
@@ -65,6 +69,7 @@ private:
     void enterHandler();
 
     WatchedKinds mWatched;
+    WatchedKinds mComparedWith;   // the same kinds, as far as edits were compared with them
     std::vector<unsigned> mShown; // indexes read last
     bool mReadFailed = false;
     std::vector<WSettingsTable*> mTables; // owned by the layout's container

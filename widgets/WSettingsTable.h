@@ -5,6 +5,9 @@
 
 #include <Wt/WTable>
 
+#include <string>
+#include <vector>
+
 #include <span>
 
 /// A table of labelled widgets, made from rows: it reads, merges, judges and stores them and clears their
@@ -30,6 +33,10 @@ public:
     virtual unsigned writeToDatabase(const Indexes& indexes, Errors& errors);
     /// Connected to every field: notes the change, has the rows follow that depend on it, and passes it on.
     virtual void contentChangedHandler();
+    /// Tells below each edited field what is stored now: when it is not what was stored as the user began, or in any
+    /// case. Reads, and leaves all fields as they are.
+    enum class Tell { WhatChanged, Everything };
+    void compareWithStored(const Indexes& indexes, Tell tell);
     /// Drops the marks of unsaved edits if these are other records than those read last.
     void keepMarksOf(const Indexes& indexes);
 
@@ -75,7 +82,10 @@ private:
         const SettingsRow* row;
         SettingsPlace place;
         bool singleton;
-        bool editable = true; // as far as the records decide that were read last
+        bool editable = true;              // as far as the records decide that were read last
+        std::vector<std::string> stored{}; // when it was read, record by record
+        Wt::WString remark{};              // on what is stored
+        Wt::WText* note = nullptr;         // owned by the cell; made when there is something to say
     };
     /// Fields that are read and saved with the same requests.
     struct Share {
@@ -98,15 +108,22 @@ private:
     void listen(const SettingsField& made);
     void enterHandler() { mEnterPressedSignal.emit(); }
 
+    // SettingsNotes.cpp
+    static std::vector<std::string> storedOf(const Field& field, const json_t* answer);
+    Wt::WString errorOf(const Field& field) const;
+    void noteFields();
+
     // SettingsReading.cpp, SettingsWriting.cpp
     std::vector<Share> shares() const;
     Indexes recordsOf(const Share& share, const Indexes& chosen);
     bool isRead(const Field& field) const;
+    const json_t* fetchShare(const Share& share, const Indexes& records) const;
     void readShare(const Share& share, const Indexes& indexes, bool force);
     bool isWritten(const Field& field, bool several) const;
     unsigned writeShare(const Share& share, const Indexes& indexes, Errors& errors);
     unsigned writeFields(const Indexes& indexes, Errors& errors);
     void clearMarks();
+    std::vector<Field*> marked();
 
     // SettingsRules.cpp
     const Field* findField(const char* key, const Field& from) const;

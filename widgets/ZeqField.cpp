@@ -20,7 +20,7 @@ unsigned ZeqField<Value>::readFromDatabase(const Indexes& indexes, Errors& error
     if (same)
         showValue(value);
     else
-        showNothing();
+        showDifferent();
     clearContentChanged();
     return 0;
 }
@@ -35,10 +35,12 @@ void ZeqField<Value>::getZeqParam(const json_t* table, const Indexes& indexes, b
     Value value{};
     bool same = true;
     const unsigned result = zeqExtract(table, indexes, key(), value, same);
-    if (result == 0 && same)
+    if (result != 0)
+        showNothing();
+    else if (same)
         showValue(value);
     else
-        showNothing();
+        showDifferent();
     clearContentChanged();
 }
 

@@ -21,6 +21,8 @@ public:
 protected:
     virtual void showValue(const Value& value) = 0;
     virtual void showNothing() = 0;
+    /// The records differ.
+    virtual void showDifferent() { showNothing(); }
 
 private:
     FailedRead mFailedRead;

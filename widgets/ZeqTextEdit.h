@@ -24,5 +24,6 @@ public:
 protected:
     void showValue(const std::string& value) override { this->setText(Wt::WString::fromUTF8(value)); }
     void showNothing() override { this->setText(Wt::WString()); }
+    void showDifferent() override { this->showDifference(); }
     std::string enteredValue() const override { return this->text().toUTF8(); }
 };

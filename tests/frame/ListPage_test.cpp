@@ -367,6 +367,7 @@ TEST_F(Pages, TheDetailsSayWhomTheyShowAndASaveWhomItReached) {
     type(name(), "R");
     click(tab.saveButton());
     EXPECT_FALSE(says(&tab, "Saved for 2 selected"));
+    click(tab.cancelButton());
     select({});
     EXPECT_FALSE(says(view.details, "2 selected"));
 }
@@ -427,24 +428,21 @@ TEST_F(Pages, SaveIsForAllThatIsValidOfOneAndAnyThatIsValidOfSeveral) {
     EXPECT_TRUE(tab.saveButton()->isDisabled()) << "judged as one record";
 }
 
-TEST_F(Pages, AFailedSaveIsToldAndKeepsTheEditsWhereThePageWantsIt) {
+TEST_F(Pages, AFailedSaveIsToldAndKeepsWhatWasTyped) {
     select({1, 5}); // 5 is refused
     type(name(), "C");
-    EXPECT_FALSE(view.save(tab, EditingPage::OnFailure::KeepsEdits));
-    EXPECT_EQ(told.size(), 1u);
-    EXPECT_TRUE(tab.hasChanged());
-    EXPECT_FALSE(tab.saveButton()->isDisabled());
+    for (const std::size_t times : {1u, 2u}) {
+        click(tab.saveButton()); // a row without a handler of its own
+        EXPECT_EQ(told.size(), times);
+        EXPECT_TRUE(tab.hasChanged());
+        EXPECT_FALSE(tab.saveButton()->isDisabled()) << "it can be tried again";
+        EXPECT_EQ(name().text(), "C");
+        EXPECT_EQ(stored(1), "\"C\"") << "the other record is stored";
+        store.put("r", 1, R"("t":"A")");
+    }
     click(tab.cancelButton());
-
-    type(name(), "D");
-    int before = view.selectionsShown;
-    click(tab.saveButton()); // a row without a handler of its own
-    EXPECT_EQ(view.selectionsShown, before + 1);
-    EXPECT_TRUE(view.forcedLast) << "what was refused is no news";
-    EXPECT_EQ(told.size(), 2u);
     EXPECT_FALSE(tab.hasChanged());
     EXPECT_TRUE(tab.saveButton()->isDisabled());
-    EXPECT_EQ(stored(1), "\"D\"") << "the other record is stored";
 
     select({2});
     type(name(), "E");
@@ -453,10 +451,12 @@ TEST_F(Pages, AFailedSaveIsToldAndKeepsTheEditsWhereThePageWantsIt) {
     EXPECT_EQ(stored(2), "\"E\"");
     EXPECT_FALSE(view.forcedLast);
 
+    type(name(), "F");
     tab.remark = "Refused.";
     EXPECT_FALSE(view.save(tab)) << "told by its words alone";
     EXPECT_EQ(told.size(), 3u);
-    before = view.selectionsShown;
+    EXPECT_TRUE(tab.hasChanged());
+    const int before = view.selectionsShown;
     click(tab.cancelButton());
     EXPECT_EQ(view.selectionsShown, before + 1) << "what came meanwhile is shown";
 }

@@ -323,7 +323,7 @@ TEST_F(SettingsTable, NestedFieldsBesidePlainOnes) {
         setRequest(R"("index":1,"keySettings":{"osdHotKey":{"hotKey":"print_screen"}},"timeout":7)", "user"));
     put(1, "custom");
     table.readFromDatabase({1, 2}, false);
-    EXPECT_EQ(table.widget<WOsdActivateHotkey>("hotKey")->currentText().toUTF8(), "");
+    EXPECT_EQ(table.widget<WOsdActivateHotkey>("hotKey")->currentText().toUTF8(), "(different)");
     EXPECT_EQ(boxes[0]->currentText().toUTF8(), "4 - A");
     EXPECT_EQ(table.widget<WLineEditUInt32Zeq>("timeout")->text().toUTF8(), "5");
     type(*table.widget<WLineEditUInt32Zeq>("timeout"), "7");

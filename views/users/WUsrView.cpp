@@ -118,7 +118,7 @@ void WUsrView::tabChangedHandler() {
 void WUsrView::attribsSaveButtonClickedHandler() {
     const unsigned provisional = mProvisional;
     mProvisional = 0; // what is read behind a save is read of an account like any other
-    if (!save(attribs(), OnFailure::KeepsEdits)) mProvisional = provisional;
+    if (!save(attribs())) mProvisional = provisional;
 }
 
 void WUsrView::attribsCancelButtonClickedHandler() {

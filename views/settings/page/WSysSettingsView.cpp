@@ -46,7 +46,7 @@ WSysSettingsView::WSysSettingsView(Wt::WContainerWidget* parent) : EditingPage(p
 }
 
 void WSysSettingsView::readFromDatabase(bool unconditional) {
-    if (mDetails->hasChanged() && !unconditional) return;
+    if (mDetails->hasChanged() && !unconditional) return tellWhatChanged();
     mDetails->readFromDatabase(unconditional, {}, false);
     updateNavActionButtons();
 }
@@ -60,7 +60,8 @@ void WSysSettingsView::updateNavActionButtons() {
     const auto* app = MirlApplication::current();
     const bool unsaved =
         mDetails->hasChanged() || (app && app->sectionChanged(ChangeTracker::SECTION_SYSTEM_SETTINGS));
-    for (const auto& row : kActions) actions()->enable(static_cast<std::size_t>(row.value), !unsaved);
+    for (const auto& row : kActions)
+        actions()->enable(static_cast<std::size_t>(row.value), !unsaved, "page.locked");
 }
 
 void WSysSettingsView::tabChangedHandler() {
