@@ -8,7 +8,9 @@ enum class InfoMgr_InfoID : unsigned {
     Transmitters = 8,
     Edids = 9,
     Targets = 10,
+    Alerts = 12,
     UserSessions = 13,
     AdminSessions = 14,
+    AlertHistory = 15,
     Connections = 17
 };

@@ -29,7 +29,7 @@ struct ActionRow {
     const char* title;
     const char* button;
     const char* hint;
-    void (View::*handler)();
+    void (View::*handler)(); // null: the page gives the button a link
     Needs needs = Needs::Page;
     WhileEditing whileEditing = WhileEditing::Disabled;
     bool enabledAtFirst = false;
@@ -44,9 +44,11 @@ public:
     /// this; rows are constants.
     template <class View, class Row, std::size_t N>
     void addActions(View* view, const Row (&rows)[N]) {
-        for (const Row& row : rows)
-            addAction(row.title, row.button, row.hint, row.needs, row.whileEditing, row.enabledAtFirst)
-                ->connectAction(view, row.handler);
+        for (const Row& row : rows) {
+            WNavAccordionStdCell* cell =
+                addAction(row.title, row.button, row.hint, row.needs, row.whileEditing, row.enabledAtFirst);
+            if (row.handler) cell->connectAction(view, row.handler);
+        }
     }
 
     WNavAccordionStdCell* cell(std::size_t action) const { return mActions[action].cell; }

@@ -18,6 +18,9 @@ public:
     void goTo(std::string_view place) override;
 
 protected:
+    /// Of the window's height for a list above its details, in percent.
+    static constexpr int kListShare = 36;
+
     /// How records are told in words.
     struct RecordWords {
         const char* counted; // message key of several: "{1} Receivers"

@@ -4,13 +4,22 @@
 #include "frame/FoldedPane.h"
 #include "shell/MirlApplication.h"
 
+#include <Wt/WEnvironment>
 #include <Wt/WHBoxLayout>
 #include <Wt/WTimer>
 #include <Wt/WVBoxLayout>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int kRefreshInterval = 5000; // milliseconds
+
+/// Pixels; 0 when the window's height is not known. As the window was when the page was loaded.
+int shareOfWindow(int percent) {
+    const auto* application = Wt::WApplication::instance();
+    return application ? application->environment().screenHeight() * percent / 100 : 0;
+}
 
 } // namespace
 
@@ -24,7 +33,7 @@ void PageFrame::place(ActionColumn* actions, std::initializer_list<Pane> panes) 
     mActions = actions;
     mVBox = new Wt::WVBoxLayout;
     for (const Pane& pane : panes) {
-        if (pane.height) pane.widget->setHeight(pane.height);
+        if (pane.height) pane.widget->setHeight(std::max(pane.height, shareOfWindow(pane.share)));
         if (pane.minHeight) pane.widget->setMinimumSize(Wt::WLength::Auto, pane.minHeight);
         mVBox->addWidget(pane.widget, pane.stretch);
     }

@@ -39,6 +39,7 @@ protected:
         int height = 0;
         int minHeight = 0;
         int stretch = 0;
+        int share = 0; // percent of the browser window's height, where that is more than the height
     };
 
     explicit PageFrame(Wt::WContainerWidget* parent);

@@ -57,3 +57,45 @@ test('questions name whom they hit, and the harmless button has the focus', asyn
   await answer(page, 'Are you sure you want to remove the selected device(s)?', 'Cancel');
   await showRow(page, 'Historian');
 });
+
+test('a service that hangs is waited for in words', async (t) => {
+  const system = await shared.get();
+  const page = await devicesPage(t, system);
+  const busy = page.locator('.wt-busy');
+  await selectReceiver(page, 'Desk 5');
+  assert.equal(await busy.isHidden(), true);
+  t.after(() => system.kill('zeqd', 'SIGCONT'));
+  system.kill('zeqd', 'SIGSTOP');
+  await (await showRow(page, 'Desk 4')).click();
+  await busy.getByText('Waiting for the Switch').waitFor();
+  await t.picture(page, 'speaks-waiting');
+  system.kill('zeqd', 'SIGCONT');
+  await busy.waitFor({ state: 'hidden' });
+  await selectReceiver(page, 'Desk 5');
+});
+
+test('an error stands at its field, and so does what another administrator stored meanwhile', async (t) => {
+  const system = await shared.get();
+  const page = await devicesPage(t, system);
+  await selectReceiver(page, 'Desk 4');
+  await page.getByRole('tab', { name: 'Settings', exact: true }).click();
+  const limit = field(page, 'Session Timeout (minutes, 0 means never)');
+  await limit.fill('5000');
+  const note = page.locator('.mirl-field-note:visible');
+  await note.getByText('The number must be at most 1440').waitFor();
+  assert.equal(await limit.getAttribute('aria-describedby'), await note.getAttribute('id'));
+  await limit.fill('17');
+  await note.waitFor({ state: 'hidden' });
+  await limit.press('Tab');
+  system.ctl('set', 'rx', '7', 'sessionInactivityTimeout=3');
+  await page.getByText('now: 3, changed since you began').waitFor();
+  await t.picture(page, 'speaks-meanwhile');
+  assert.equal(await limit.inputValue(), '17');
+  await saveButton(page).click();
+  await says(page, 'Saved: Desk 4');
+  assert.equal(system.ctl('get', 'rx', '7', 'sessionInactivityTimeout'), '17');
+
+  await select(page, 'Desk 4', 'Desk 5');
+  await until('the difference is said', async () => (await limit.getAttribute('placeholder')) === '(different)');
+  await t.picture(page, 'speaks-different');
+});

@@ -2,6 +2,7 @@
 // had, numbering and acknowledgement. docs/page-protocol.md describes the messages.
 
 import { shownPath } from './address.js';
+import { Busy } from './busy.js';
 import { Notice } from './notice.js';
 import { Tab } from './tab.js';
 
@@ -49,6 +50,7 @@ export class Transport {
     this.online = undefined;
     this.base = new URL('../../', import.meta.url).pathname; // ends in "/"
     this.notice = new Notice();
+    this.busy = new Busy(() => { if (this.isOpen()) this.sendToSocket({ ack: this.applied }); });
     this.tab = new Tab(this.base);
     this.loads = 1; // of the page with this token
     /** @type {PageLike} given before start() */
@@ -128,6 +130,7 @@ export class Transport {
     }
     const values = this.page.collectValues();
     if (values) event.v = values;
+    this.busy.began(event.k);
     if (this.collected.push(event) === 1) queueMicrotask(() => this.numberEvents());
   }
 
@@ -416,6 +419,7 @@ export class Transport {
   receive(message) {
     if (message.ack !== undefined) this.acknowledge(message.ack);
     if (message.size !== undefined) this.awaitLarge(message.size);
+    if (message.ack !== undefined && message.n === undefined) this.busy.answered(message.busy ?? 0);
     if (message.n !== undefined) {
       if (message.n <= this.applied) return;
       if (message.n !== this.applied + 1) {
@@ -423,6 +427,7 @@ export class Transport {
         return;
       }
       this.applied = message.n;
+      this.busy.changed();
       try {
         this.page.applyOperations(message.o);
       } catch (error) {
@@ -502,6 +507,7 @@ export class Transport {
     this.notice.showBanner(this.online ? 'Offline. Your entries are kept until the connection is back.'
       : 'No connection to the server. Trying again.');
     this.online = false;
+    this.busy.changed();
     this.lostAt = performance.now();
     if (this.page.connectionChanged) this.page.connectionChanged(false);
   }

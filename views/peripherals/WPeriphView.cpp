@@ -60,7 +60,7 @@ WPeriphView::WPeriphView(Wt::WContainerWidget* parent)
     actions->addActions(this, kActions);
     mDetails->addTabs(this, kTabs, mList);
     mDetails->tabWidget(0)->currentChanged().connect(this, &WPeriphView::detailsTabChangedHandler);
-    place(actions, {{mList, kListHeight, kListMinHeight}, {.widget = mDetails, .stretch = 1}});
+    place(actions, {{mList, kListHeight, kListMinHeight, 0, kListShare}, {.widget = mDetails, .stretch = 1}});
     giveRoomWhenFolded(*mDetails, *mList);
     setDetails(mDetails);
     setWords({"periph.count"});

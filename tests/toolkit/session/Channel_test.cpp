@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <thread>
+
 namespace Wt::Impl {
 namespace {
 
@@ -151,4 +154,24 @@ TEST(Channel, AStuckBrowserEndsTheSession) {
 }
 
 } // namespace
+TEST(Channel, SaysHowLongTheSessionHasBeenAtOneEvent) {
+    Mailbox mailbox;
+    const Channel channel(mailbox);
+    const auto busy = [&] { return channel.acknowledgement().find("busy") != std::string::npos; };
+    mailbox.post({});
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    EXPECT_FALSE(busy()) << "what waits has not been begun";
+    mailbox.take();
+    while (!busy()) std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    EXPECT_EQ(channel.acknowledgement().substr(0, 16), R"({"ack":0,"busy":)");
+    mailbox.post({});
+    mailbox.take();
+    EXPECT_LT(mailbox.busy(), std::chrono::hours(1));
+    std::thread session([&] { mailbox.take(); });
+    while (mailbox.busy() > std::chrono::milliseconds(0)) std::this_thread::yield();
+    EXPECT_FALSE(busy()) << "it waits for the next one";
+    mailbox.post({});
+    session.join();
+}
+
 } // namespace Wt::Impl

@@ -7,6 +7,12 @@
 
 namespace Wt::Impl {
 
+namespace {
+
+constexpr std::chrono::milliseconds kBusyFrom{250};
+
+} // namespace
+
 void Channel::send(std::string operations) {
     bool overflow = false;
     {
@@ -133,7 +139,9 @@ std::optional<Channel::Outgoing> Channel::next(std::uint64_t& cursor) {
 
 std::string Channel::acknowledgement() const {
     const std::lock_guard lock(mMutex);
-    return "{\"ack\":" + std::to_string(mLastReceived) + "}";
+    const auto busy = mMailbox.busy();
+    return "{\"ack\":" + std::to_string(mLastReceived) +
+           (busy >= kBusyFrom ? ",\"busy\":" + std::to_string(busy.count()) : "") + "}";
 }
 
 Channel::Liveness Channel::liveness() const {

@@ -75,7 +75,8 @@ public:
     };
     std::optional<Outgoing> next(std::uint64_t& cursor);
 
-    /// `{"ack":M}`
+    /// `{"ack":M}`; with `"busy":MS` behind it when the session has been at one event for that long, from a quarter of
+    /// a second on.
     std::string acknowledgement() const;
 
     // The registry's side.

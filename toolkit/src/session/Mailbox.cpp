@@ -26,7 +26,9 @@ std::deque<SessionEvent> Mailbox::post(SessionEvent event) {
 
 SessionEvent Mailbox::take() {
     std::unique_lock lock(mMutex);
+    mTakenAt.reset();
     mArrived.wait(lock, [this] { return mEnding || !mWaiting.empty(); });
+    mTakenAt = std::chrono::steady_clock::now();
     return next();
 }
 
@@ -50,6 +52,12 @@ std::uint64_t Mailbox::posted() const {
 EndReason Mailbox::endReason() const {
     const std::lock_guard lock(mMutex);
     return mReason;
+}
+
+std::chrono::milliseconds Mailbox::busy() const {
+    using namespace std::chrono;
+    const std::lock_guard lock(mMutex);
+    return mTakenAt ? duration_cast<milliseconds>(steady_clock::now() - *mTakenAt) : 0ms;
 }
 
 SessionEvent Mailbox::next() {

@@ -2,12 +2,14 @@
 
 #include <boost/json/value.hpp>
 
+#include <chrono>
 #include <condition_variable>
 #include <cstdint>
 #include <deque>
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 
 namespace Wt::Impl {
@@ -54,6 +56,8 @@ public:
     bool ending() const;
     std::uint64_t posted() const; ///< events so far
     EndReason endReason() const;  ///< meaningful while ending()
+    /// How long the session has been at what it took last; zero while it waits for more.
+    std::chrono::milliseconds busy() const;
 
 private:
     SessionEvent next(); // with the lock held, something being there
@@ -62,6 +66,7 @@ private:
     std::condition_variable mArrived;
     std::deque<SessionEvent> mWaiting;
     std::uint64_t mPosted = 0;
+    std::optional<std::chrono::steady_clock::time_point> mTakenAt;
     bool mEnding = false;
     EndReason mReason = EndReason::Expired;
 };

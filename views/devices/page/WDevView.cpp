@@ -49,7 +49,7 @@ WDevView::WDevView(Wt::WContainerWidget* parent)
     auto* actions = new ActionColumn;
     actions->addActions(this, kActions);
     mDetails = new WDevViewDetails(tr("[RSnnn]Device Details"), kDetailsHeight, this, mList);
-    place(actions, {{mList, kListHeight, kListMinHeight}, {.widget = mDetails, .stretch = 1}});
+    place(actions, {{mList, kListHeight, kListMinHeight, 0, kListShare}, {.widget = mDetails, .stretch = 1}});
     giveRoomWhenFolded(*mDetails, *mList);
     setDetails(mDetails);
     setList(
