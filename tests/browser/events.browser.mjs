@@ -67,8 +67,8 @@ test('events are acknowledged, saved and cleared', async (t) => {
   assert.equal(download.suggestedFilename(), 'event-history.csv');
   const file = join(outDir, 'event-history.csv');
   await download.saveAs(file);
-  const reader = 'import csv,json,sys; print(json.dumps(list(csv.reader(open(sys.argv[1], newline="", encoding="utf-8")))))';
-  const cells = JSON.parse(execFileSync('python3', ['-c', reader, file], { encoding: 'utf8' }));
+  const reader = 'import csv, json, sys\nprint(json.dumps(list(csv.reader(open(sys.argv[1], newline="")))))';
+  const cells = JSON.parse(execFileSync('python3', ['-X', 'utf8', '-c', reader, file], { encoding: 'utf8' }));
   assert.ok(cells.every((line) => line.length === 4), readFileSync(file, 'utf8'));
   const messages = cells.map((line) => line[3]).sort();
   assert.deepEqual(messages,

@@ -5,7 +5,8 @@ const AGAIN_MS = 500;
 const LONG_MS = 1500;
 /** Nobody waits for what comes of these. */
 const QUIET = new Set([
-  'timer', 'size', 'resized', 'scroll', 'range', 'values', 'focus', 'blur', 'mousemove', 'mouseover', 'mouseout', 'wheel',
+  'timer', 'size', 'resized', 'scroll', 'range', 'values', 'focus', 'blur',
+  'mousemove', 'mouseover', 'mouseout', 'wheel',
 ]);
 
 export class Busy {
