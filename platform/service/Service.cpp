@@ -122,14 +122,15 @@ int serve(const Options& options) {
     SystemClock clock;
     Store store;
     std::string damaged;
-    const auto disk = openDatabase(options.data + "/zeq.db", store, damaged, options, clock);
+    const std::string database = options.data + "/zeq.db";
+    const auto disk = openDatabase(database, store, damaged, options, clock);
     ThreadExecutor executor;
     SyslogSender syslog(static_cast<std::uint16_t>(options.syslogPort), log);
     const auto toSyslog = [&syslog](const std::string& server, const EventLine& event,
                                     const std::string& eid) {
         syslog.send(server, syslogMessage(event, eid));
     };
-    Engine engine({clock, *disk, executor, log, options.settingsDir, toSyslog}, std::move(store));
+    Engine engine({clock, *disk, executor, log, options.settingsDir, database, toSyslog}, std::move(store));
     const std::filesystem::path folder = std::filesystem::path(options.socket).parent_path();
     if (!folder.empty()) std::filesystem::create_directories(folder);
     const int listening = listenOn(options.socket);

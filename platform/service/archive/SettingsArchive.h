@@ -28,6 +28,9 @@ std::optional<std::string> unpackSettings(std::string_view file, const std::stri
 /// Answers what failed.
 std::string saveSettings(const std::string& folder, std::string_view settings, const std::string& password);
 
+/// Removes every settings file of the folder, also half-made ones. Answers what failed.
+std::string removeSettings(const std::string& folder);
+
 /// Reads a plain file of at most kMaxArchive bytes and unpacks it.
 std::optional<std::string> loadSettings(const std::string& path, const std::string& password,
                                         std::string& why);

@@ -68,6 +68,14 @@ std::string saveSettings(const std::string& folder, std::string_view settings, c
     return {};
 }
 
+std::string removeSettings(const std::string& folder) {
+    for (const char* name :
+         {"/settings.tar.gz", "/settings.cze", "/settings.tar.gz.new", "/settings.cze.new"})
+        if (unlink((folder + name).c_str()) != 0 && errno != ENOENT && errno != ENOTDIR)
+            return folder + name + ": " + std::strerror(errno);
+    return {};
+}
+
 std::optional<std::string> loadSettings(const std::string& path, const std::string& password,
                                         std::string& why) {
     const File file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));

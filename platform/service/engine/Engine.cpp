@@ -11,13 +11,17 @@
 #include "platform/service/request/WriteRequest.h"
 #include "platform/service/rules/SettingsFiles.h"
 #include "platform/service/secret/PasswordHash.h"
+#include "platform/service/sim/SwitchLife.h"
+#include "platform/service/store/SqliteDisk.h"
+
+#include <algorithm>
 
 namespace zeqd {
 
 namespace {
 
 constexpr std::size_t kMaxBatch = 256;
-/// Simulated milliseconds after which a step that could not be kept is tried again.
+/// Milliseconds after which a step that could not be kept is tried again.
 constexpr std::int64_t kRetryMs = 5000;
 /// Logins and new passwords that may wait for their hash; more are turned away.
 constexpr std::size_t kMaxHashing = 64;
@@ -117,6 +121,9 @@ void Engine::verifyLogin(const std::shared_ptr<ZeqRequest>& request, ClientId cl
 }
 
 void Engine::prepareSettings(const std::shared_ptr<ZeqRequest>& request, ClientId client, Reply reply) {
+    // A restore that is under way is to find no file that comes behind it.
+    if (const RecordPtr self = mStore.find(Res::Swx, kThisSwitch); self && self->is("status", "resetting"))
+        return reply(errorText(request->id, {{Errno::SwxResetting, {}}}));
     auto prepared = std::make_shared<Prepared>();
     const std::string action = textParam(*request, "settingsAction");
     std::function<void()> work;
@@ -197,8 +204,24 @@ void Engine::submit(Write write) {
     mWrites.push_back(std::move(write));
 }
 
+void Engine::submitStep(std::function<void(Transaction&)> run) {
+    const auto again = [this, run](bool kept) {
+        if (!kept) mAgain.emplace_back(mParts.clock.monotonicMs() + kRetryMs, run);
+    };
+    submit({[run = std::move(run)](Transaction& tx) {
+                run(tx);
+                return true;
+            },
+            again});
+}
+
 void Engine::flush() {
     while (!mBusy && !mWrites.empty()) startBatch();
+}
+
+void Engine::removeFiles() const {
+    for (const std::string& failure : {removeSettings(mParts.settingsDir), removeSetAside(mParts.database)})
+        if (!failure.empty()) mParts.log("error: a file of before the factory restore stays: " + failure);
 }
 
 void Engine::startBatch() {
@@ -251,46 +274,40 @@ void Engine::clientGone(ClientId client) {
     mHolders.erase(client);
     if (!loggingIn && !mStore.findNumber(Res::AdminSession, "simClient", static_cast<std::uint32_t>(client)))
         return;
-    submit({[this, client](Transaction& tx) {
-                endAdminSessionsOfClient(tx, mParts.clock.now(), client);
-                return true;
-            },
-            {}});
+    submitStep([this, client](Transaction& tx) { endAdminSessionsOfClient(tx, mParts.clock.now(), client); });
 }
 
 void Engine::runDue() {
-    const auto again = [this](const Task& task) {
-        return [this, task](bool kept) {
-            if (!kept) mSchedule.add(mParts.clock.monotonicMs(), {task, kRetryMs});
-        };
-    };
-    for (const Task& task : mSchedule.takeDue(mParts.clock.monotonicMs()))
-        submit({[this, task](Transaction& tx) {
-                    mSimulation->run(task, tx);
-                    return true;
-                },
-                again(task)});
+    const std::int64_t now = mParts.clock.monotonicMs();
+    for (; !mAgain.empty() && mAgain.front().first <= now; mAgain.pop_front())
+        submitStep(std::move(mAgain.front().second));
+    for (const Task& task : mSchedule.takeDue(now))
+        submitStep([this, task](Transaction& tx) { mSimulation->run(task, tx); });
 }
 
 void Engine::start(std::int64_t timeFactor, const std::string& damaged) {
     mSchedule.setFactor(mParts.clock.monotonicMs(), timeFactor);
-    submit({[this, damaged](Transaction& tx) {
-                if (!damaged.empty())
-                    addAlert(tx, mParts.clock.now(), "error", thisSwitchEid(tx),
-                             "The database was damaged. It has been set aside as " + damaged +
-                                 ", and the Switch has started with a new one.");
-                if (installPendingSettings(tx))
-                    addAlert(tx, mParts.clock.now(), "info", thisSwitchEid(tx),
-                             "Settings of a settings file have been installed");
-                mSimulation->resume(tx);
-                return true;
-            },
-            {}});
+    const bool restore = owesRestore(mStore);
+    if (restore) removeFiles();
+    submitStep([this, restore, damaged](Transaction& tx) {
+        const std::int64_t now = mParts.clock.now();
+        if (!damaged.empty())
+            addAlert(tx, now, "error", thisSwitchEid(tx),
+                     "The database was damaged. It has been set aside as " + damaged +
+                         ", and the Switch has started with a new one.");
+        if (restore)
+            factoryThisSwitch(tx, now);
+        else if (installPendingSettings(tx))
+            addAlert(tx, now, "info", thisSwitchEid(tx), "Settings of a settings file have been installed");
+        mSimulation->resume(tx);
+    });
     flush();
 }
 
 std::optional<std::int64_t> Engine::nextDue() const {
-    return mSchedule.nextDue();
+    const std::optional<std::int64_t> next = mSchedule.nextDue();
+    if (mAgain.empty()) return next;
+    return std::min(next.value_or(INT64_MAX), mAgain.front().first);
 }
 
 } // namespace zeqd

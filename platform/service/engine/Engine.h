@@ -28,6 +28,8 @@ struct EngineParts {
     /// Lines for the event log.
     std::function<void(const std::string&)> log;
     std::string settingsDir; ///< where settings files are made
+    std::string database =
+        {}; ///< path of the database; what was set aside from it goes with a factory restore
     /// An event for the syslog server (an IP address, empty = none), from the Switch of that EID. May be empty.
     std::function<void(const std::string& server, const EventLine& event, const std::string& eid)> syslog =
         {};
@@ -72,6 +74,8 @@ private:
         std::function<void(bool kept)> done;
     };
     void submit(Write write);
+    /// What the service does of itself: tried again while it cannot be kept.
+    void submitStep(std::function<void(Transaction&)> run);
     void submitRequest(const std::shared_ptr<ZeqRequest>& request, ClientId client, Prepared prepared,
                        Reply reply);
     void verifyLogin(const std::shared_ptr<ZeqRequest>& request, ClientId client, Reply reply);
@@ -81,6 +85,8 @@ private:
     void noteLogin(ClientId client);
     void startBatch();
     void tell(const EventLine& event);
+    /// Removes the files that hold what a factory restore forgets. Takes its time.
+    void removeFiles() const;
     void finishBatch(const std::string& failure);
     void restart() { mRestart = true; }
 
@@ -89,6 +95,8 @@ private:
     Schedule mSchedule;
     std::unique_ptr<Simulation> mSimulation;
     std::deque<Write> mWrites;
+    /// Steps whose batch could not be kept, and when they are tried again (monotonic milliseconds).
+    std::deque<std::pair<std::int64_t, std::function<void(Transaction&)>>> mAgain;
     std::unique_ptr<Transaction> mBatch;              ///< being written to disk
     std::vector<std::pair<Write, bool>> mBatchWrites; ///< with what each run answered
     std::size_t mHashing = 0;                         ///< logins and new passwords being worked out

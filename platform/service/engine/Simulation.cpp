@@ -25,7 +25,6 @@ constexpr StepRow kSteps[] = {
     {Step::SwitchDown, switchDown},
     {Step::SwitchBack, switchBack},
     {Step::SwitchReady, switchReady},
-    {Step::FactoryThisSwitch, factoryThisSwitch},
     {Step::NtpResult, ntpResult},
     {Step::UpgradeProgress, upgradeProgress},
     {Step::UpgradeReset, upgradeReset},
@@ -45,10 +44,24 @@ void Simulation::run(const Task& task, Transaction& tx) {
     if (step == Step::RestartService) return mEngine.restart();
     if (step == Step::SetFactor) return mEngine.mSchedule.setFactor(monotonic, task.argument);
     if (step == Step::JumpAhead) return mEngine.mSchedule.step(task.argument);
+    if (step == Step::FactoryThisSwitch) return restore();
     if (step == Step::UpgradeFetch) return fetch(task, tx);
     StepContext context{tx, now(), task};
     for (const StepRow& row : kSteps)
         if (row.step == step) row.run(context);
+}
+
+/// The files go first: a service that dies in between finds the restore still owed.
+void Simulation::restore() {
+    mEngine.mParts.executor.run(
+        Lane::Archive, [this] { mEngine.removeFiles(); },
+        [this] {
+            mEngine.submitStep([this](Transaction& tx) {
+                if (!owesRestore(tx)) return;
+                factoryThisSwitch(tx, now());
+                tx.later(span::kRestart, makeTask(Step::RestartService));
+            });
+        });
 }
 
 /// A file that several devices are to have is fetched once.
@@ -75,12 +88,10 @@ void Simulation::hasFetched(std::uint32_t upgrade, const std::shared_ptr<Fetched
     const std::vector<Task> waiting = std::move(mFetching[upgrade]);
     mFetching.erase(upgrade);
     for (const Task& task : waiting)
-        mEngine.submit({[this, task, fetched](Transaction& tx) {
-                            StepContext context{tx, now(), task};
-                            upgradeFetched(context, *fetched);
-                            return true;
-                        },
-                        {}});
+        mEngine.submitStep([this, task, fetched](Transaction& tx) {
+            StepContext context{tx, now(), task};
+            upgradeFetched(context, *fetched);
+        });
 }
 
 void Simulation::resume(Transaction& tx) {

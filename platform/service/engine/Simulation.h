@@ -21,6 +21,7 @@ public:
     void resume(Transaction& tx);
 
 private:
+    void restore();
     void fetch(const Task& task, Transaction& tx);
     void hasFetched(std::uint32_t upgrade, const std::shared_ptr<FetchedFirmware>& fetched);
     std::int64_t now() const;

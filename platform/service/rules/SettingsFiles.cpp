@@ -1,12 +1,15 @@
 #include "platform/service/rules/SettingsFiles.h"
 
 #include "platform/service/archive/SettingsText.h"
+#include "platform/service/domain/Devices.h"
 
 namespace zeqd {
 
 void settingsAction(Context& context) {
     const SettingsResult& result = context.prepared.settings;
     if (result.error != Errno{}) return context.fail(result.error, result.detail);
+    if (context.tx.find(Res::Swx, kThisSwitch)->is("status", "resetting"))
+        return context.fail(Errno::SwxResetting);
     if (context.after->is("settingsAction", "zip")) return;
     // Checked as a whole before anything is kept; what is kept waits for the reboot
     // that the interface asks for.

@@ -46,6 +46,7 @@ void complete(Transaction& tx, std::int64_t now, Record& device) {
                "Firmware " + device.text("simNextVersion") + " installed on " + deviceLabel(device) +
                    "; it runs after a reboot");
     if (!tx.singleton(Res::SystemGlobals).enabled("resetAfterUpgrade")) return;
+    device.choose("simOwed", "reset");
     // Whoever follows the update sees it complete before the reboot shows.
     tx.later(span::kBeforeUpgradeReset, makeTask(Step::UpgradeReset, device.id(), device.index()));
 }
@@ -54,6 +55,7 @@ void complete(Transaction& tx, std::int64_t now, Record& device) {
 
 void beginUpgrade(Transaction& tx, Record& device) {
     device.choose("upgradeStatus", "upgrading").set("upgradePercent", 0).setText("simNextVersion", {});
+    device.choose("simOwed", "nothing");
     tx.later(0, makeTask(Step::UpgradeFetch, device.id(), device.index(), device.number("upgradeIndex")));
 }
 

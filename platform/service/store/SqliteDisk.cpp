@@ -25,7 +25,8 @@ constexpr const char* kSteps[] = {
     "CREATE TABLE retired(resource TEXT PRIMARY KEY NOT NULL, id INTEGER NOT NULL) WITHOUT ROWID",
 };
 static_assert(std::size(kSteps) == kVersion);
-constexpr int kBusyMs = 2000; ///< a reader such as the sqlite3 shell may be looking
+constexpr const char* kAside = ".damaged-"; ///< between a database's name and when it was set aside
+constexpr int kBusyMs = 2000;               ///< a reader such as the sqlite3 shell may be looking
 
 bool damage(int code) {
     return (code & 0xFF) == SQLITE_CORRUPT || (code & 0xFF) == SQLITE_NOTADB;
@@ -192,8 +193,22 @@ std::string SqliteDisk::write(const std::vector<DiskChange>& changes) {
     return {};
 }
 
+std::string removeSetAside(const std::string& path) {
+    namespace fs = std::filesystem;
+    const std::string begin = fs::path(path).filename().string() + kAside;
+    std::error_code failure;
+    std::error_code first;
+    std::vector<fs::path> found; // a folder that is read while it changes may leave some out
+    for (fs::directory_iterator file(fs::path(path).parent_path(), failure), end; !failure && file != end;
+         file.increment(failure))
+        if (file->path().filename().string().starts_with(begin)) found.push_back(file->path());
+    for (const fs::path& file : found)
+        if (!fs::remove(file, failure) && failure) first = failure;
+    return first ? path + kAside + "*: " + first.message() : std::string();
+}
+
 std::string setAside(const std::string& path, std::int64_t now) {
-    std::string aside = path + ".damaged-" + std::to_string(now);
+    std::string aside = path + kAside + std::to_string(now);
     for (const char* side : {"", "-wal", "-shm"})
         if (std::filesystem::exists(path + side)) std::filesystem::rename(path + side, aside + side);
     return aside;

@@ -49,4 +49,7 @@ private:
 /// Renames a damaged database and its side files, and answers the new name. Throws when that fails.
 std::string setAside(const std::string& path, std::int64_t now);
 
+/// Removes every database that was set aside from this path. Answers what failed.
+std::string removeSetAside(const std::string& path);
+
 } // namespace zeqd

@@ -116,7 +116,7 @@ void Harness::restart() {
 void Harness::boot(Store store) {
     engine = std::make_unique<Engine>(
         EngineParts{clock, disk, executor, [this](const std::string& line) { log.push_back(line); },
-                    settingsDir,
+                    settingsDir, database,
                     [this](const auto& server, const EventLine& event, const auto& eid) {
                         syslog.push_back(server + " " + event.severity + " " + event.message + " " + eid);
                     }},

@@ -100,6 +100,7 @@ public:
     std::vector<std::string> log;
     std::vector<std::string> syslog; ///< server, severity, message, EID of the Switch
     std::string settingsDir = "/nonexistent";
+    std::string database = "/nonexistent/zeq.db"; ///< path, of which only what was set aside is looked at
     std::unique_ptr<Engine> engine;
 
 private:
