@@ -13,8 +13,9 @@
 
 namespace zeqd {
 
-constexpr std::size_t kMaxArchive = 32U << 20;  ///< bytes of a settings file
-constexpr std::size_t kMaxSettings = 32U << 20; ///< bytes of the settings in it, unpacked
+constexpr std::size_t kMaxArchive = 32U << 20; ///< bytes of a settings file
+constexpr std::size_t kMaxSettings =
+    128U << 20; ///< bytes of the settings in it, unpacked: 40,000 devices and more
 
 /// The bytes of a settings file; without a password it is not protected. Nothing when memory runs out.
 std::optional<std::string> packSettings(std::string_view settings, const std::string& password);

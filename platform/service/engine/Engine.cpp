@@ -139,11 +139,19 @@ void Engine::prepareSettings(const std::shared_ptr<ZeqRequest>& request, ClientI
         work = [prepared, password = textParam(*request, "settingsPassword"),
                 path = textParam(*request, "settingsFilename")] {
             std::string why;
-            std::optional<std::string> text = loadSettings(path, password, why);
+            const std::optional<std::string> text = loadSettings(path, password, why);
+            Errors errors;
             if (text)
-                prepared->settings.text = std::move(*text);
+                checkSettings(*text, errors);
             else
-                prepared->settings = {Errno::BadContent, why, {}};
+                addError(errors, Errno::BadContent, why);
+            const auto packed = errors.empty() ? packSettings(*text, {}) : std::nullopt;
+            if (packed)
+                prepared->settings.text = *packed;
+            else if (errors.empty())
+                prepared->settings = {Errno::General, "service.detail.settings_file", {}};
+            else
+                prepared->settings = {errors.front().number, errors.front().detail, {}};
         };
     }
     mParts.executor.run(Lane::Archive, std::move(work),
@@ -297,8 +305,10 @@ void Engine::start(std::int64_t timeFactor, const std::string& damaged) {
                          ", and the Switch has started with a new one.");
         if (restore)
             factoryThisSwitch(tx, now);
-        else if (installPendingSettings(tx))
-            addAlert(tx, now, "info", thisSwitchEid(tx), "Settings of a settings file have been installed");
+        else if (std::string told = installPendingSettings(tx); !told.empty()) {
+            if (!tx.singleton(Res::EventLogControl).enabled("info")) mParts.log(told);
+            addAlert(tx, now, "info", thisSwitchEid(tx), std::move(told));
+        }
         mSimulation->resume(tx);
     });
     flush();
