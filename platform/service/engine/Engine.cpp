@@ -46,6 +46,18 @@ bool isLogin(const ZeqRequest& request) {
     return request.resource->id == Res::AdminSession && request.method == Method::Create;
 }
 
+SettingsResult readSettingsFile(const std::string& path, const std::string& password) {
+    std::string why;
+    const std::optional<std::string> text = loadSettings(path, password, why);
+    if (!text) return {Errno::BadContent, why, {}};
+    Errors errors;
+    checkSettings(*text, errors);
+    if (!errors.empty()) return {errors.front().number, errors.front().detail, {}};
+    const std::optional<std::string> packed = packSettings(*text, {});
+    if (!packed) return {Errno::General, "service.detail.settings_file", {}};
+    return {{}, {}, *packed};
+}
+
 bool isSettingsFile(const ZeqRequest& request) {
     return request.resource->id == Res::SwxControl &&
            json_object_get(request.params.get(), "settingsAction") != nullptr;
@@ -59,14 +71,32 @@ Engine::Engine(EngineParts parts, Store store)
 
 Engine::~Engine() = default;
 
+std::optional<std::string> Engine::answerNow(ClientId client, std::string_view text,
+                                             ZeqRequest& request) const {
+    try {
+        Errors errors;
+        interpret(text, request, errors);
+        if (!errors.empty()) return errorText(request.id, errors);
+        if (const char* why = sessionGone(mStore, client); why && !isLogin(request))
+            return errorText(request.id, {{Errno::NotAuthorized, why}});
+        if (request.method == Method::Get) return answerRead(mStore, request, mParts.clock.now());
+        return std::nullopt;
+    } catch (const std::exception& error) {
+        return fault(request, error);
+    }
+}
+
+std::string Engine::fault(const ZeqRequest& request, const std::exception& error) const {
+    mParts.log("error: a fault in a request on " +
+               (request.resource ? std::string(request.resource->name) : std::string("nothing")) +
+               ", which is refused: " + error.what());
+    return errorText(request.id, {{Errno::General, {}}});
+}
+
 void Engine::request(ClientId client, std::string_view text, Reply reply) {
     auto request = std::make_shared<ZeqRequest>();
-    Errors errors;
-    interpret(text, *request, errors);
-    if (!errors.empty()) return reply(errorText(request->id, errors));
-    if (const char* why = sessionGone(mStore, client); why && !isLogin(*request))
-        return reply(errorText(request->id, {{Errno::NotAuthorized, why}}));
-    if (request->method == Method::Get) return reply(answerRead(mStore, *request, mParts.clock.now()));
+    if (std::optional<std::string> answer = answerNow(client, text, *request))
+        return reply(std::move(*answer));
     if (isLogin(*request)) return verifyLogin(request, client, std::move(reply));
     if (isSettingsFile(*request)) return prepareSettings(request, client, std::move(reply));
     const std::set<std::string> secrets = secretsOf(*request);
@@ -76,8 +106,8 @@ void Engine::request(ClientId client, std::string_view text, Reply reply) {
     auto prepared = std::make_shared<Prepared>();
     mParts.executor.run(
         Lane::Hash,
-        [prepared, secrets] {
-            for (const std::string& secret : secrets) prepared->hashes[secret] = hashPassword(secret);
+        [prepared, secrets, hash = mParts.hash] {
+            for (const std::string& secret : secrets) prepared->hashes[secret] = hash(secret);
         },
         [this, request, client, prepared, reply = std::move(reply)] {
             --mHashing;
@@ -124,40 +154,72 @@ void Engine::prepareSettings(const std::shared_ptr<ZeqRequest>& request, ClientI
     // A restore that is under way is to find no file that comes behind it.
     if (const RecordPtr self = mStore.find(Res::Swx, kThisSwitch); self && self->is("status", "resetting"))
         return reply(errorText(request->id, {{Errno::SwxResetting, {}}}));
+    Errors errors;
+    checkAction(*request, errors);
+    for (const char* other : {"eid", "cascadeRoleAction"})
+        if (json_object_get(request->params.get(), other)) addError(errors, Errno::InvalidParameter, other);
+    if (!errors.empty()) return reply(errorText(request->id, errors));
+    if (textParam(*request, "settingsAction") == "zip")
+        return makeSettings(request, client, std::move(reply));
     auto prepared = std::make_shared<Prepared>();
-    const std::string action = textParam(*request, "settingsAction");
-    std::function<void()> work;
-    if (action == "zip") {
-        work = [prepared, password = textParam(*request, "settingsPassword"), folder = mParts.settingsDir,
-                text = settingsText(mStore, mParts.clock.now()), log = mParts.log] {
-            const std::string failure = saveSettings(folder, text, password);
-            if (failure.empty()) return;
-            prepared->settings = {Errno::General, "service.detail.settings_folder", {}};
-            log("error: no settings file: " + failure);
-        };
-    } else {
-        work = [prepared, password = textParam(*request, "settingsPassword"),
-                path = textParam(*request, "settingsFilename")] {
-            std::string why;
-            const std::optional<std::string> text = loadSettings(path, password, why);
-            Errors errors;
-            if (text)
-                checkSettings(*text, errors);
-            else
-                addError(errors, Errno::BadContent, why);
-            const auto packed = errors.empty() ? packSettings(*text, {}) : std::nullopt;
-            if (packed)
-                prepared->settings.text = *packed;
-            else if (errors.empty())
-                prepared->settings = {Errno::General, "service.detail.settings_file", {}};
-            else
-                prepared->settings = {errors.front().number, errors.front().detail, {}};
-        };
+    prepared->settings = {Errno::General, "service.detail.settings_file", {}};
+    mParts.executor.run(
+        Lane::Archive,
+        [prepared, password = textParam(*request, "settingsPassword"),
+         path = textParam(*request, "settingsFilename")] {
+            prepared->settings = readSettingsFile(path, password);
+        },
+        [this, request, client, prepared, reply = std::move(reply)] {
+            submitRequest(request, client, std::move(*prepared), reply);
+        });
+}
+
+/// The file takes the place of the one before only when nothing stands against the request any more.
+void Engine::makeSettings(const std::shared_ptr<ZeqRequest>& request, ClientId client, Reply reply) {
+    auto failure = std::make_shared<std::string>("it was not tried");
+    const auto answer = [this, request, failure, reply] {
+        if (failure->empty()) return reply(answerText(request->id));
+        mParts.log("error: no settings file: " + *failure);
+        reply(errorText(request->id, {{Errno::General, "service.detail.settings_folder"}}));
+    };
+    mParts.executor.run(
+        Lane::Archive,
+        [failure, password = textParam(*request, "settingsPassword"), folder = mParts.settingsDir,
+         store = std::make_shared<const Store>(mStore),
+         now = mParts.clock.now()] { *failure = saveSettings(folder, settingsText(*store, now), password); },
+        [this, request, client, failure, answer, reply] {
+            if (!failure->empty()) return answer();
+            const char* why = sessionGone(mStore, client);
+            const bool sealed = !textParam(*request, "settingsPassword").empty();
+            mParts.executor.run(
+                Lane::Archive,
+                [failure, sealed, keep = why == nullptr, folder = mParts.settingsDir] {
+                    *failure = "it was not tried";
+                    *failure = keep ? publishSettings(folder, sealed) : dropSettings(folder, sealed);
+                },
+                [this, request, why, answer, reply] {
+                    if (!why) return answer();
+                    reply(errorText(request->id, {{Errno::NotAuthorized, why}}));
+                });
+        });
+}
+
+bool Engine::runRequest(const ZeqRequest& request, ClientId client, const Prepared& prepared, Transaction& tx,
+                        std::string& answer) const {
+    Errors errors;
+    Context context{tx, errors, mParts.clock.now(), request.method, client, prepared};
+    if (const char* why = sessionGone(tx, client); why && !isLogin(request)) {
+        answer = errorText(request.id, {{Errno::NotAuthorized, why}});
+        return false;
     }
-    mParts.executor.run(Lane::Archive, std::move(work),
-                        [this, request, client, prepared, reply = std::move(reply)] {
-                            submitRequest(request, client, std::move(*prepared), reply);
-                        });
+    answer = runWrite(request, context);
+    if (errors.empty()) return true;
+    // A refusal keeps nothing of the request, but the event that tells of it.
+    tx.clear();
+    if (context.failureAlert.kind)
+        raiseAlert(tx, context.now, *context.failureAlert.kind, thisSwitchEid(tx),
+                   context.failureAlert.message);
+    return false;
 }
 
 void Engine::submitRequest(const std::shared_ptr<ZeqRequest>& request, ClientId client, Prepared prepared,
@@ -165,20 +227,13 @@ void Engine::submitRequest(const std::shared_ptr<ZeqRequest>& request, ClientId 
     auto answer = std::make_shared<std::string>();
     Write write;
     write.run = [this, request, client, prepared = std::move(prepared), answer](Transaction& tx) {
-        Errors errors;
-        Context context{tx, errors, mParts.clock.now(), request->method, client, prepared};
-        if (const char* why = sessionGone(tx, client); why && !isLogin(*request)) {
-            *answer = errorText(request->id, {{Errno::NotAuthorized, why}});
+        try {
+            return runRequest(*request, client, prepared, tx, *answer);
+        } catch (const std::exception& error) {
+            tx.clear();
+            *answer = fault(*request, error);
             return false;
         }
-        *answer = runWrite(*request, context);
-        if (errors.empty()) return true;
-        // A refusal keeps nothing of the request, but the event that tells of it.
-        tx.clear();
-        if (context.failureAlert.kind)
-            raiseAlert(tx, context.now, *context.failureAlert.kind, thisSwitchEid(tx),
-                       context.failureAlert.message);
-        return false;
     };
     write.done = [this, client, request, answer, reply = std::move(reply)](bool kept) {
         if (mLoggingIn.erase(client) && kept && isLogin(*request)) noteLogin(client);
@@ -239,14 +294,20 @@ void Engine::startBatch() {
         Write write = std::move(mWrites.front());
         mWrites.pop_front();
         Transaction tx(mBatch.get());
-        const bool good = write.run(tx);
-        moveChangeStatus(tx);
+        bool good = false;
+        try {
+            good = write.run(tx);
+            moveChangeStatus(tx);
+        } catch (const std::exception& error) {
+            tx.clear(); // the fault comes again each time, so a step is not tried again
+            mParts.log(std::string("error: a fault in a step, which is left out: ") + error.what());
+        }
         mBatch->merge(std::move(tx));
         mBatchWrites.emplace_back(std::move(write), good);
     }
     auto changes = std::make_shared<std::vector<DiskChange>>(diskChanges(*mBatch));
     if (changes->empty()) return finishBatch({});
-    auto failure = std::make_shared<std::string>();
+    auto failure = std::make_shared<std::string>("it was not tried");
     mParts.executor.run(
         Lane::Disk, [this, changes, failure] { *failure = mParts.disk.write(*changes); },
         [this, failure] { finishBatch(*failure); });

@@ -9,6 +9,7 @@
 #include "platform/service/engine/Schedule.h"
 #include "platform/service/engine/Seams.h"
 #include "platform/service/request/ZeqRequest.h"
+#include "platform/service/secret/PasswordHash.h"
 #include "platform/service/store/Disk.h"
 #include "platform/service/store/Store.h"
 
@@ -33,6 +34,8 @@ struct EngineParts {
     /// An event for the syslog server (an IP address, empty = none), from the Switch of that EID. May be empty.
     std::function<void(const std::string& server, const EventLine& event, const std::string& eid)> syslog =
         {};
+    /// Of a password, off the event loop; empty when memory runs out.
+    std::function<std::string(std::string_view)> hash = hashPassword;
 };
 
 class Engine {
@@ -73,12 +76,20 @@ private:
         std::function<bool(Transaction&)> run;
         std::function<void(bool kept)> done;
     };
+    /// An answer that is there at once, or nothing when the request goes on.
+    std::optional<std::string> answerNow(ClientId client, std::string_view text, ZeqRequest& request) const;
+    /// The answer to a request that this program has a fault with.
+    std::string fault(const ZeqRequest& request, const std::exception& error) const;
     void submit(Write write);
     /// What the service does of itself: tried again while it cannot be kept.
     void submitStep(std::function<void(Transaction&)> run);
     void submitRequest(const std::shared_ptr<ZeqRequest>& request, ClientId client, Prepared prepared,
                        Reply reply);
+    /// In the transaction; false when it is refused.
+    bool runRequest(const ZeqRequest& request, ClientId client, const Prepared& prepared, Transaction& tx,
+                    std::string& answer) const;
     void verifyLogin(const std::shared_ptr<ZeqRequest>& request, ClientId client, Reply reply);
+    void makeSettings(const std::shared_ptr<ZeqRequest>& request, ClientId client, Reply reply);
     void prepareSettings(const std::shared_ptr<ZeqRequest>& request, ClientId client, Reply reply);
     /// Why this client, which was logged in, is no longer, as a message key; null when it is, or never was.
     const char* sessionGone(const View& view, ClientId client) const;

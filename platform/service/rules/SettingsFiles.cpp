@@ -11,7 +11,6 @@ void settingsAction(Context& context) {
     if (result.error != Errno{}) return context.fail(result.error, result.detail);
     if (context.tx.find(Res::Swx, kThisSwitch)->is("status", "resetting"))
         return context.fail(Errno::SwxResetting);
-    if (context.after->is("settingsAction", "zip")) return;
     // It was checked as a whole; it waits for the reboot that the interface asks for.
     Record pending(Res::PendingSettings, 1);
     pending.setText("data", result.text);

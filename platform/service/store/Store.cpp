@@ -30,10 +30,12 @@ void Store::retire(Res id, std::uint32_t index) {
 
 void Store::apply(const Transaction& transaction) {
     for (const auto& [key, record] : transaction.changes()) {
-        if (record)
+        if (record) {
             put(record);
-        else
-            mTables[static_cast<std::size_t>(key.first)].records.erase(key.second);
+            continue;
+        }
+        retire(key.first, key.second); // it may have come and gone within this transaction
+        mTables[static_cast<std::size_t>(key.first)].records.erase(key.second);
     }
 }
 

@@ -1,6 +1,10 @@
 // Keeping and answering: what is answered is kept, what is not kept is not answered as kept.
 #include "tests/platform/service/support/Harness.h"
 
+#include "platform/service/catalogue/Catalogue.h"
+#include "platform/service/catalogue/ValueLists.h"
+
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace zeqd::testing {
@@ -61,6 +65,80 @@ TEST(Engine, ARefusalInABatchLeavesTheOthersAlone) {
     EXPECT_EQ(Answer(good.answer).error(), 0);
     EXPECT_EQ(Answer(twin.answer).error(), 11) << "the second sees what the first is about to keep";
     EXPECT_EQ(Answer(last.answer).error(), 0);
+}
+
+TEST(Engine, AFaultInOneRequestRefusesThatOneAndNoMore) {
+    Harness service;
+    const std::string rename3 = rename(3, "C");
+    const Pending first(service, 1, rename(1, "A")); // opens a batch; the rest gathers in the next
+    const Pending second(service, 2, rename(2, "B"));
+    const Pending third(service, 3, rename3);
+    const Pending fourth(service, 4, rename(4, "D"));
+    ASSERT_TRUE(service.executor.step(Lane::Disk));
+    service.clock.failures = 2;
+    service.settle();
+    EXPECT_EQ(service.clock.failures, 0) << "the fault came";
+    EXPECT_EQ(Answer(second.answer).error(), 0);
+    EXPECT_EQ(Answer(third.answer).error(), 1);
+    EXPECT_EQ(Answer(fourth.answer).error(), 0);
+    EXPECT_EQ(service.value("rx", 3, "name") == "C", false);
+    EXPECT_EQ(service.value("rx", 4, "name"), "D");
+    EXPECT_FALSE(service.log.empty()) << "a line tells of it";
+    service.clock.failures = 1;
+    EXPECT_EQ(service.get("rx").error(), 1) << "a read as well";
+    EXPECT_EQ(service.get("rx").error(), 0);
+}
+
+TEST(Engine, TakesEmptyTextsForEveryKey) {
+    Harness service;
+    EXPECT_NE(service.set("simControl", R"({"action":"attach","resource":"rx","eid":""})").error(), 0);
+    EXPECT_NE(service.set("simControl", R"({"action":"offline","eid":""})").error(), 0);
+    struct Name {
+        Method method;
+        const char* text;
+    };
+    int asked = 0;
+    const std::function<void(const ResourceRow&, std::span<const KeyRow>, const std::string&,
+                             const std::string&)>
+        ask = [&](const ResourceRow& row, std::span<const KeyRow> keys, const std::string& before,
+                  const std::string& after) {
+            for (const KeyRow& key : keys) {
+                const std::string name = before + '"' + std::string(key.key) + "\":";
+                for (const Name& method : {Name{Method::Set, "set"}, Name{Method::Create, "create"},
+                                           Name{Method::Delete, "delete"}}) {
+                    if (!row.allows(method.method)) continue;
+                    for (const char* value : {"\"\"", "null", "[]", "{}"}) {
+                        service.ask(std::string("{\"method\":\"") + method.text + "\",\"resource\":\"" +
+                                    std::string(row.name) + "\",\"params\":{" + name + value + after + "}}");
+                        ++asked;
+                    }
+                }
+                if (key.type == Type::Object) ask(row, key.rows(), name + "{", "}" + after);
+            }
+        };
+    for (const ResourceRow& row : catalogue()) ask(row, row.keys, "\"index\":2,", "");
+    for (const std::string_view action : values::simAction.values)
+        ask(resource(Res::SimControl), resource(Res::SimControl).keys,
+            "\"action\":\"" + std::string(action) + "\",", "");
+    EXPECT_GT(asked, 2000);
+    for (const std::string& line : service.log) EXPECT_EQ(line.find("fault"), std::string::npos) << line;
+}
+
+TEST(Engine, TheNumberOfARecordThatLivedWithinOneBatchIsNeverGivenAgain) {
+    Harness service;
+    const Pending first(service, 1, rename(1, "A")); // opens a batch; the rest gathers in the next
+    const std::string make =
+        R"({"id":1,"method":"create","resource":"user","params":{"name":"x","role":"user","allowBlankPassword":"enabled"}})";
+    const int next = static_cast<int>(service.engine->store().nextIndex(Res::User));
+    const Pending made(service, 2, make);
+    const Pending removed(service, 3,
+                          R"({"id":1,"method":"delete","resource":"user","params":{"index":)" +
+                              std::to_string(next) + "}}");
+    service.settle();
+    ASSERT_EQ(Answer(made.answer).number("index"), next);
+    ASSERT_EQ(Answer(removed.answer).error(), 0);
+    EXPECT_EQ(service.create("user", R"({"name":"y","role":"user","password":"pw"})").number("index"),
+              next + 1);
 }
 
 TEST(Engine, AFullDiskRefusesTheWriterAndLeavesReadsWorking) {

@@ -119,7 +119,8 @@ void Harness::boot(Store store) {
                     settingsDir, database,
                     [this](const auto& server, const EventLine& event, const auto& eid) {
                         syslog.push_back(server + " " + event.severity + " " + event.message + " " + eid);
-                    }},
+                    },
+                    [this](std::string_view password) { return hash(password); }},
         std::move(store));
     engine->start(1, {});
     settle();

@@ -3,18 +3,25 @@
 
 #include "platform/service/core/JsonPtr.h"
 #include "platform/service/engine/Engine.h"
+#include "platform/service/secret/PasswordHash.h"
 
 #include <array>
 #include <deque>
 #include <map>
+#include <stdexcept>
 
 namespace zeqd::testing {
 
 class FakeClock : public Clock {
 public:
-    std::int64_t now() const override { return mStart + mMs / 1000; }
+    std::int64_t now() const override {
+        if (failures && !--failures) throw std::runtime_error("the clock stands still");
+        return mStart + mMs / 1000;
+    }
     std::int64_t monotonicMs() const override { return mMs; }
     void advance(std::int64_t milliseconds) { mMs += milliseconds; }
+
+    mutable int failures = 0; ///< the so-many-th call from now on throws; 0 = none does
 
 private:
     std::int64_t mStart = 1'700'000'000;
@@ -101,6 +108,7 @@ public:
     std::vector<std::string> syslog; ///< server, severity, message, EID of the Switch
     std::string settingsDir = "/nonexistent";
     std::string database = "/nonexistent/zeq.db"; ///< path, of which only what was set aside is looked at
+    std::function<std::string(std::string_view)> hash = hashPassword;
     std::unique_ptr<Engine> engine;
 
 private:
