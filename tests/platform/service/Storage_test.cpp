@@ -133,6 +133,23 @@ TEST(Frames, ComeInPiecesAndInLumps) {
     }
 }
 
+TEST(Frames, GiveTheirRoomBackAndTellWhenTheNextIsThere) {
+    FrameReader decoder;
+    std::string wire;
+    appendFrame(wire, std::string(kMaxRequest, 'x'));
+    appendFrame(wire, "{}");
+    decoder.append(wire.substr(0, wire.size() - 1));
+    ASSERT_TRUE(decoder.next());
+    EXPECT_FALSE(decoder.ready()) << "a byte is missing";
+    decoder.append(wire.substr(wire.size() - 1));
+    EXPECT_TRUE(decoder.ready());
+    ASSERT_TRUE(decoder.next());
+    EXPECT_LT(decoder.held(), std::size_t{kReadChunk} * 3);
+    EXPECT_FALSE(decoder.ready());
+    decoder.append(std::string("\x00\x10\x00\x01", 4));
+    EXPECT_TRUE(decoder.ready()) << "nothing can be read behind it";
+}
+
 TEST(Frames, ThatAreTooLongBreakTheStream) {
     FrameReader decoder;
     decoder.append(std::string("\x00\x10\x00\x01", 4));
