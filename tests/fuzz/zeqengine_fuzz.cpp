@@ -81,7 +81,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     StillClock clock;
     PatientDisk disk;
     Queue queue;
-    zeqd::Engine engine({clock, disk, queue, faultless, "/nonexistent"}, demo());
+    zeqd::Engine engine(
+        {clock, disk, queue, faultless, "/nonexistent", {}, {}, zeqd::hashPassword, {.simControl = true}},
+        demo());
     engine.start(1, {});
     const auto settle = [&] {
         do {

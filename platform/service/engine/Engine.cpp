@@ -79,6 +79,9 @@ std::optional<std::string> Engine::answerNow(ClientId client, std::string_view t
         if (!errors.empty()) return errorText(request.id, errors);
         if (const char* why = sessionGone(mStore, client); why && !isLogin(request))
             return errorText(request.id, {{Errno::NotAuthorized, why}});
+        if (request.resource->id == Res::SimControl && !mParts.options.simControl)
+            return errorText(request.id,
+                             {{Errno::NotAllowed, "the service was started without --sim-control"}});
         if (request.method == Method::Get) return answerRead(mStore, request, mParts.clock.now());
         return std::nullopt;
     } catch (const std::exception& error) {

@@ -22,6 +22,12 @@ namespace zeqd {
 
 class Simulation;
 
+struct EngineOptions {
+    std::string uploadDir = "/tmp"; ///< firmware files of this machine come from there and nowhere else
+    bool localServers = false;      ///< firmware servers may be on this machine or its own link
+    bool simControl = false;        ///< clients may steer the simulation
+};
+
 struct EngineParts {
     Clock& clock;
     Disk& disk;
@@ -36,6 +42,7 @@ struct EngineParts {
         {};
     /// Of a password, off the event loop; empty when memory runs out.
     std::function<std::string(std::string_view)> hash = hashPassword;
+    EngineOptions options = {};
 };
 
 class Engine {

@@ -2,6 +2,7 @@
 
 #include "platform/service/engine/Engine.h"
 #include "platform/service/sim/Cascade.h"
+#include "platform/service/sim/Firmware.h"
 #include "platform/service/sim/Life.h"
 #include "platform/service/sim/Resume.h"
 #include "platform/service/sim/SwitchLife.h"
@@ -80,7 +81,13 @@ void Simulation::fetch(const Task& task, Transaction& tx) {
     if (again || waiting.size() > 1) return;
     auto fetched = std::make_shared<FetchedFirmware>();
     mEngine.mParts.executor.run(
-        Lane::Fetch, [source, fetched] { *fetched = fetchFirmware(*source); },
+        Lane::Fetch,
+        [source, fetched,
+         rules = FetchRules{.limit = kMaxFirmware,
+                            .folder = mEngine.mParts.options.uploadDir,
+                            .localServers = mEngine.mParts.options.localServers}] {
+            *fetched = fetchFirmware(*source, rules);
+        },
         [this, upgrade = task.argument, fetched] { hasFetched(upgrade, fetched); });
 }
 

@@ -66,9 +66,9 @@ std::optional<FetchSource> upgradeSource(const View& view, const Task& task) {
                        source->text("filename"), source->text("username"), source->text("password")};
 }
 
-FetchedFirmware fetchFirmware(const FetchSource& source) {
+FetchedFirmware fetchFirmware(const FetchSource& source, const FetchRules& rules) {
     FetchedFirmware fetched;
-    const std::optional<std::string> file = fetchFile(source, {.limit = kMaxFirmware}, fetched.why);
+    const std::optional<std::string> file = fetchFile(source, rules, fetched.why);
     if (!file) return fetched;
     const std::optional<Firmware> firmware = readFirmware(*file);
     if (!firmware) return {"failed_file_content", {}, {}, {}};

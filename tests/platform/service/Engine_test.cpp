@@ -165,6 +165,53 @@ TEST(Engine, AStepOfTheSimulationThatCannotBeKeptIsNotLostForTheDevice) {
     EXPECT_EQ(service.value("rx", 1, "status"), "ready");
 }
 
+TEST(Engine, WhatTheServiceDoesOfItselfIsTriedAgain) {
+    Harness service;
+    const auto login =
+        R"({"id":1,"method":"create","resource":"adminSession","params":{"username":"admin","password":"test-1","sessionType":"mirl"}})";
+    const Pending session(service, 9, login);
+    service.settle();
+    ASSERT_EQ(service.get("adminSession").rowCount(), 1U);
+    service.engine->clientGone(9);
+    service.disk.failures = 2;
+    service.pass(4000);
+    ASSERT_EQ(service.get("adminSession").rowCount(), 1U) << "the test's disk failed";
+    service.pass(20000);
+    EXPECT_EQ(service.get("adminSession").error(), 1009) << "a session whose client has gone";
+    service.disk.failures = 0;
+
+    // A firmware file that has come, or not, while the disk was full.
+    const std::string upgrade =
+        service.create("upgrade", R"({"protocol":"file","filename":"/nowhere"})").at("index");
+    const Pending update(service, 1,
+                         R"({"id":1,"method":"set","resource":"rx","params":{"index":1,"upgradeIndex":)" +
+                             upgrade + "}}");
+    service.executor.step(Lane::Disk);
+    service.engine->runDue();
+    service.engine->flush();
+    service.disk.failures = 1;
+    service.settle();
+    ASSERT_EQ(service.disk.failures, 0);
+    service.pass(20000);
+    EXPECT_EQ(service.value("rx", 1, "upgradeStatus"), "failed_file_get");
+
+    // A start: the event of the damage, and devices in the middle of something.
+    service.set("rx", R"({"index":2,"reset":"cold_reboot"})");
+    service.damaged = "/somewhere";
+    service.disk.failures = 3;
+    service.restart();
+    service.pass(60000);
+    EXPECT_NE(service.get("unacknowledgedAlerts").text().find("set aside as /somewhere"), std::string::npos);
+    EXPECT_EQ(service.value("rx", 2, "status"), "ready");
+}
+
+TEST(Engine, TheSimulationIsSteeredOnlyWithLeave) {
+    Harness service;
+    service.simControl = false;
+    service.restart();
+    EXPECT_EQ(service.set("simControl", R"({"action":"time","factor":2})").error(), 1106);
+}
+
 TEST(Engine, HashingDoesNotHoldUpOthers) {
     Harness service;
     const Pending login(

@@ -7,6 +7,7 @@
 
 #include <sodium.h>
 #include <stdexcept>
+#include <utility>
 
 namespace zeqd::testing {
 
@@ -115,14 +116,19 @@ void Harness::restart() {
 
 void Harness::boot(Store store) {
     engine = std::make_unique<Engine>(
-        EngineParts{clock, disk, executor, [this](const std::string& line) { log.push_back(line); },
-                    settingsDir, database,
+        EngineParts{clock,
+                    disk,
+                    executor,
+                    [this](const std::string& line) { log.push_back(line); },
+                    settingsDir,
+                    database,
                     [this](const auto& server, const EventLine& event, const auto& eid) {
                         syslog.push_back(server + " " + event.severity + " " + event.message + " " + eid);
                     },
-                    [this](std::string_view password) { return hash(password); }},
+                    [this](std::string_view password) { return hash(password); },
+                    {.localServers = true, .simControl = simControl}},
         std::move(store));
-    engine->start(1, {});
+    engine->start(1, std::exchange(damaged, {}));
     settle();
 }
 

@@ -107,6 +107,8 @@ public:
     std::vector<std::string> log;
     std::vector<std::string> syslog; ///< server, severity, message, EID of the Switch
     std::string settingsDir = "/nonexistent";
+    bool simControl = true;
+    std::string damaged; ///< at the next start: where a damaged database has been set aside
     std::string database = "/nonexistent/zeq.db"; ///< path, of which only what was set aside is looked at
     std::function<std::string(std::string_view)> hash = hashPassword;
     std::unique_ptr<Engine> engine;
