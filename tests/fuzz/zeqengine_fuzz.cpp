@@ -84,7 +84,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     zeqd::Engine engine(
         {clock, disk, queue, faultless, "/nonexistent", {}, {}, zeqd::hashPassword, {.simControl = true}},
         demo());
-    engine.start(1, {});
+    engine.start(1);
     const auto settle = [&] {
         do {
             engine.flush();

@@ -23,6 +23,8 @@ namespace {
 constexpr std::size_t kMaxBatch = 256;
 /// Milliseconds after which a step that could not be kept is tried again.
 constexpr std::int64_t kRetryMs = 5000;
+/// A batch that failed is tried write by write, until so many have failed in a row: then it is the disk.
+constexpr std::size_t kMaxFailedAlone = 3;
 /// Logins and new passwords that may wait for their hash; more are turned away.
 constexpr std::size_t kMaxHashing = 64;
 
@@ -229,6 +231,7 @@ void Engine::submitRequest(const std::shared_ptr<ZeqRequest>& request, ClientId 
                            Reply reply) {
     auto answer = std::make_shared<std::string>();
     Write write;
+    write.session = request->resource->id == Res::AdminSession;
     write.run = [this, request, client, prepared = std::move(prepared), answer](Transaction& tx) {
         try {
             return runRequest(*request, client, prepared, tx, *answer);
@@ -270,7 +273,7 @@ void Engine::submit(Write write) {
     mWrites.push_back(std::move(write));
 }
 
-void Engine::submitStep(std::function<void(Transaction&)> run) {
+void Engine::submitStep(std::function<void(Transaction&)> run, bool session) {
     const auto again = [this, run](bool kept) {
         if (!kept) mAgain.emplace_back(mParts.clock.monotonicMs() + kRetryMs, run);
     };
@@ -278,7 +281,7 @@ void Engine::submitStep(std::function<void(Transaction&)> run) {
                 run(tx);
                 return true;
             },
-            again});
+            again, session});
 }
 
 void Engine::flush() {
@@ -294,6 +297,7 @@ void Engine::startBatch() {
     mBusy = true;
     mBatch = std::make_unique<Transaction>(&mStore);
     while (!mWrites.empty() && mBatchWrites.size() < kMaxBatch) {
+        if (mWrites.front().alone && !mBatchWrites.empty()) break;
         Write write = std::move(mWrites.front());
         mWrites.pop_front();
         Transaction tx(mBatch.get());
@@ -307,28 +311,101 @@ void Engine::startBatch() {
         }
         mBatch->merge(std::move(tx));
         mBatchWrites.emplace_back(std::move(write), good);
+        if (mBatchWrites.back().first.alone) break;
     }
-    auto changes = std::make_shared<std::vector<DiskChange>>(diskChanges(*mBatch));
+    const bool alone = mBatchWrites.front().first.alone;
+    if (!alone) mFailedAlone = 0;
+    auto changes = std::make_shared<std::vector<DiskChange>>(changesToKeep());
     if (changes->empty()) return finishBatch({});
+    if (alone && mFailedAlone >= kMaxFailedAlone)
+        return finishBatch("not tried after the failures before it");
     auto failure = std::make_shared<std::string>("it was not tried");
     mParts.executor.run(
         Lane::Disk, [this, changes, failure] { *failure = mParts.disk.write(*changes); },
         [this, failure] { finishBatch(*failure); });
 }
 
+std::vector<DiskChange> Engine::changesToKeep() const {
+    std::vector<DiskChange> changes = diskChanges(*mBatch);
+    if (changes.empty()) return changes;
+    for (const auto& [id, index] : mUnkept) {
+        if (mBatch->changes().contains({id, index})) continue;
+        DiskChange change{id, index, std::nullopt};
+        if (const RecordPtr record = mStore.find(id, index)) change.body = diskText(*record);
+        changes.push_back(std::move(change));
+    }
+    return changes;
+}
+
+void Engine::applyBatch() {
+    mStore.apply(*mBatch);
+    for (const TimedTask& task : mBatch->tasks()) mSchedule.add(mParts.clock.monotonicMs(), task);
+    for (const EventLine& line : mBatch->logLines()) tell(line);
+}
+
+/// A full disk is to lock no administrator out. The session is no record on disk anyway; its event and the
+/// change numbers get there later.
+bool Engine::keepInMemory() {
+    const auto& [write, good] = mBatchWrites.front();
+    if (mBatchWrites.size() != 1 || !(write.session || !good)) return false;
+    for (const auto& [key, record] : mBatch->changes())
+        if (key.first != Res::AdminSession && key.first != Res::ChangeStatus &&
+            key.first != Res::UnacknowledgedAlerts && key.first != Res::HistoricalAlerts)
+            return false;
+    applyBatch();
+    for (const auto& [key, record] : mBatch->changes())
+        if (resource(key.first).durable) mUnkept.insert(key);
+    return true;
+}
+
+/// All that was ever answered as kept is in memory: a database that turns out to be damaged is written anew from there, and
+/// the batch is tried again.
+void Engine::renewDisk(const std::string& failure) {
+    mRenewed = true;
+    mParts.log("error: the database is damaged, it is written anew: " + failure);
+    auto content = std::make_shared<DiskContent>(mStore.content());
+    auto result = std::make_shared<std::string>("it was not tried");
+    mParts.executor.run(
+        Lane::Disk, [this, content, result] { *result = mParts.disk.renew(*content); },
+        [this, result] {
+            if (!result->empty()) return finishBatch("it could not be written anew: " + *result);
+            mBatch.reset();
+            for (; !mBatchWrites.empty(); mBatchWrites.pop_back())
+                mWrites.push_front(std::move(mBatchWrites.back().first));
+            mBusy = false;
+            submitStep([this](Transaction& tx) {
+                addAlert(
+                    tx, mParts.clock.now(), "error", thisSwitchEid(tx),
+                    "The database was found damaged. It has been set aside and written anew; nothing is lost.");
+            });
+        });
+}
+
 void Engine::finishBatch(const std::string& failure) {
-    const bool kept = failure.empty();
-    if (kept) {
-        mStore.apply(*mBatch);
-        for (const TimedTask& task : mBatch->tasks()) mSchedule.add(mParts.clock.monotonicMs(), task);
-        for (const EventLine& line : mBatch->logLines()) tell(line);
+    const bool written = failure.empty();
+    bool kept = written;
+    if (!written && mParts.disk.damaged() && !mRenewed) return renewDisk(failure);
+    if (written) {
+        mRenewed = false;
+        if (!diskChanges(*mBatch).empty()) mUnkept.clear();
+        applyBatch();
     } else {
         mParts.log("error: writing to the database failed, nothing of it is kept: " + failure);
+        kept = keepInMemory();
     }
     mBatch.reset();
     std::vector<std::pair<Write, bool>> writes;
     writes.swap(mBatchWrites);
     mBusy = false;
+    // One that the disk does not take is to refuse itself and not those that came with it.
+    if (!kept && writes.size() > 1) {
+        for (auto write = writes.rbegin(); write != writes.rend(); ++write) {
+            write->first.alone = true;
+            mWrites.push_front(std::move(write->first));
+        }
+        return;
+    }
+    mFailedAlone = written ? 0 : mFailedAlone + 1;
     // A request that was refused has its answer whatever became of the disk.
     for (auto& [write, good] : writes)
         if (write.done) write.done(kept || !good);
@@ -354,19 +431,16 @@ void Engine::runDue() {
     for (; !mAgain.empty() && mAgain.front().first <= now; mAgain.pop_front())
         submitStep(std::move(mAgain.front().second));
     for (const Task& task : mSchedule.takeDue(now))
-        submitStep([this, task](Transaction& tx) { mSimulation->run(task, tx); });
+        if (!mSimulation->runNow(task))
+            submitStep([this, task](Transaction& tx) { mSimulation->run(task, tx); });
 }
 
-void Engine::start(std::int64_t timeFactor, const std::string& damaged) {
+void Engine::start(std::int64_t timeFactor) {
     mSchedule.setFactor(mParts.clock.monotonicMs(), timeFactor);
     const bool restore = owesRestore(mStore);
     if (restore) removeFiles();
-    submitStep([this, restore, damaged](Transaction& tx) {
+    submitStep([this, restore](Transaction& tx) {
         const std::int64_t now = mParts.clock.now();
-        if (!damaged.empty())
-            addAlert(tx, now, "error", thisSwitchEid(tx),
-                     "The database was damaged. It has been set aside as " + damaged +
-                         ", and the Switch has started with a new one.");
         if (restore)
             factoryThisSwitch(tx, now);
         else if (std::string told = installPendingSettings(tx); !told.empty()) {

@@ -64,8 +64,8 @@ public:
     /// Runs what the simulation has due.
     void runDue();
     /// Begins the simulation, and settles what a stop in the middle left behind: reboots go on, updates that
-    /// were lost fail. `damaged`: where a damaged database was set aside, or empty.
-    void start(std::int64_t timeFactor, const std::string& damaged);
+    /// were lost fail.
+    void start(std::int64_t timeFactor);
 
     const Store& store() const { return mStore; }
     /// Monotonic milliseconds at which runDue has something to do; nothing while nothing happens.
@@ -82,6 +82,8 @@ private:
     struct Write {
         std::function<bool(Transaction&)> run;
         std::function<void(bool kept)> done;
+        bool session = false; ///< a login or logout: on a full disk it is kept in memory
+        bool alone = false;   ///< its batch has failed: is tried by itself
     };
     /// An answer that is there at once, or nothing when the request goes on.
     std::optional<std::string> answerNow(ClientId client, std::string_view text, ZeqRequest& request) const;
@@ -89,7 +91,7 @@ private:
     std::string fault(const ZeqRequest& request, const std::exception& error) const;
     void submit(Write write);
     /// What the service does of itself: tried again while it cannot be kept.
-    void submitStep(std::function<void(Transaction&)> run);
+    void submitStep(std::function<void(Transaction&)> run, bool session = false);
     void submitRequest(const std::shared_ptr<ZeqRequest>& request, ClientId client, Prepared prepared,
                        Reply reply);
     /// In the transaction; false when it is refused.
@@ -106,6 +108,10 @@ private:
     /// Removes the files that hold what a factory restore forgets. Takes its time.
     void removeFiles() const;
     void finishBatch(const std::string& failure);
+    bool keepInMemory();
+    void renewDisk(const std::string& failure);
+    void applyBatch();
+    std::vector<DiskChange> changesToKeep() const;
     void restart() { mRestart = true; }
 
     EngineParts mParts;
@@ -126,6 +132,10 @@ private:
         std::string hash;
     };
     std::map<ClientId, Holder> mHolders;
+    std::set<Transaction::Key>
+        mUnkept;                  ///< records that are ahead of the disk; the next batch takes them along
+    std::size_t mFailedAlone = 0; ///< so many writes in a row have failed by themselves
+    bool mRenewed = false;        ///< the disk has been written anew since it last took something
     bool mBusy = false;
     bool mRestart = false;
 };

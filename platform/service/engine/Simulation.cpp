@@ -39,13 +39,27 @@ std::int64_t Simulation::now() const {
     return mEngine.mParts.clock.now();
 }
 
+bool Simulation::runNow(const Task& task) {
+    switch (static_cast<Step>(task.kind)) {
+    case Step::RestartService:
+        mEngine.restart();
+        return true;
+    case Step::SetFactor:
+        mEngine.mSchedule.setFactor(mEngine.mParts.clock.monotonicMs(), task.argument);
+        return true;
+    case Step::JumpAhead:
+        mEngine.mSchedule.step(task.argument);
+        return true;
+    case Step::FactoryThisSwitch:
+        restore();
+        return true;
+    default:
+        return false;
+    }
+}
+
 void Simulation::run(const Task& task, Transaction& tx) {
     const auto step = static_cast<Step>(task.kind);
-    const std::int64_t monotonic = mEngine.mParts.clock.monotonicMs();
-    if (step == Step::RestartService) return mEngine.restart();
-    if (step == Step::SetFactor) return mEngine.mSchedule.setFactor(monotonic, task.argument);
-    if (step == Step::JumpAhead) return mEngine.mSchedule.step(task.argument);
-    if (step == Step::FactoryThisSwitch) return restore();
     if (step == Step::UpgradeFetch) return fetch(task, tx);
     StepContext context{tx, now(), task};
     for (const StepRow& row : kSteps)

@@ -15,6 +15,8 @@ class Simulation {
 public:
     explicit Simulation(Engine& engine) : mEngine(engine) {}
 
+    /// Does what changes no record, and must not be done twice; false for any other step.
+    bool runNow(const Task& task);
     void run(const Task& task, Transaction& tx);
 
     /// Settles what a stop of the service left in the middle.

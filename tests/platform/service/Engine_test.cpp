@@ -148,13 +148,62 @@ TEST(Engine, AFullDiskRefusesTheWriterAndLeavesReadsWorking) {
     const Answer refused = service.set("rx", R"({"index":1,"name":"New"})");
     EXPECT_EQ(refused.error(), 1);
     EXPECT_EQ(refused.detail(), "service.detail.disk");
+    EXPECT_EQ(dump(service.engine->store()), before);
     EXPECT_EQ(service.create("adminSession", R"({"username":"admin","password":"no"})").error(), 1103)
         << "a refusal is the answer, whatever becomes of its event";
-    EXPECT_EQ(dump(service.engine->store()), before);
     EXPECT_EQ(service.value("rx", 1, "name"), "Desk 1 Left");
     EXPECT_EQ(service.set("rx", R"({"index":1,"name":"New"})").error(), 0) << "there is room again";
     service.restart();
     EXPECT_EQ(service.value("rx", 1, "name"), "New");
+}
+
+TEST(Engine, AFullDiskLocksNoAdministratorOut) {
+    Harness service;
+    service.disk.failures = 1000;
+    const Answer login = service.create(
+        "adminSession",
+        R"({"username":"admin","password":"test-1","ipAddress":"10.0.0.9","sessionType":"mirl"})");
+    ASSERT_EQ(login.error(), 0);
+    EXPECT_EQ(service.get("adminSession").rowCount(), 1U);
+    EXPECT_EQ(service.set("rx", R"({"index":1,"name":"New"})").error(), 1) << "what is to last is refused";
+    EXPECT_EQ(service.set("alertsControl", R"({"alertsAction":"ack_all"})").error(), 1);
+    EXPECT_EQ(service.create("adminSession", R"({"username":"admin","password":"no"})").error(), 1103);
+    ASSERT_EQ(service.remove("adminSession", login.number("index")).error(), 0);
+    const std::string events = service.ask(R"({"method":"get","resource":"unacknowledgedAlerts"})", 8).text();
+    service.disk.failures = 0;
+    ASSERT_EQ(service.ask(R"({"method":"set","resource":"rx","params":{"index":1,"name":"New"}})", 8).error(),
+              0);
+    service.restart();
+    EXPECT_EQ(service.get("unacknowledgedAlerts").text(), events)
+        << "the events got there with the next write";
+}
+
+TEST(Engine, OneThatTheDiskDoesNotTakeRefusesOnlyItself) {
+    Harness service;
+    service.disk.poison = "poison";
+    const Pending first(service, 1, rename(1, "A")); // opens a batch; the rest gathers in the next
+    std::deque<Pending> others;
+    for (int rx = 2; rx <= 20; ++rx)
+        others.emplace_back(service, static_cast<ClientId>(rx), rename(rx, rx == 5 ? "poison" : "N"));
+    service.settle();
+    for (int rx = 2; rx <= 20; ++rx) {
+        EXPECT_EQ(Answer(others[static_cast<std::size_t>(rx - 2)].answer).error(), rx == 5 ? 1 : 0) << rx;
+        EXPECT_EQ(service.value("rx", rx, "name") == "N", rx != 5) << rx;
+    }
+}
+
+TEST(Engine, AFailedBatchIsNotTriedForEver) {
+    Harness service;
+    const Pending first(service, 1, rename(1, "A"));
+    std::deque<Pending> others;
+    for (int rx = 2; rx <= 20; ++rx) others.emplace_back(service, static_cast<ClientId>(rx), rename(rx, "N"));
+    ASSERT_TRUE(service.executor.step(Lane::Disk));
+    const int before = service.disk.writes;
+    service.disk.failures = 1000;
+    service.settle();
+    for (const Pending& other : others) EXPECT_EQ(Answer(other.answer).error(), 1);
+    EXPECT_LE(service.disk.writes, before + 4)
+        << "a disk that is busy for two seconds each would take minutes";
 }
 
 TEST(Engine, AStepOfTheSimulationThatCannotBeKeptIsNotLostForTheDevice) {
@@ -195,14 +244,27 @@ TEST(Engine, WhatTheServiceDoesOfItselfIsTriedAgain) {
     service.pass(20000);
     EXPECT_EQ(service.value("rx", 1, "upgradeStatus"), "failed_file_get");
 
-    // A start: the event of the damage, and devices in the middle of something.
+    // A start: devices in the middle of something.
     service.set("rx", R"({"index":2,"reset":"cold_reboot"})");
-    service.damaged = "/somewhere";
     service.disk.failures = 3;
     service.restart();
     service.pass(60000);
-    EXPECT_NE(service.get("unacknowledgedAlerts").text().find("set aside as /somewhere"), std::string::npos);
     EXPECT_EQ(service.value("rx", 2, "status"), "ready");
+}
+
+TEST(Engine, ADatabaseThatTurnsOutDamagedIsWrittenAnewFromMemory) {
+    Harness service;
+    ASSERT_EQ(service.set("rx", R"({"index":1,"name":"Before"})").error(), 0);
+    service.disk.records.erase({Res::Rx, 2}); // what the damage took
+    service.disk.broken = true;
+    EXPECT_EQ(service.set("rx", R"({"index":3,"name":"New"})").error(), 0);
+    EXPECT_EQ(service.disk.renewals, 1);
+    EXPECT_NE(service.get("unacknowledgedAlerts").text().find("found damaged"), std::string::npos);
+    const std::string all = dump(service.engine->store());
+    service.restart();
+    EXPECT_EQ(dump(service.engine->store()), all);
+    EXPECT_EQ(service.value("rx", 1, "name"), "Before");
+    EXPECT_EQ(service.value("rx", 2, "name"), "Desk 1 Right");
 }
 
 TEST(Engine, TheSimulationIsSteeredOnlyWithLeave) {

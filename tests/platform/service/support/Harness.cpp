@@ -13,16 +13,28 @@ namespace zeqd::testing {
 
 std::string FakeDisk::write(const std::vector<DiskChange>& changes) {
     ++writes;
+    if (broken) return "database disk image is malformed";
     if (failures > 0) {
         --failures;
         return "no space left on device";
     }
+    for (const DiskChange& change : changes)
+        if (!poison.empty() && change.body && change.body->find(poison) != std::string::npos)
+            return "too large";
     for (const DiskChange& change : changes) {
         if (change.body)
             records[{change.resource, change.index}] = *change.body;
         else
             records.erase({change.resource, change.index});
     }
+    return {};
+}
+
+std::string FakeDisk::renew(const DiskContent& content) {
+    ++renewals;
+    records.clear();
+    for (const DiskChange& change : content.records) records[{change.resource, change.index}] = *change.body;
+    broken = false;
     return {};
 }
 
@@ -128,7 +140,7 @@ void Harness::boot(Store store) {
                     [this](std::string_view password) { return hash(password); },
                     {.localServers = true, .simControl = simControl}},
         std::move(store));
-    engine->start(1, std::exchange(damaged, {}));
+    engine->start(1);
     settle();
 }
 

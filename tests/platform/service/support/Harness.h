@@ -32,10 +32,15 @@ private:
 class FakeDisk : public Disk {
 public:
     std::string write(const std::vector<DiskChange>& changes) override;
+    bool damaged() const override { return broken; }
+    std::string renew(const DiskContent& content) override;
 
     std::map<std::pair<Res, std::uint32_t>, std::string> records;
-    int failures = 0; ///< so many writes fail from now on
+    int failures = 0;    ///< so many writes fail from now on
+    bool broken = false; ///< writes fail until it is renewed
+    int renewals = 0;
     int writes = 0;
+    std::string poison; ///< a write with this text in it fails; empty = none does
 };
 
 /// Runs nothing until it is told to.
@@ -108,7 +113,6 @@ public:
     std::vector<std::string> syslog; ///< server, severity, message, EID of the Switch
     std::string settingsDir = "/nonexistent";
     bool simControl = true;
-    std::string damaged; ///< at the next start: where a damaged database has been set aside
     std::string database = "/nonexistent/zeq.db"; ///< path, of which only what was set aside is looked at
     std::function<std::string(std::string_view)> hash = hashPassword;
     std::unique_ptr<Engine> engine;
