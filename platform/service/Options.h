@@ -13,7 +13,11 @@ struct Options {
     std::string demoDir;
     std::string settingsDir = "/data/settings";
     std::string adminPassword;
+    std::string uploadDir = "/tmp";
+    bool demo = false;
     bool empty = false;
+    bool simControl = false;
+    bool localServers = false;
     std::uint32_t devices = 0;
     std::uint32_t clients = 0;
     std::uint32_t timeFactor = 1;

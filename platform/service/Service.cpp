@@ -1,16 +1,10 @@
 #include "platform/service/Service.h"
 
-#include "platform/service/catalogue/Catalogue.h"
-#include "platform/service/demo/Installation.h"
-#include "platform/service/domain/Alerts.h"
-#include "platform/service/domain/Devices.h"
+#include "platform/service/OpenDatabase.h"
 #include "platform/service/engine/SystemClock.h"
 #include "platform/service/net/Server.h"
 #include "platform/service/net/Syslog.h"
-#include "platform/service/record/RecordJson.h"
 #include "platform/service/sim/Fetch.h"
-#include "platform/service/store/SqliteDisk.h"
-#include "platform/service/store/Transaction.h"
 
 #include <algorithm>
 #include <csignal>
@@ -67,40 +61,14 @@ std::size_t allowClients(std::size_t wanted) {
     return limit.rlim_cur > kOwn ? std::min<std::size_t>(wanted, limit.rlim_cur - kOwn) : 1;
 }
 
-void fill(SqliteDisk& disk, const Options& options, std::int64_t now) {
+InstallationPlan planOf(const Options& options, std::int64_t now) {
     InstallationPlan plan;
     plan.kind = options.empty ? InstallationPlan::Kind::Empty : InstallationPlan::Kind::Demo;
     plan.dataDir = options.demoDir;
     plan.adminPassword = options.adminPassword;
     plan.devices = options.devices;
     plan.now = now;
-    std::vector<DiskChange> changes;
-    for (const RecordPtr& record : makeInstallation(plan))
-        if (resource(record->id()).durable)
-            changes.push_back({record->id(), record->index(), diskText(*record)});
-    const std::string failure = disk.write(changes);
-    if (!failure.empty()) throw std::runtime_error("cannot write the new database: " + failure);
-    log(std::string("made a new database, ") + (options.empty ? "factory new" : "the demo installation"));
-}
-
-/// Opens the database; one that is damaged goes aside, and the new one tells of it.
-std::unique_ptr<SqliteDisk> openDatabase(const std::string& path, Store& store, std::string& damaged,
-                                         const Options& options, const Clock& clock) {
-    std::unique_ptr<SqliteDisk> disk;
-    try {
-        disk = std::make_unique<SqliteDisk>(path);
-        if (disk->load(store) > 0) return disk;
-    } catch (const DatabaseDamaged& error) {
-        disk.reset();
-        store = Store();
-        damaged = setAside(path, clock.now());
-        log(std::string("error: the database is damaged: ") + error.what());
-        log("error: it has been set aside as " + damaged + "; starting with a new one");
-        disk = std::make_unique<SqliteDisk>(path);
-    }
-    fill(*disk, options, clock.now());
-    disk->load(store);
-    return disk;
+    return plan;
 }
 
 /// What the start changes is kept before the first client is heard.
@@ -121,20 +89,30 @@ int serve(const Options& options) {
     lockFolder(options.data);
     SystemClock clock;
     Store store;
-    std::string damaged;
-    const auto disk = openDatabase(options.data + "/zeq.db", store, damaged, options, clock);
+    const std::string database = options.data + "/zeq.db";
+    const auto disk = openDatabase(database, store, planOf(options, clock.now()), log);
     ThreadExecutor executor;
     SyslogSender syslog(static_cast<std::uint16_t>(options.syslogPort), log);
     const auto toSyslog = [&syslog](const std::string& server, const EventLine& event,
                                     const std::string& eid) {
         syslog.send(server, syslogMessage(event, eid));
     };
-    Engine engine({clock, *disk, executor, log, options.settingsDir, toSyslog}, std::move(store));
+    Engine engine(
+        {clock,
+         *disk,
+         executor,
+         log,
+         options.settingsDir,
+         database,
+         toSyslog,
+         hashPassword,
+         {options.uploadDir, options.localServers || options.demo, options.simControl || options.demo}},
+        std::move(store));
     const std::filesystem::path folder = std::filesystem::path(options.socket).parent_path();
     if (!folder.empty()) std::filesystem::create_directories(folder);
     const int listening = listenOn(options.socket);
     Server server(engine, executor, clock, listening, stop, clients);
-    engine.start(options.timeFactor, damaged);
+    engine.start(options.timeFactor);
     settle(engine, executor);
     malloc_trim(0);
     log("serving on " + options.socket);

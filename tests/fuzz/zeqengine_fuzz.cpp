@@ -70,14 +70,21 @@ void checkAnswer(const std::string& answer) {
         __builtin_trap();
 }
 
+/// A request that the program has a fault with is refused and told; here that counts as a crash.
+void faultless(const std::string& line) {
+    if (line.find("a fault in") != std::string::npos) __builtin_trap();
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     StillClock clock;
     PatientDisk disk;
     Queue queue;
-    zeqd::Engine engine({clock, disk, queue, [](const std::string&) {}, "/nonexistent"}, demo());
-    engine.start(1, {});
+    zeqd::Engine engine(
+        {clock, disk, queue, faultless, "/nonexistent", {}, {}, zeqd::hashPassword, {.simControl = true}},
+        demo());
+    engine.start(1);
     const auto settle = [&] {
         do {
             engine.flush();

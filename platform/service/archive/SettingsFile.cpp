@@ -14,6 +14,12 @@ namespace {
 
 constexpr mode_t kMode = 0640; ///< the interface reads it as a member of the service's group
 
+constexpr const char* kFresh = ".new"; ///< behind the name of a file that is being made
+
+const char* nameOf(bool sealed) {
+    return sealed ? "/settings.cze" : "/settings.tar.gz";
+}
+
 class File {
 public:
     explicit File(int fd) : mFd(fd) {}
@@ -54,17 +60,41 @@ bool readAll(int fd, std::string& bytes) {
 std::string saveSettings(const std::string& folder, std::string_view settings, const std::string& password) {
     const std::optional<std::string> bytes = packSettings(settings, password);
     if (!bytes) return "out of memory";
+    if (bytes->size() > kMaxArchive) return "larger than a settings file may be";
     std::error_code failure;
     std::filesystem::create_directories(folder, failure);
     if (failure) return folder + ": " + failure.message();
-    const std::string name = folder + (password.empty() ? "/settings.tar.gz" : "/settings.cze");
-    const std::string fresh = name + ".new";
+    const std::string fresh = folder + nameOf(!password.empty()) + kFresh;
     unlink(fresh.c_str());
-    {
-        const File file(open(fresh.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kMode));
-        if (file.get() < 0 || !writeAll(file.get(), *bytes)) return fresh + ": " + std::strerror(errno);
+    const File file(open(fresh.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kMode));
+    if (file.get() < 0 || !writeAll(file.get(), *bytes)) {
+        const std::string why = fresh + ": " + std::strerror(errno);
+        unlink(fresh.c_str());
+        return why;
     }
-    if (rename(fresh.c_str(), name.c_str()) != 0) return name + ": " + std::strerror(errno);
+    return {};
+}
+
+std::string publishSettings(const std::string& folder, bool sealed) {
+    const std::string name = folder + nameOf(sealed);
+    if (rename((name + kFresh).c_str(), name.c_str()) != 0) return name + ": " + std::strerror(errno);
+    // A file without a password does not stay beside one that was made with care.
+    unlink((folder + nameOf(!sealed)).c_str());
+    const File opened(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (opened.get() < 0 || fsync(opened.get()) != 0) return folder + ": " + std::strerror(errno);
+    return {};
+}
+
+std::string dropSettings(const std::string& folder, bool sealed) {
+    const std::string fresh = folder + nameOf(sealed) + kFresh;
+    return unlink(fresh.c_str()) == 0 ? std::string() : fresh + ": " + std::strerror(errno);
+}
+
+std::string removeSettings(const std::string& folder) {
+    for (const char* name :
+         {"/settings.tar.gz", "/settings.cze", "/settings.tar.gz.new", "/settings.cze.new"})
+        if (unlink((folder + name).c_str()) != 0 && errno != ENOENT && errno != ENOTDIR)
+            return folder + name + ": " + std::strerror(errno);
     return {};
 }
 

@@ -1,103 +1,189 @@
 #include "platform/service/archive/SettingsText.h"
 
+#include "platform/service/archive/SettingsReader.h"
 #include "platform/service/catalogue/Catalogue.h"
-#include "platform/service/core/JsonPtr.h"
-#include "platform/service/record/FieldReader.h"
 #include "platform/service/record/RecordJson.h"
+
+#include <map>
+#include <set>
+#include <unordered_map>
 
 namespace zeqd {
 
 namespace {
 
-constexpr std::string_view kFormat = "zeq-settings";
-constexpr int kVersion = 1;
+using Places = std::unordered_map<std::uint32_t, std::uint32_t>;
 
-enum class Merging {
-    Settings, ///< the one record takes over what clients may write
-    Replace,  ///< the table becomes that of the file
-    ByEid,    ///< records with the same EID take over what clients may write
-};
-struct PartRow {
-    Res id;
-    Merging merging;
-};
-constexpr PartRow kParts[] = {
-    {Res::SystemGlobals, Merging::Settings},
-    {Res::CfgDefaults, Merging::Settings},
-    {Res::EventLogControl, Merging::Settings},
-    {Res::AlertLogControl, Merging::Settings},
-    {Res::User, Merging::Replace},
-    {Res::Edid, Merging::Replace},
-    {Res::Swx, Merging::ByEid},
-    {Res::Rx, Merging::ByEid},
-    {Res::Tx, Merging::ByEid},
-};
-
-/// Copies what clients may write; an update source is no setting.
-void takeOver(const Record& from, Record& to) {
-    for (std::size_t i = 0; i < to.rows().size(); ++i)
-        if (to.rows()[i].access == Access::Write && to.rows()[i].key != "upgradeIndex")
-            to.fields()[i] = from.fields()[i];
+/// Two keys of a user point to Transmitters by their numbers.
+bool pointsToTransmitters(std::string_view key) {
+    return key == "target" || key == "favorite";
 }
 
-void eraseAll(Transaction& tx, Res id) {
-    std::vector<std::uint32_t> indexes;
-    tx.each(id, [&](const RecordPtr& record) {
-        indexes.push_back(record->index());
-        return true;
-    });
-    for (const std::uint32_t index : indexes) tx.erase(id, index);
-}
-
-void applyRecord(Transaction& tx, const PartRow& part, const Record& given) {
-    if (part.merging == Merging::Replace) return tx.put(given);
-    const RecordPtr stored = part.merging == Merging::Settings
-                                 ? tx.find(part.id, 0)
-                                 : tx.findText(part.id, "eid", given.text("eid"));
-    if (!stored) return;
-    Record next = *stored;
-    takeOver(given, next);
-    tx.put(std::move(next));
-}
-
-void applyPart(Transaction& tx, const PartRow& part, const json_t* list, Errors& errors) {
-    const ResourceRow& row = resource(part.id);
-    if (!json_is_array(list) || json_array_size(list) > row.capacity)
-        return addError(errors, Errno::BadContent, std::string(row.name));
-    if (part.merging == Merging::Replace) eraseAll(tx, part.id);
-    for (std::size_t i = 0; i < json_array_size(list) && errors.empty(); ++i) {
-        const json_t* item = json_array_get(list, i);
-        const json_int_t index = json_integer_value(json_object_get(item, "index"));
-        if (!json_is_object(item) || index < 0 || index > kAnyNumber - 1 ||
-            (part.merging == Merging::Replace &&
-             (index == 0 || tx.find(part.id, static_cast<std::uint32_t>(index)))))
-            return addError(errors, Errno::BadContent, std::string(row.name));
-        Record given(part.id, static_cast<std::uint32_t>(index));
-        FieldReader(Writing::Load, errors).merge(item, given.rows(), given.fields());
-        if (errors.empty()) applyRecord(tx, part, given);
+/// "0-17,20". An entry whose Transmitter has gone is left out.
+std::string placesText(const Entries& entries, const Places& places) {
+    std::string out;
+    for (std::size_t i = 0; i < entries.size();) {
+        const auto first = places.find(static_cast<std::uint32_t>(entries[i++][0].number()));
+        if (first == places.end()) continue;
+        std::uint32_t last = first->second;
+        for (; i < entries.size(); ++i, ++last) {
+            const auto next = places.find(static_cast<std::uint32_t>(entries[i][0].number()));
+            if (next == places.end() || next->second != last + 1) break;
+        }
+        if (!out.empty()) out += ',';
+        out += std::to_string(first->second);
+        if (last != first->second) out += '-' + std::to_string(last);
     }
+    return out;
 }
 
-bool administratorLeft(const View& view) {
-    return view.findIf(Res::User, [](const Record& user) {
-        return user.is("role", "admin") && user.enabled("accountEnable");
-    }) != nullptr;
+/// Of a device only what somebody has changed.
+bool isWritten(const SettingsPart& part, const KeyRow& row, const Value& value) {
+    if (row.access == Access::Act || !value.isSet() || pointsToTransmitters(row.key)) return false;
+    if (part.merging == Merging::ByName) return row.access != Access::Internal;
+    if (row.key == "eid") return true;
+    return row.access == Access::Write &&
+           (part.merging == Merging::Settings || !sameValue(value, defaultValue(row)));
 }
+
+void appendRecord(std::string& out, const SettingsPart& part, const Record& record, const Places& places) {
+    out += "{\"index\":" + std::to_string(record.index());
+    const auto begin = [&out](std::string_view key) {
+        out += ',';
+        appendJsonString(out, key);
+        out += ':';
+    };
+    for (std::size_t i = 0; i < record.rows().size(); ++i) {
+        if (!isWritten(part, record.rows()[i], record.fields()[i])) continue;
+        begin(record.rows()[i].key);
+        appendValue(out, record.rows()[i], record.fields()[i], Audience::Disk);
+    }
+    if (part.id == Res::User) {
+        begin(kTargetsKey);
+        appendJsonString(out, placesText(record.at("target").entries(), places));
+        begin(kFavoritesKey);
+        appendJsonString(out, placesText(record.at("favorite").entries(), places));
+    }
+    out += '}';
+}
+
+/// Puts the file's records in place of the system's.
+class Installation {
+public:
+    Installation(Transaction& tx, const SettingsContent& content) : mTx(tx), mContent(content) {
+        for (const SettingsPart& part : kSettingsParts)
+            if (part.merging != Merging::Settings)
+                tx.each(part.id, [&](const RecordPtr& record) {
+                    mBefore[part.id].emplace(nameOf(part, *record), record);
+                    return true;
+                });
+    }
+
+    void add(const SettingsPart& part, SettingsRecord given) {
+        if (part.merging == Merging::ByName) return addNamed(part, std::move(given));
+        const RecordPtr stored = part.merging == Merging::Settings ? mTx.find(part.id, 0)
+                                                                   : before(part, nameOf(part, given.record));
+        if (!stored) return;
+        Record next = *stored;
+        for (std::size_t i = 0; i < next.rows().size(); ++i) // an update source is no setting
+            if (next.rows()[i].access == Access::Write && next.rows()[i].key != "upgradeIndex")
+                next.fields()[i] = given.record.fields()[i];
+        if (part.id == Res::Rx) {
+            const auto user = mUsers.find(next.number("autoLoginUserIndex"));
+            next.set("autoLoginUserIndex", user == mUsers.end() ? 0 : user->second);
+        }
+        mTx.put(std::move(next));
+    }
+
+    /// What the file does not have goes, and what pointed there.
+    void finish() {
+        for (const Res id : {Res::User, Res::Edid})
+            for (const auto& [name, record] : mBefore[id])
+                if (!mKept.contains({id, record->index()})) mTx.erase(id, record->index());
+        std::vector<Record> cleared;
+        mTx.each(Res::Rx, [&](const RecordPtr& rx) {
+            const std::uint32_t user = rx->number("autoLoginUserIndex");
+            if (user ? !mTx.find(Res::User, user) : rx->enabled("autoLoginControl")) cleared.push_back(*rx);
+            return true;
+        });
+        for (Record& rx : cleared) {
+            rx.set("autoLoginUserIndex", 0).choose("autoLoginControl", "disabled");
+            mTx.put(std::move(rx));
+        }
+        mReport.logins = cleared.size();
+        mReport.targets += mContent.unknown;
+    }
+
+    const SettingsReport& report() const { return mReport; }
+
+private:
+    static std::string nameOf(const SettingsPart& part, const Record& record) {
+        if (part.merging == Merging::ByEid) return record.text("eid");
+        const std::string& name = record.text("name");
+        return name.empty() && part.id == Res::User ? " " + record.text("mgrName") : name;
+    }
+    RecordPtr before(const SettingsPart& part, const std::string& name) const {
+        const auto& records = mBefore.at(part.id);
+        const auto found = records.find(name);
+        return found == records.end() ? nullptr : found->second;
+    }
+
+    void addNamed(const SettingsPart& part, SettingsRecord given) {
+        const RecordPtr same = before(part, nameOf(part, given.record));
+        // The block of a monitor never changes under its index.
+        const bool keeps = same && (part.id != Res::Edid || same->text("data") == given.record.text("data"));
+        Record next(part.id, keeps ? same->index() : mTx.nextIndex(part.id));
+        next.fields() = given.record.fields();
+        if (part.id == Res::User) {
+            mUsers[given.record.index()] = next.index();
+            next.at("target") = entriesOf(given.targets);
+            next.at("favorite") = entriesOf(given.favorites);
+        }
+        mKept.emplace(part.id, next.index());
+        mTx.put(std::move(next));
+    }
+
+    EntriesPtr entriesOf(const std::vector<std::uint32_t>& places) {
+        const SettingsPart part{Res::Tx, Merging::ByEid};
+        auto entries = std::make_shared<Entries>();
+        for (const std::uint32_t place : places) {
+            if (const RecordPtr tx = before(part, mContent.eids[place]))
+                entries->push_back({Value(static_cast<std::int64_t>(tx->index()))});
+            else
+                ++mReport.targets;
+        }
+        return entries;
+    }
+
+    Transaction& mTx;
+    const SettingsContent& mContent;
+    SettingsReport mReport;
+    std::map<Res, std::unordered_map<std::string, RecordPtr>> mBefore; ///< by name or EID
+    std::unordered_map<std::uint32_t, std::uint32_t> mUsers;           ///< index in the file: index here
+    std::set<std::pair<Res, std::uint32_t>> mKept;
+};
 
 } // namespace
 
 std::string settingsText(const View& view, std::int64_t now) {
-    std::string out = "{\"format\":\"" + std::string(kFormat) + "\",\"version\":" + std::to_string(kVersion) +
-                      ",\"created\":" + std::to_string(now) + ",\"records\":{";
-    for (const PartRow& part : kParts) {
+    std::string out = "{\"format\":\"" + std::string(kSettingsFormat) +
+                      "\",\"version\":" + std::to_string(kSettingsVersion) +
+                      ",\"created\":" + std::to_string(now) + ",\n\"eids\":[";
+    Places places;
+    view.each(Res::Tx, [&](const RecordPtr& tx) {
+        if (out.back() != '[') out += ',';
+        appendJsonString(out, tx->text("eid"));
+        places.emplace(tx->index(), static_cast<std::uint32_t>(places.size()));
+        return true;
+    });
+    out += "],\n\"records\":{";
+    for (const SettingsPart& part : kSettingsParts) {
         if (out.back() != '{') out += ",\n";
         appendJsonString(out, resource(part.id).name);
         out += ":[";
         view.each(part.id, [&](const RecordPtr& record) {
             if (out.back() != '[') out += ",\n";
-            out += "{\"index\":" + std::to_string(record->index());
-            appendFields(out, record->rows(), record->fields(), Audience::Disk, false);
-            out += '}';
+            appendRecord(out, part, *record, places);
             return true;
         });
         out += ']';
@@ -105,20 +191,22 @@ std::string settingsText(const View& view, std::int64_t now) {
     return out + "}}";
 }
 
-void applySettings(Transaction& tx, std::string_view text, Errors& errors) {
-    const JsonPtr root(json_loadb(text.data(), text.size(), JSON_REJECT_DUPLICATES, nullptr));
-    const json_t* format = json_object_get(root.get(), "format");
-    const json_t* records = json_object_get(root.get(), "records");
-    if (!json_is_string(format) || json_string_value(format) != kFormat || !json_is_object(records))
-        return addError(errors, Errno::BadContent, "service.detail.settings_foreign");
-    if (json_integer_value(json_object_get(root.get(), "version")) != kVersion)
-        return addError(errors, Errno::BadContent, "service.detail.settings_version");
-    for (const PartRow& part : kParts)
-        if (errors.empty())
-            applyPart(tx, part, json_object_get(records, std::string(resource(part.id).name).c_str()),
-                      errors);
-    if (errors.empty() && !administratorLeft(tx))
-        addError(errors, Errno::BadContent, "service.detail.last_administrator");
+void checkSettings(std::string_view text, Errors& errors) {
+    SettingsContent content;
+    readSettings(
+        text, content, [](const SettingsPart&, const SettingsRecord&) {}, errors);
+}
+
+SettingsReport applySettings(Transaction& tx, std::string_view text, Errors& errors) {
+    // A text that is not sound must not be half installed, and the lists come before the records.
+    SettingsContent content;
+    Installation installation(tx, content);
+    readSettings(
+        text, content,
+        [&](const SettingsPart& part, SettingsRecord given) { installation.add(part, std::move(given)); },
+        errors);
+    if (errors.empty()) installation.finish();
+    return installation.report();
 }
 
 } // namespace zeqd

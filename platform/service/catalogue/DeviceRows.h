@@ -40,6 +40,10 @@ inline constexpr KeyRow kFlash =
     number("simFlash", 0, kAnyNumber, "number of the flash that runs or ran last").internal().silent();
 inline constexpr KeyRow kFailure =
     choice("simFailure", values::simFailure, "how the next firmware update fails").internal().silent();
+inline constexpr KeyRow kOwed =
+    choice("simOwed", values::simOwed, "what was promised and is still to be done, also after a crash")
+        .internal()
+        .silent();
 inline constexpr KeyRow kSwxOf =
     number("simSwx", 0, kAnyNumber, "index of the Switch it is plugged in to").internal();
 inline constexpr KeyRow kPortOf =
@@ -99,6 +103,7 @@ inline constexpr KeyRow kSwx[] = {
     kPowered,
     kNextVersion,
     kFailure,
+    kOwed,
     number("simPortCount", 1, 4096, "number of ports").def("36").internal(),
 };
 
@@ -159,6 +164,7 @@ inline constexpr KeyRow kRx[] = {
     kPortOf.also(2),
     kNextVersion,
     kFailure,
+    kOwed,
     binary("simMonitor", 0, 256, "EDID of the attached monitor").internal().silent(),
 };
 
@@ -194,6 +200,7 @@ inline constexpr KeyRow kTx[] = {
     kPortOf.also(2),
     kNextVersion,
     kFailure,
+    kOwed,
     binary("simEdid", 0, 256, "EDID shown to the computer").internal().silent(),
     number("simVideoMode", 0, 64, "number of the video mode that the computer sends").internal().silent(),
 };

@@ -60,6 +60,7 @@ ZEQD_VALUES(edidAction, "pull", "push");
 ZEQD_VALUES(cascadeRoleAction, "force_role_switch", "link_peer", "promote_peer", "unlink_peer");
 ZEQD_VALUES(settingsAction, "unzip", "zip");
 ZEQD_VALUES(simFailure, "none", "push", "flash");
+ZEQD_VALUES(simOwed, "nothing", "reset", "restore", "restore_partial");
 ZEQD_VALUES(simAction, "offline", "online", "time", "step", "video", "attach", "fail_flash", "fail_push",
             "poke", "alert");
 

@@ -22,7 +22,7 @@ struct FailureAlert {
 struct SettingsResult {
     Errno error = {};
     std::string detail;
-    std::string text; ///< of a file that was read
+    std::string text; ///< of a file that was read: its settings, packed without a password
 };
 
 /// What was worked out off the event loop before the request was run.

@@ -11,14 +11,20 @@
 #include "platform/service/request/WriteRequest.h"
 #include "platform/service/rules/SettingsFiles.h"
 #include "platform/service/secret/PasswordHash.h"
+#include "platform/service/sim/SwitchLife.h"
+#include "platform/service/store/SqliteDisk.h"
+
+#include <algorithm>
 
 namespace zeqd {
 
 namespace {
 
 constexpr std::size_t kMaxBatch = 256;
-/// Simulated milliseconds after which a step that could not be kept is tried again.
+/// Milliseconds after which a step that could not be kept is tried again.
 constexpr std::int64_t kRetryMs = 5000;
+/// A batch that failed is tried write by write, until so many have failed in a row: then it is the disk.
+constexpr std::size_t kMaxFailedAlone = 3;
 /// Logins and new passwords that may wait for their hash; more are turned away.
 constexpr std::size_t kMaxHashing = 64;
 
@@ -42,6 +48,18 @@ bool isLogin(const ZeqRequest& request) {
     return request.resource->id == Res::AdminSession && request.method == Method::Create;
 }
 
+SettingsResult readSettingsFile(const std::string& path, const std::string& password) {
+    std::string why;
+    const std::optional<std::string> text = loadSettings(path, password, why);
+    if (!text) return {Errno::BadContent, why, {}};
+    Errors errors;
+    checkSettings(*text, errors);
+    if (!errors.empty()) return {errors.front().number, errors.front().detail, {}};
+    const std::optional<std::string> packed = packSettings(*text, {});
+    if (!packed) return {Errno::General, "service.detail.settings_file", {}};
+    return {{}, {}, *packed};
+}
+
 bool isSettingsFile(const ZeqRequest& request) {
     return request.resource->id == Res::SwxControl &&
            json_object_get(request.params.get(), "settingsAction") != nullptr;
@@ -55,14 +73,35 @@ Engine::Engine(EngineParts parts, Store store)
 
 Engine::~Engine() = default;
 
+std::optional<std::string> Engine::answerNow(ClientId client, std::string_view text,
+                                             ZeqRequest& request) const {
+    try {
+        Errors errors;
+        interpret(text, request, errors);
+        if (!errors.empty()) return errorText(request.id, errors);
+        if (const char* why = sessionGone(mStore, client); why && !isLogin(request))
+            return errorText(request.id, {{Errno::NotAuthorized, why}});
+        if (request.resource->id == Res::SimControl && !mParts.options.simControl)
+            return errorText(request.id,
+                             {{Errno::NotAllowed, "the service was started without --sim-control"}});
+        if (request.method == Method::Get) return answerRead(mStore, request, mParts.clock.now());
+        return std::nullopt;
+    } catch (const std::exception& error) {
+        return fault(request, error);
+    }
+}
+
+std::string Engine::fault(const ZeqRequest& request, const std::exception& error) const {
+    mParts.log("error: a fault in a request on " +
+               (request.resource ? std::string(request.resource->name) : std::string("nothing")) +
+               ", which is refused: " + error.what());
+    return errorText(request.id, {{Errno::General, {}}});
+}
+
 void Engine::request(ClientId client, std::string_view text, Reply reply) {
     auto request = std::make_shared<ZeqRequest>();
-    Errors errors;
-    interpret(text, *request, errors);
-    if (!errors.empty()) return reply(errorText(request->id, errors));
-    if (const char* why = sessionGone(mStore, client); why && !isLogin(*request))
-        return reply(errorText(request->id, {{Errno::NotAuthorized, why}}));
-    if (request->method == Method::Get) return reply(answerRead(mStore, *request, mParts.clock.now()));
+    if (std::optional<std::string> answer = answerNow(client, text, *request))
+        return reply(std::move(*answer));
     if (isLogin(*request)) return verifyLogin(request, client, std::move(reply));
     if (isSettingsFile(*request)) return prepareSettings(request, client, std::move(reply));
     const std::set<std::string> secrets = secretsOf(*request);
@@ -72,8 +111,8 @@ void Engine::request(ClientId client, std::string_view text, Reply reply) {
     auto prepared = std::make_shared<Prepared>();
     mParts.executor.run(
         Lane::Hash,
-        [prepared, secrets] {
-            for (const std::string& secret : secrets) prepared->hashes[secret] = hashPassword(secret);
+        [prepared, secrets, hash = mParts.hash] {
+            for (const std::string& secret : secrets) prepared->hashes[secret] = hash(secret);
         },
         [this, request, client, prepared, reply = std::move(reply)] {
             --mHashing;
@@ -117,53 +156,90 @@ void Engine::verifyLogin(const std::shared_ptr<ZeqRequest>& request, ClientId cl
 }
 
 void Engine::prepareSettings(const std::shared_ptr<ZeqRequest>& request, ClientId client, Reply reply) {
+    // A restore that is under way is to find no file that comes behind it.
+    if (const RecordPtr self = mStore.find(Res::Swx, kThisSwitch); self && self->is("status", "resetting"))
+        return reply(errorText(request->id, {{Errno::SwxResetting, {}}}));
+    Errors errors;
+    checkAction(*request, errors);
+    for (const char* other : {"eid", "cascadeRoleAction"})
+        if (json_object_get(request->params.get(), other)) addError(errors, Errno::InvalidParameter, other);
+    if (!errors.empty()) return reply(errorText(request->id, errors));
+    if (textParam(*request, "settingsAction") == "zip")
+        return makeSettings(request, client, std::move(reply));
     auto prepared = std::make_shared<Prepared>();
-    const std::string action = textParam(*request, "settingsAction");
-    std::function<void()> work;
-    if (action == "zip") {
-        work = [prepared, password = textParam(*request, "settingsPassword"), folder = mParts.settingsDir,
-                text = settingsText(mStore, mParts.clock.now()), log = mParts.log] {
-            const std::string failure = saveSettings(folder, text, password);
-            if (failure.empty()) return;
-            prepared->settings = {Errno::General, "service.detail.settings_folder", {}};
-            log("error: no settings file: " + failure);
-        };
-    } else {
-        work = [prepared, password = textParam(*request, "settingsPassword"),
-                path = textParam(*request, "settingsFilename")] {
-            std::string why;
-            std::optional<std::string> text = loadSettings(path, password, why);
-            if (text)
-                prepared->settings.text = std::move(*text);
-            else
-                prepared->settings = {Errno::BadContent, why, {}};
-        };
+    prepared->settings = {Errno::General, "service.detail.settings_file", {}};
+    mParts.executor.run(
+        Lane::Archive,
+        [prepared, password = textParam(*request, "settingsPassword"),
+         path = textParam(*request, "settingsFilename")] {
+            prepared->settings = readSettingsFile(path, password);
+        },
+        [this, request, client, prepared, reply = std::move(reply)] {
+            submitRequest(request, client, std::move(*prepared), reply);
+        });
+}
+
+/// The file takes the place of the one before only when nothing stands against the request any more.
+void Engine::makeSettings(const std::shared_ptr<ZeqRequest>& request, ClientId client, Reply reply) {
+    auto failure = std::make_shared<std::string>("it was not tried");
+    const auto answer = [this, request, failure, reply] {
+        if (failure->empty()) return reply(answerText(request->id));
+        mParts.log("error: no settings file: " + *failure);
+        reply(errorText(request->id, {{Errno::General, "service.detail.settings_folder"}}));
+    };
+    mParts.executor.run(
+        Lane::Archive,
+        [failure, password = textParam(*request, "settingsPassword"), folder = mParts.settingsDir,
+         store = std::make_shared<const Store>(mStore),
+         now = mParts.clock.now()] { *failure = saveSettings(folder, settingsText(*store, now), password); },
+        [this, request, client, failure, answer, reply] {
+            if (!failure->empty()) return answer();
+            const char* why = sessionGone(mStore, client);
+            const bool sealed = !textParam(*request, "settingsPassword").empty();
+            mParts.executor.run(
+                Lane::Archive,
+                [failure, sealed, keep = why == nullptr, folder = mParts.settingsDir] {
+                    *failure = "it was not tried";
+                    *failure = keep ? publishSettings(folder, sealed) : dropSettings(folder, sealed);
+                },
+                [this, request, why, answer, reply] {
+                    if (!why) return answer();
+                    reply(errorText(request->id, {{Errno::NotAuthorized, why}}));
+                });
+        });
+}
+
+bool Engine::runRequest(const ZeqRequest& request, ClientId client, const Prepared& prepared, Transaction& tx,
+                        std::string& answer) const {
+    Errors errors;
+    Context context{tx, errors, mParts.clock.now(), request.method, client, prepared};
+    if (const char* why = sessionGone(tx, client); why && !isLogin(request)) {
+        answer = errorText(request.id, {{Errno::NotAuthorized, why}});
+        return false;
     }
-    mParts.executor.run(Lane::Archive, std::move(work),
-                        [this, request, client, prepared, reply = std::move(reply)] {
-                            submitRequest(request, client, std::move(*prepared), reply);
-                        });
+    answer = runWrite(request, context);
+    if (errors.empty()) return true;
+    // A refusal keeps nothing of the request, but the event that tells of it.
+    tx.clear();
+    if (context.failureAlert.kind)
+        raiseAlert(tx, context.now, *context.failureAlert.kind, thisSwitchEid(tx),
+                   context.failureAlert.message);
+    return false;
 }
 
 void Engine::submitRequest(const std::shared_ptr<ZeqRequest>& request, ClientId client, Prepared prepared,
                            Reply reply) {
     auto answer = std::make_shared<std::string>();
     Write write;
+    write.session = request->resource->id == Res::AdminSession;
     write.run = [this, request, client, prepared = std::move(prepared), answer](Transaction& tx) {
-        Errors errors;
-        Context context{tx, errors, mParts.clock.now(), request->method, client, prepared};
-        if (const char* why = sessionGone(tx, client); why && !isLogin(*request)) {
-            *answer = errorText(request->id, {{Errno::NotAuthorized, why}});
+        try {
+            return runRequest(*request, client, prepared, tx, *answer);
+        } catch (const std::exception& error) {
+            tx.clear();
+            *answer = fault(*request, error);
             return false;
         }
-        *answer = runWrite(*request, context);
-        if (errors.empty()) return true;
-        // A refusal keeps nothing of the request, but the event that tells of it.
-        tx.clear();
-        if (context.failureAlert.kind)
-            raiseAlert(tx, context.now, *context.failureAlert.kind, thisSwitchEid(tx),
-                       context.failureAlert.message);
-        return false;
     };
     write.done = [this, client, request, answer, reply = std::move(reply)](bool kept) {
         if (mLoggingIn.erase(client) && kept && isLogin(*request)) noteLogin(client);
@@ -197,43 +273,139 @@ void Engine::submit(Write write) {
     mWrites.push_back(std::move(write));
 }
 
+void Engine::submitStep(std::function<void(Transaction&)> run, bool session) {
+    const auto again = [this, run](bool kept) {
+        if (!kept) mAgain.emplace_back(mParts.clock.monotonicMs() + kRetryMs, run);
+    };
+    submit({[run = std::move(run)](Transaction& tx) {
+                run(tx);
+                return true;
+            },
+            again, session});
+}
+
 void Engine::flush() {
     while (!mBusy && !mWrites.empty()) startBatch();
+}
+
+void Engine::removeFiles() const {
+    for (const std::string& failure : {removeSettings(mParts.settingsDir), removeSetAside(mParts.database)})
+        if (!failure.empty()) mParts.log("error: a file of before the factory restore stays: " + failure);
 }
 
 void Engine::startBatch() {
     mBusy = true;
     mBatch = std::make_unique<Transaction>(&mStore);
     while (!mWrites.empty() && mBatchWrites.size() < kMaxBatch) {
+        if (mWrites.front().alone && !mBatchWrites.empty()) break;
         Write write = std::move(mWrites.front());
         mWrites.pop_front();
         Transaction tx(mBatch.get());
-        const bool good = write.run(tx);
-        moveChangeStatus(tx);
+        bool good = false;
+        try {
+            good = write.run(tx);
+            moveChangeStatus(tx);
+        } catch (const std::exception& error) {
+            tx.clear(); // the fault comes again each time, so a step is not tried again
+            mParts.log(std::string("error: a fault in a step, which is left out: ") + error.what());
+        }
         mBatch->merge(std::move(tx));
         mBatchWrites.emplace_back(std::move(write), good);
+        if (mBatchWrites.back().first.alone) break;
     }
-    auto changes = std::make_shared<std::vector<DiskChange>>(diskChanges(*mBatch));
+    const bool alone = mBatchWrites.front().first.alone;
+    if (!alone) mFailedAlone = 0;
+    auto changes = std::make_shared<std::vector<DiskChange>>(changesToKeep());
     if (changes->empty()) return finishBatch({});
-    auto failure = std::make_shared<std::string>();
+    if (alone && mFailedAlone >= kMaxFailedAlone)
+        return finishBatch("not tried after the failures before it");
+    auto failure = std::make_shared<std::string>("it was not tried");
     mParts.executor.run(
         Lane::Disk, [this, changes, failure] { *failure = mParts.disk.write(*changes); },
         [this, failure] { finishBatch(*failure); });
 }
 
+std::vector<DiskChange> Engine::changesToKeep() const {
+    std::vector<DiskChange> changes = diskChanges(*mBatch);
+    if (changes.empty()) return changes;
+    for (const auto& [id, index] : mUnkept) {
+        if (mBatch->changes().contains({id, index})) continue;
+        DiskChange change{id, index, std::nullopt};
+        if (const RecordPtr record = mStore.find(id, index)) change.body = diskText(*record);
+        changes.push_back(std::move(change));
+    }
+    return changes;
+}
+
+void Engine::applyBatch() {
+    mStore.apply(*mBatch);
+    for (const TimedTask& task : mBatch->tasks()) mSchedule.add(mParts.clock.monotonicMs(), task);
+    for (const EventLine& line : mBatch->logLines()) tell(line);
+}
+
+/// A full disk is to lock no administrator out. The session is no record on disk anyway; its event and the
+/// change numbers get there later.
+bool Engine::keepInMemory() {
+    const auto& [write, good] = mBatchWrites.front();
+    if (mBatchWrites.size() != 1 || !(write.session || !good)) return false;
+    for (const auto& [key, record] : mBatch->changes())
+        if (key.first != Res::AdminSession && key.first != Res::ChangeStatus &&
+            key.first != Res::UnacknowledgedAlerts && key.first != Res::HistoricalAlerts)
+            return false;
+    applyBatch();
+    for (const auto& [key, record] : mBatch->changes())
+        if (resource(key.first).durable) mUnkept.insert(key);
+    return true;
+}
+
+/// All that was ever answered as kept is in memory: a database that turns out to be damaged is written anew from there, and
+/// the batch is tried again.
+void Engine::renewDisk(const std::string& failure) {
+    mRenewed = true;
+    mParts.log("error: the database is damaged, it is written anew: " + failure);
+    auto content = std::make_shared<DiskContent>(mStore.content());
+    auto result = std::make_shared<std::string>("it was not tried");
+    mParts.executor.run(
+        Lane::Disk, [this, content, result] { *result = mParts.disk.renew(*content); },
+        [this, result] {
+            if (!result->empty()) return finishBatch("it could not be written anew: " + *result);
+            mBatch.reset();
+            for (; !mBatchWrites.empty(); mBatchWrites.pop_back())
+                mWrites.push_front(std::move(mBatchWrites.back().first));
+            mBusy = false;
+            submitStep([this](Transaction& tx) {
+                addAlert(
+                    tx, mParts.clock.now(), "error", thisSwitchEid(tx),
+                    "The database was found damaged. It has been set aside and written anew; nothing is lost.");
+            });
+        });
+}
+
 void Engine::finishBatch(const std::string& failure) {
-    const bool kept = failure.empty();
-    if (kept) {
-        mStore.apply(*mBatch);
-        for (const TimedTask& task : mBatch->tasks()) mSchedule.add(mParts.clock.monotonicMs(), task);
-        for (const EventLine& line : mBatch->logLines()) tell(line);
+    const bool written = failure.empty();
+    bool kept = written;
+    if (!written && mParts.disk.damaged() && !mRenewed) return renewDisk(failure);
+    if (written) {
+        mRenewed = false;
+        if (!diskChanges(*mBatch).empty()) mUnkept.clear();
+        applyBatch();
     } else {
         mParts.log("error: writing to the database failed, nothing of it is kept: " + failure);
+        kept = keepInMemory();
     }
     mBatch.reset();
     std::vector<std::pair<Write, bool>> writes;
     writes.swap(mBatchWrites);
     mBusy = false;
+    // One that the disk does not take is to refuse itself and not those that came with it.
+    if (!kept && writes.size() > 1) {
+        for (auto write = writes.rbegin(); write != writes.rend(); ++write) {
+            write->first.alone = true;
+            mWrites.push_front(std::move(write->first));
+        }
+        return;
+    }
+    mFailedAlone = written ? 0 : mFailedAlone + 1;
     // A request that was refused has its answer whatever became of the disk.
     for (auto& [write, good] : writes)
         if (write.done) write.done(kept || !good);
@@ -251,46 +423,39 @@ void Engine::clientGone(ClientId client) {
     mHolders.erase(client);
     if (!loggingIn && !mStore.findNumber(Res::AdminSession, "simClient", static_cast<std::uint32_t>(client)))
         return;
-    submit({[this, client](Transaction& tx) {
-                endAdminSessionsOfClient(tx, mParts.clock.now(), client);
-                return true;
-            },
-            {}});
+    submitStep([this, client](Transaction& tx) { endAdminSessionsOfClient(tx, mParts.clock.now(), client); });
 }
 
 void Engine::runDue() {
-    const auto again = [this](const Task& task) {
-        return [this, task](bool kept) {
-            if (!kept) mSchedule.add(mParts.clock.monotonicMs(), {task, kRetryMs});
-        };
-    };
-    for (const Task& task : mSchedule.takeDue(mParts.clock.monotonicMs()))
-        submit({[this, task](Transaction& tx) {
-                    mSimulation->run(task, tx);
-                    return true;
-                },
-                again(task)});
+    const std::int64_t now = mParts.clock.monotonicMs();
+    for (; !mAgain.empty() && mAgain.front().first <= now; mAgain.pop_front())
+        submitStep(std::move(mAgain.front().second));
+    for (const Task& task : mSchedule.takeDue(now))
+        if (!mSimulation->runNow(task))
+            submitStep([this, task](Transaction& tx) { mSimulation->run(task, tx); });
 }
 
-void Engine::start(std::int64_t timeFactor, const std::string& damaged) {
+void Engine::start(std::int64_t timeFactor) {
     mSchedule.setFactor(mParts.clock.monotonicMs(), timeFactor);
-    submit({[this, damaged](Transaction& tx) {
-                if (!damaged.empty())
-                    addAlert(tx, mParts.clock.now(), "error", thisSwitchEid(tx),
-                             "The database was damaged. It has been set aside as " + damaged +
-                                 ", and the Switch has started with a new one.");
-                if (installPendingSettings(tx))
-                    addAlert(tx, mParts.clock.now(), "info", thisSwitchEid(tx),
-                             "Settings of a settings file have been installed");
-                mSimulation->resume(tx);
-                return true;
-            },
-            {}});
+    const bool restore = owesRestore(mStore);
+    if (restore) removeFiles();
+    submitStep([this, restore](Transaction& tx) {
+        const std::int64_t now = mParts.clock.now();
+        if (restore)
+            factoryThisSwitch(tx, now);
+        else if (std::string told = installPendingSettings(tx); !told.empty()) {
+            if (!tx.singleton(Res::EventLogControl).enabled("info")) mParts.log(told);
+            addAlert(tx, now, "info", thisSwitchEid(tx), std::move(told));
+        }
+        mSimulation->resume(tx);
+    });
     flush();
 }
 
 std::optional<std::int64_t> Engine::nextDue() const {
-    return mSchedule.nextDue();
+    const std::optional<std::int64_t> next = mSchedule.nextDue();
+    if (mAgain.empty()) return next;
+    return std::min(next.value_or(INT64_MAX), mAgain.front().first);
 }
 
 } // namespace zeqd

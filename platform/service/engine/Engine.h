@@ -9,6 +9,7 @@
 #include "platform/service/engine/Schedule.h"
 #include "platform/service/engine/Seams.h"
 #include "platform/service/request/ZeqRequest.h"
+#include "platform/service/secret/PasswordHash.h"
 #include "platform/service/store/Disk.h"
 #include "platform/service/store/Store.h"
 
@@ -21,6 +22,12 @@ namespace zeqd {
 
 class Simulation;
 
+struct EngineOptions {
+    std::string uploadDir = "/tmp"; ///< firmware files of this machine come from there and nowhere else
+    bool localServers = false;      ///< firmware servers may be on this machine or its own link
+    bool simControl = false;        ///< clients may steer the simulation
+};
+
 struct EngineParts {
     Clock& clock;
     Disk& disk;
@@ -28,9 +35,14 @@ struct EngineParts {
     /// Lines for the event log.
     std::function<void(const std::string&)> log;
     std::string settingsDir; ///< where settings files are made
+    std::string database =
+        {}; ///< path of the database; what was set aside from it goes with a factory restore
     /// An event for the syslog server (an IP address, empty = none), from the Switch of that EID. May be empty.
     std::function<void(const std::string& server, const EventLine& event, const std::string& eid)> syslog =
         {};
+    /// Of a password, off the event loop; empty when memory runs out.
+    std::function<std::string(std::string_view)> hash = hashPassword;
+    EngineOptions options = {};
 };
 
 class Engine {
@@ -52,8 +64,8 @@ public:
     /// Runs what the simulation has due.
     void runDue();
     /// Begins the simulation, and settles what a stop in the middle left behind: reboots go on, updates that
-    /// were lost fail. `damaged`: where a damaged database was set aside, or empty.
-    void start(std::int64_t timeFactor, const std::string& damaged);
+    /// were lost fail.
+    void start(std::int64_t timeFactor);
 
     const Store& store() const { return mStore; }
     /// Monotonic milliseconds at which runDue has something to do; nothing while nothing happens.
@@ -70,18 +82,36 @@ private:
     struct Write {
         std::function<bool(Transaction&)> run;
         std::function<void(bool kept)> done;
+        bool session = false; ///< a login or logout: on a full disk it is kept in memory
+        bool alone = false;   ///< its batch has failed: is tried by itself
     };
+    /// An answer that is there at once, or nothing when the request goes on.
+    std::optional<std::string> answerNow(ClientId client, std::string_view text, ZeqRequest& request) const;
+    /// The answer to a request that this program has a fault with.
+    std::string fault(const ZeqRequest& request, const std::exception& error) const;
     void submit(Write write);
+    /// What the service does of itself: tried again while it cannot be kept.
+    void submitStep(std::function<void(Transaction&)> run, bool session = false);
     void submitRequest(const std::shared_ptr<ZeqRequest>& request, ClientId client, Prepared prepared,
                        Reply reply);
+    /// In the transaction; false when it is refused.
+    bool runRequest(const ZeqRequest& request, ClientId client, const Prepared& prepared, Transaction& tx,
+                    std::string& answer) const;
     void verifyLogin(const std::shared_ptr<ZeqRequest>& request, ClientId client, Reply reply);
+    void makeSettings(const std::shared_ptr<ZeqRequest>& request, ClientId client, Reply reply);
     void prepareSettings(const std::shared_ptr<ZeqRequest>& request, ClientId client, Reply reply);
     /// Why this client, which was logged in, is no longer, as a message key; null when it is, or never was.
     const char* sessionGone(const View& view, ClientId client) const;
     void noteLogin(ClientId client);
     void startBatch();
     void tell(const EventLine& event);
+    /// Removes the files that hold what a factory restore forgets. Takes its time.
+    void removeFiles() const;
     void finishBatch(const std::string& failure);
+    bool keepInMemory();
+    void renewDisk(const std::string& failure);
+    void applyBatch();
+    std::vector<DiskChange> changesToKeep() const;
     void restart() { mRestart = true; }
 
     EngineParts mParts;
@@ -89,6 +119,8 @@ private:
     Schedule mSchedule;
     std::unique_ptr<Simulation> mSimulation;
     std::deque<Write> mWrites;
+    /// Steps whose batch could not be kept, and when they are tried again (monotonic milliseconds).
+    std::deque<std::pair<std::int64_t, std::function<void(Transaction&)>>> mAgain;
     std::unique_ptr<Transaction> mBatch;              ///< being written to disk
     std::vector<std::pair<Write, bool>> mBatchWrites; ///< with what each run answered
     std::size_t mHashing = 0;                         ///< logins and new passwords being worked out
@@ -100,6 +132,10 @@ private:
         std::string hash;
     };
     std::map<ClientId, Holder> mHolders;
+    std::set<Transaction::Key>
+        mUnkept;                  ///< records that are ahead of the disk; the next batch takes them along
+    std::size_t mFailedAlone = 0; ///< so many writes in a row have failed by themselves
+    bool mRenewed = false;        ///< the disk has been written anew since it last took something
     bool mBusy = false;
     bool mRestart = false;
 };

@@ -2,6 +2,7 @@
 
 #include "platform/service/engine/Engine.h"
 #include "platform/service/sim/Cascade.h"
+#include "platform/service/sim/Firmware.h"
 #include "platform/service/sim/Life.h"
 #include "platform/service/sim/Resume.h"
 #include "platform/service/sim/SwitchLife.h"
@@ -25,7 +26,6 @@ constexpr StepRow kSteps[] = {
     {Step::SwitchDown, switchDown},
     {Step::SwitchBack, switchBack},
     {Step::SwitchReady, switchReady},
-    {Step::FactoryThisSwitch, factoryThisSwitch},
     {Step::NtpResult, ntpResult},
     {Step::UpgradeProgress, upgradeProgress},
     {Step::UpgradeReset, upgradeReset},
@@ -39,16 +39,44 @@ std::int64_t Simulation::now() const {
     return mEngine.mParts.clock.now();
 }
 
+bool Simulation::runNow(const Task& task) {
+    switch (static_cast<Step>(task.kind)) {
+    case Step::RestartService:
+        mEngine.restart();
+        return true;
+    case Step::SetFactor:
+        mEngine.mSchedule.setFactor(mEngine.mParts.clock.monotonicMs(), task.argument);
+        return true;
+    case Step::JumpAhead:
+        mEngine.mSchedule.step(task.argument);
+        return true;
+    case Step::FactoryThisSwitch:
+        restore();
+        return true;
+    default:
+        return false;
+    }
+}
+
 void Simulation::run(const Task& task, Transaction& tx) {
     const auto step = static_cast<Step>(task.kind);
-    const std::int64_t monotonic = mEngine.mParts.clock.monotonicMs();
-    if (step == Step::RestartService) return mEngine.restart();
-    if (step == Step::SetFactor) return mEngine.mSchedule.setFactor(monotonic, task.argument);
-    if (step == Step::JumpAhead) return mEngine.mSchedule.step(task.argument);
     if (step == Step::UpgradeFetch) return fetch(task, tx);
     StepContext context{tx, now(), task};
     for (const StepRow& row : kSteps)
         if (row.step == step) row.run(context);
+}
+
+/// The files go first: a service that dies in between finds the restore still owed.
+void Simulation::restore() {
+    mEngine.mParts.executor.run(
+        Lane::Archive, [this] { mEngine.removeFiles(); },
+        [this] {
+            mEngine.submitStep([this](Transaction& tx) {
+                if (!owesRestore(tx)) return;
+                factoryThisSwitch(tx, now());
+                tx.later(span::kRestart, makeTask(Step::RestartService));
+            });
+        });
 }
 
 /// A file that several devices are to have is fetched once.
@@ -67,7 +95,13 @@ void Simulation::fetch(const Task& task, Transaction& tx) {
     if (again || waiting.size() > 1) return;
     auto fetched = std::make_shared<FetchedFirmware>();
     mEngine.mParts.executor.run(
-        Lane::Fetch, [source, fetched] { *fetched = fetchFirmware(*source); },
+        Lane::Fetch,
+        [source, fetched,
+         rules = FetchRules{.limit = kMaxFirmware,
+                            .folder = mEngine.mParts.options.uploadDir,
+                            .localServers = mEngine.mParts.options.localServers}] {
+            *fetched = fetchFirmware(*source, rules);
+        },
         [this, upgrade = task.argument, fetched] { hasFetched(upgrade, fetched); });
 }
 
@@ -75,12 +109,10 @@ void Simulation::hasFetched(std::uint32_t upgrade, const std::shared_ptr<Fetched
     const std::vector<Task> waiting = std::move(mFetching[upgrade]);
     mFetching.erase(upgrade);
     for (const Task& task : waiting)
-        mEngine.submit({[this, task, fetched](Transaction& tx) {
-                            StepContext context{tx, now(), task};
-                            upgradeFetched(context, *fetched);
-                            return true;
-                        },
-                        {}});
+        mEngine.submitStep([this, task, fetched](Transaction& tx) {
+            StepContext context{tx, now(), task};
+            upgradeFetched(context, *fetched);
+        });
 }
 
 void Simulation::resume(Transaction& tx) {

@@ -1,6 +1,7 @@
 #include "platform/service/engine/ThreadExecutor.h"
 
 #include <cerrno>
+#include <exception>
 #include <sys/eventfd.h>
 #include <system_error>
 #include <unistd.h>
@@ -39,7 +40,11 @@ void ThreadExecutor::loop(Worker& worker) {
         Job job = std::move(worker.jobs.front());
         worker.jobs.pop_front();
         lock.unlock();
-        job.work();
+        try {
+            job.work();
+        } catch (const std::exception&) {
+            // Mostly out of memory. Whoever waits finds that nothing came of it.
+        }
         lock.lock();
         mFinished.push_back(std::move(job.done));
         const std::uint64_t one = 1;

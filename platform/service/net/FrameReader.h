@@ -21,10 +21,15 @@ public:
     bool broken() const { return mBroken; }
     /// A frame has begun and is not there yet.
     bool partial() const { return mBuffer.size() > mTaken; }
-    /// Bytes have come behind the frame given last.
-    bool more() const { return mTaken > 0 && partial(); }
+    /// A frame is there behind the one given last, or bytes that show that nothing more can be read.
+    bool ready() const;
+    /// Bytes of memory that are held.
+    std::size_t held() const { return mBuffer.capacity(); }
 
 private:
+    /// Length of the frame at the place; nothing when its head is not there yet.
+    std::optional<std::uint32_t> lengthAt(std::size_t at) const;
+
     std::string mBuffer;
     std::size_t mTaken = 0; ///< bytes at the front that have been given away
     bool mBroken = false;

@@ -10,6 +10,7 @@
 #include <sys/socket.h>
 #include <system_error>
 #include <unistd.h>
+#include <utility>
 
 namespace zeqd {
 
@@ -42,9 +43,9 @@ bool mayConnect(int fd) {
 } // namespace
 
 Server::Server(Engine& engine, ThreadExecutor& executor, const Clock& clock, int listenFd, int stopFd,
-               std::size_t maxClients)
+               std::size_t maxClients, std::size_t outputBudget)
     : mEngine(engine), mExecutor(executor), mClock(clock), mListen(listenFd), mStop(stopFd),
-      mEpoll(epoll_create1(EPOLL_CLOEXEC)), mMaxClients(maxClients) {
+      mEpoll(epoll_create1(EPOLL_CLOEXEC)), mMaxClients(maxClients), mOutputBudget(outputBudget) {
     if (mEpoll < 0) throw std::system_error(errno, std::generic_category(), "epoll");
     watch(mListen, EPOLLIN, EPOLL_CTL_ADD, kListenTag);
     watch(mStop, EPOLLIN, EPOLL_CTL_ADD, kStopTag);
@@ -69,14 +70,20 @@ void Server::watch(int fd, std::uint32_t events, int operation, std::uint64_t ta
 int Server::timeout() const {
     if (!mAhead.empty()) return 0;
     std::optional<std::int64_t> next = mEngine.nextDue();
+    if (mStopBy && unsent() && (!next || mStopBy < *next)) next = mStopBy;
     if (mEarliest && (!next || mEarliest < *next)) next = mEarliest;
     if (!next) return -1;
     constexpr std::int64_t kHour = 3'600'000;
     return static_cast<int>(std::clamp<std::int64_t>(*next - mClock.monotonicMs(), 0, kHour));
 }
 
+/// There are clients that have not taken their answers yet.
+bool Server::unsent() const {
+    return mUnsent > 0 && (!mStopBy || mClock.monotonicMs() < mStopBy);
+}
+
 void Server::run() {
-    while (!mStopping || !mEngine.idle()) {
+    while (!mStopping || !mEngine.idle() || unsent()) {
         epoll_event events[kMaxEvents];
         const int count = epoll_wait(mEpoll, events, kMaxEvents, timeout());
         if (count < 0 && errno != EINTR)
@@ -104,6 +111,7 @@ void Server::run() {
         mEngine.runDue();
         mEngine.flush();
         mStopping = mStopping || mEngine.restartWanted();
+        if (mStopping && !mStopBy) mStopBy = mClock.monotonicMs() + milliseconds(kStopDeadline);
     }
 }
 
@@ -116,8 +124,15 @@ void Server::accept() {
             continue;
         }
         const ClientId id = mNextId++;
+        epoll_event event{};
+        event.events = EPOLLIN;
+        event.data.u64 = id;
+        // The kernel may have no room for one more to watch; those that are there matter more.
+        if (epoll_ctl(mEpoll, EPOLL_CTL_ADD, fd, &event) != 0) {
+            close(fd);
+            continue;
+        }
         mClients.emplace(id, Client{.id = id, .fd = fd, .in = {}, .out = {}, .events = EPOLLIN});
-        watch(fd, EPOLLIN, EPOLL_CTL_ADD, id);
     }
 }
 
@@ -137,6 +152,7 @@ void Server::readable(Client& client) {
     if (got < 0 && (errno == EAGAIN || errno == EINTR)) return;
     if (got <= 0) return drop(client.id);
     client.in.append({buffer, static_cast<std::size_t>(got)});
+    client.deadline = 0; // it goes on
     serve(client);
 }
 
@@ -154,7 +170,7 @@ void Server::serve(Client& client) {
             mEngine.request(id, *frame, [this, id](const std::string& text) { answered(id, text); });
             if (!mClients.contains(id)) return;
             client.serving = false;
-            if (client.in.more()) mAhead.push_back(id);
+            if (client.in.ready() && !std::exchange(client.ahead, true)) mAhead.push_back(id);
         }
     }
     const bool idle = !client.waiting && client.out.empty();
@@ -167,12 +183,16 @@ void Server::serveAhead() {
     std::vector<ClientId> ahead;
     ahead.swap(mAhead);
     for (const ClientId id : ahead)
-        if (const auto found = mClients.find(id); found != mClients.end()) serve(found->second);
+        if (const auto found = mClients.find(id); found != mClients.end()) {
+            found->second.ahead = false;
+            serve(found->second);
+        }
 }
 
-/// A client that sends ahead of its answers is not read until it has them: its bytes stay with the kernel.
+/// A client that sends ahead of its answers is not read until it has them, nor while whole requests of it are
+/// here: its bytes stay with the kernel, and it has one turn a round.
 void Server::listenTo(Client& client) {
-    const bool reads = !client.waiting && client.out.empty();
+    const bool reads = !client.waiting && client.out.empty() && !client.in.ready();
     const std::uint32_t events = (reads ? EPOLLIN : 0U) | (client.out.empty() ? 0U : EPOLLOUT);
     if (events == client.events) return;
     client.events = events;
@@ -184,8 +204,23 @@ void Server::answered(ClientId id, const std::string& text) {
     if (found == mClients.end()) return;
     Client& client = found->second;
     client.waiting = false;
+    if (!makeRoom(text.size() + kFrameHeader)) return drop(id);
     appendFrame(client.out, text);
+    mUnsent += text.size() + kFrameHeader;
     if (send(client) && !client.serving) serve(client);
+}
+
+/// Those that hold the most, and of them the oldest, give way until so many bytes more are within the budget. False when nobody holds any.
+bool Server::makeRoom(std::size_t bytes) {
+    while (mUnsent + bytes > mOutputBudget) {
+        const auto most =
+            std::max_element(mClients.begin(), mClients.end(), [](const auto& a, const auto& b) {
+                return std::pair(a.second.out.size(), b.first) < std::pair(b.second.out.size(), a.first);
+            });
+        if (most->second.out.empty()) return false;
+        drop(most->first);
+    }
+    return true;
 }
 
 /// Sends what the client takes. False when the client is gone.
@@ -199,12 +234,18 @@ bool Server::send(Client& client) {
             return false;
         }
         if (sent < 0) {
+            const auto whole = kWriteDeadline + std::chrono::seconds(client.out.size() / kLeastRate);
+            if (!client.taken) client.taken = mClock.monotonicMs() + milliseconds(whole);
             if (!client.deadline) expect(client, kWriteDeadline);
+            client.deadline = std::min(client.deadline, client.taken);
+            mEarliest = std::min(mEarliest, client.deadline);
             return true;
         }
         client.sent += static_cast<std::size_t>(sent);
         client.deadline = 0;
     }
+    mUnsent -= client.out.size();
+    client.taken = 0;
     client.out.clear();
     if (client.out.capacity() > kReadChunk) client.out.shrink_to_fit();
     client.sent = 0;
@@ -216,6 +257,7 @@ void Server::drop(ClientId id) {
     const auto found = mClients.find(id);
     if (found == mClients.end()) return;
     close(found->second.fd);
+    mUnsent -= found->second.out.size();
     mClients.erase(found);
     mEngine.clientGone(id);
 }

@@ -55,8 +55,8 @@ Value defaultValue(const KeyRow& row) {
 }
 
 const FieldsPtr& defaultFields(std::span<const KeyRow> rows) {
-    // Key tables are constant, so that their address names them. Only the event loop's thread makes records.
-    static std::map<const KeyRow*, FieldsPtr> made;
+    // Key tables are constant, so that their address names them. Settings files are read beside the event loop.
+    thread_local std::map<const KeyRow*, FieldsPtr> made;
     FieldsPtr& fields = made[rows.data()];
     if (!fields) {
         auto fresh = std::make_shared<Fields>();

@@ -7,8 +7,6 @@ namespace zeqd {
 
 namespace {
 
-constexpr std::string_view kMask = "********";
-
 bool hidden(const KeyRow& row, Audience audience) {
     if (row.access == Access::Act) return true;
     return audience == Audience::Client && row.access == Access::Internal;

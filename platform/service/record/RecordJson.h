@@ -9,6 +9,9 @@ namespace zeqd {
 void appendJsonString(std::string& out, std::string_view text);
 void appendJsonNumber(std::string& out, std::int64_t number);
 
+/// What a read shows of a masked secret that is set.
+inline constexpr std::string_view kMask = "********";
+
 enum class Audience {
     Client, ///< secrets hidden, the service's own keys left out
     Disk,   ///< everything, but the service's own keys at their fallback

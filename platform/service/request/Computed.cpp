@@ -10,55 +10,6 @@ namespace zeqd {
 
 namespace {
 
-std::string_view portState(const View& view, const Record& device) {
-    if (device.is("status", "offline")) return "no_device";
-    if (device.is("upgradeStatus", "upgrading")) return "upgrading";
-    const std::string_view side = device.id() == Res::Rx ? "rxIndex" : "txIndex";
-    return view.findNumber(Res::Connection, side, device.index()) ? "in_use" : "idle";
-}
-
-void plugIn(const View& view, Entries& ports, const Record& device) {
-    const std::uint32_t port = device.number("simPort");
-    if (port == 0 || port > ports.size()) return;
-    Fields& fields = ports[port - 1];
-    const auto put = [&fields](std::string_view key, Value value) {
-        fields[static_cast<std::size_t>(findKey(rows::kPort, key))] = std::move(value);
-    };
-    put("remotePort", std::int64_t{1});
-    put("deviceType", std::int64_t{findValue(values::deviceType, resource(device.id()).name)});
-    put("eid", device.text("eid"));
-    put("portState", std::int64_t{findValue(values::portState, portState(view, device))});
-}
-
-/// Numbers without a Switch answer an empty port list, so that a walk over all numbers comes to its end.
-RecordPtr portStatus(const View& view, std::uint32_t index) {
-    if (index < 1 || index > resource(Res::PortStatus).capacity) return nullptr;
-    auto record = std::make_shared<Record>(Res::PortStatus, index);
-    const RecordPtr swx = view.find(Res::Swx, index);
-    if (!swx) return record;
-    auto ports = std::make_shared<Entries>();
-    for (std::uint32_t port = 1; port <= swx->number("simPortCount"); ++port) {
-        ports->push_back(*defaultFields(rows::kPort));
-        ports->back()[0] = static_cast<std::int64_t>(port);
-    }
-    for (const Res kind : {Res::Rx, Res::Tx}) {
-        // Looked up once: a large installation has thousands of devices to pass by.
-        const auto place = static_cast<std::size_t>(findKey(resource(kind).keys, "simSwx"));
-        view.each(kind, [&](const RecordPtr& device) {
-            if (device->fields()[place].number() == index) plugIn(view, *ports, *device);
-            return true;
-        });
-    }
-    record->set("swxIndex", index);
-    record->at("ports") = EntriesPtr(std::move(ports));
-    return record;
-}
-
-struct Reading {
-    std::string_view key;
-    std::uint32_t idle; ///< while no session runs
-    std::uint32_t busy;
-};
 constexpr Reading kRxReadings[] = {
     {"srpVersion", 0x0203, 0x0203}, {"srpStatus", 0x01, 0x03},    {"srpFlags", 0x00, 0x11},
     {"scpFlags", 0, 0x00010203},    {"scpUCount", 0, 0x1F40},     {"scpConnectReq", 0, 1},
@@ -80,31 +31,86 @@ constexpr Reading kTxReadings[] = {
     {"hspStatus", 0x00, 0x01},
 };
 
-/// The devices tell the truth of their session: idle figures without one, busy ones with one.
-RecordPtr diagnostics(const View& view, Res id, Res deviceKind, std::string_view side,
-                      std::span<const Reading> readings, std::uint32_t index) {
-    const RecordPtr device = view.find(deviceKind, index);
-    if (!device || device->is("status", "offline")) return nullptr;
-    const bool busy = view.findNumber(Res::Connection, side, index) != nullptr;
-    auto record = std::make_shared<Record>(id, index);
-    for (const Reading& reading : readings) record->set(reading.key, busy ? reading.busy : reading.idle);
-    return record;
-}
-
 std::uint32_t highestIndex(const View& view, Res id) {
     return view.nextIndex(id) - 1;
 }
 
 } // namespace
 
-RecordPtr computedRecord(const View& view, Res id, std::uint32_t index) {
+bool ComputedRecords::busy(Res kind, std::uint32_t index) {
+    if (!mBusy) {
+        mBusy.emplace();
+        mView.each(Res::Connection, [this](const RecordPtr& connection) {
+            mBusy->emplace(Res::Rx, connection->number("rxIndex"));
+            mBusy->emplace(Res::Tx, connection->number("txIndex"));
+            return true;
+        });
+    }
+    return mBusy->contains({kind, index});
+}
+
+std::string_view ComputedRecords::portState(const Record& device) {
+    if (device.is("status", "offline")) return "no_device";
+    if (device.is("upgradeStatus", "upgrading")) return "upgrading";
+    return busy(device.id(), device.index()) ? "in_use" : "idle";
+}
+
+void ComputedRecords::plugIn(Entries& ports, const Record& device) {
+    const std::uint32_t port = device.number("simPort");
+    if (port == 0 || port > ports.size()) return;
+    Fields& fields = ports[port - 1];
+    const auto put = [&fields](std::string_view key, Value value) {
+        fields[static_cast<std::size_t>(findKey(rows::kPort, key))] = std::move(value);
+    };
+    put("remotePort", std::int64_t{1});
+    put("deviceType", std::int64_t{findValue(values::deviceType, resource(device.id()).name)});
+    put("eid", device.text("eid"));
+    put("portState", std::int64_t{findValue(values::portState, portState(device))});
+}
+
+/// Numbers without a Switch answer an empty port list, so that a walk over all numbers comes to its end.
+RecordPtr ComputedRecords::portStatus(std::uint32_t index) {
+    if (index < 1 || index > resource(Res::PortStatus).capacity) return nullptr;
+    auto record = std::make_shared<Record>(Res::PortStatus, index);
+    const RecordPtr swx = mView.find(Res::Swx, index);
+    if (!swx) return record;
+    auto ports = std::make_shared<Entries>();
+    for (std::uint32_t port = 1; port <= swx->number("simPortCount"); ++port) {
+        ports->push_back(*defaultFields(rows::kPort));
+        ports->back()[0] = static_cast<std::int64_t>(port);
+    }
+    for (const Res kind : {Res::Rx, Res::Tx}) {
+        // Looked up once: a large installation has thousands of devices to pass by.
+        const auto place = static_cast<std::size_t>(findKey(resource(kind).keys, "simSwx"));
+        mView.each(kind, [&](const RecordPtr& device) {
+            if (device->fields()[place].number() == index) plugIn(*ports, *device);
+            return true;
+        });
+    }
+    record->set("swxIndex", index);
+    record->at("ports") = EntriesPtr(std::move(ports));
+    return record;
+}
+
+/// The devices tell the truth of their session: idle figures without one, busy ones with one.
+RecordPtr ComputedRecords::diagnostics(Res id, Res kind, std::span<const Reading> readings,
+                                       std::uint32_t index) {
+    const RecordPtr device = mView.find(kind, index);
+    if (!device || device->is("status", "offline")) return nullptr;
+    auto record = std::make_shared<Record>(id, index);
+    for (const Reading& reading : readings)
+        record->set(reading.key, busy(kind, index) ? reading.busy : reading.idle);
+    return record;
+}
+
+RecordPtr ComputedRecords::record(Res id, std::uint32_t index) {
     switch (id) {
     case Res::PortStatus:
-        return portStatus(view, index);
+        return portStatus(index);
     case Res::RxUsbDiag:
-        return diagnostics(view, id, Res::Rx, "rxIndex", kRxReadings, index);
+        return diagnostics(id, Res::Rx, kRxReadings, index);
     case Res::TxUsbDiag:
-        return diagnostics(view, id, Res::Tx, "txIndex", kTxReadings, index);
+        return diagnostics(id, Res::Tx, kTxReadings, index);
     default:
         return nullptr;
     }

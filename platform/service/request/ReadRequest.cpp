@@ -39,13 +39,17 @@ public:
             visitAll();
             mOut += "]}";
             if (mCount == 0 && mErrors.empty()) addError(mErrors, Errno::NoEntries);
-            if (mOut.size() > kMaxAnswer) addError(mErrors, Errno::TooLarge, "the answer; select fewer keys");
+            if (overflows()) addError(mErrors, Errno::TooLarge, "the answer; select fewer keys");
         }
         return mErrors.empty() ? std::move(mOut) : errorText(mRequest.id, mErrors);
     }
 
 private:
     bool singleton() const { return mRow.shape == Shape::Singleton || mRow.id == Res::ZeqHello; }
+
+    /// As many as there may be records; those of the diagnostics are the devices'.
+    std::size_t maxIndexes() const { return mRow.capacity ? mRow.capacity : resource(Res::Rx).capacity; }
+    bool overflows() const { return mOut.size() > kMaxAnswer; }
 
     void readIndex(const json_t* value) {
         if (!json_is_integer(value) || json_integer_value(value) < 0 ||
@@ -62,6 +66,11 @@ private:
                 mByIndex = true;
                 if (!json_is_array(value)) {
                     readIndex(value);
+                    continue;
+                }
+                if (json_array_size(value) > maxIndexes()) {
+                    addError(mErrors, Errno::TooLarge,
+                             "query: at most " + std::to_string(maxIndexes()) + " indexes");
                     continue;
                 }
                 for (std::size_t i = 0; i < json_array_size(value); ++i) readIndex(json_array_get(value, i));
@@ -130,14 +139,23 @@ private:
         if (mRow.shape == Shape::Computed) {
             if (!mByIndex)
                 for (std::uint32_t i = 1; i <= computedIndexes(mView, mRow.id); ++i) mIndexes.push_back(i);
-            for (const std::uint32_t index : mIndexes) visit(computedRecord(mView, mRow.id, index));
+            ComputedRecords records(mView);
+            eachIndex([&](std::uint32_t index) { return records.record(mRow.id, index); });
         } else if (mByIndex) {
-            for (const std::uint32_t index : mIndexes) visit(mView.find(mRow.id, index));
+            eachIndex([&](std::uint32_t index) { return mView.find(mRow.id, index); });
         } else {
             mView.each(mRow.id, [this](const RecordPtr& record) {
                 visit(record);
-                return mOut.size() <= kMaxAnswer;
+                return !overflows();
             });
+        }
+    }
+
+    template <class Find>
+    void eachIndex(Find find) {
+        for (const std::uint32_t index : mIndexes) {
+            if (overflows()) return;
+            visit(find(index));
         }
     }
 
@@ -158,7 +176,7 @@ private:
     }
 
     void visit(const RecordPtr& stored) {
-        if (!stored || mOut.size() > kMaxAnswer) return;
+        if (!stored) return;
         const RecordPtr fresh = upToDate(stored, mNow);
         const Record* record = fresh ? fresh.get() : stored.get();
         if (!matches(*record)) return;

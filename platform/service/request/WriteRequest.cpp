@@ -61,12 +61,16 @@ void replaceSecrets(std::span<const KeyRow> rows, const Fields& before, Fields& 
         } else if (rows[i].secret == Secret::Hashed && rows[i].access != Access::Act &&
                    !after[i].text().empty()) {
             const auto hash = prepared.hashes.find(after[i].text());
-            if (hash == prepared.hashes.end()) {
+            if (hash == prepared.hashes.end() || hash->second.empty()) { // memory has run out
                 addError(errors, Errno::General, std::string(rows[i].key));
                 after[i] = before[i];
             } else {
                 after[i] = hash->second;
             }
+        } else if (rows[i].secret == Secret::Masked && after[i].text() == kMask) {
+            // What a read shows in its place comes back from whoever writes what was read.
+            if (before[i].text().empty()) addError(errors, Errno::InvalidParameter, std::string(rows[i].key));
+            after[i] = before[i];
         }
     }
 }
@@ -177,12 +181,16 @@ void runDelete(const ZeqRequest& request, Context& context) {
     if (context.errors.empty()) context.tx.erase(context.before->id(), context.before->index());
 }
 
+void readAction(const ZeqRequest& request, Record& given, Errors& errors) {
+    FieldReader reader(Writing::Create, errors);
+    reader.merge(request.params.get(), given.rows(), given.fields());
+    reader.require(request.params.get(), given.rows());
+}
+
 void runAction(const ZeqRequest& request, Context& context) {
     Record given(request.resource->id, 0);
     context.after = &given;
-    FieldReader reader(Writing::Create, context.errors);
-    reader.merge(request.params.get(), given.rows(), given.fields());
-    reader.require(request.params.get(), given.rows());
+    readAction(request, given, context.errors);
     checkReferences(context);
     context.index = givenIndex(request, context.errors);
     runRule(request, context);
@@ -236,6 +244,18 @@ std::string runWrite(const ZeqRequest& request, Context& context) {
     }
     out += "]}";
     return out;
+}
+
+void checkAction(const ZeqRequest& request, Errors& errors) {
+    Record given(request.resource->id, 0);
+    readAction(request, given, errors);
+    givenIndex(request, errors);
+}
+
+std::string answerText(std::int64_t id) {
+    std::string out = "{\"id\":";
+    appendJsonNumber(out, id);
+    return out + ",\"rows\":[]}";
 }
 
 std::set<std::string> secretsOf(const ZeqRequest& request) {

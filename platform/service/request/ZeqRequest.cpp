@@ -122,7 +122,9 @@ void interpret(std::string_view text, ZeqRequest& request, Errors& errors) {
     readMethod(root.get(), request, errors);
     readResource(root.get(), request, errors);
     if (!errors.empty()) return;
-    if (!request.resource->allows(request.method))
+    // A part is read and changed; only whole records come and go.
+    const bool whole = request.method == Method::Create || request.method == Method::Delete;
+    if (!request.resource->allows(request.method) || (whole && !request.path.empty()))
         return addError(errors, Errno::MethodNotSupported, std::string(request.resource->name));
     readSelect(root.get(), request, errors);
     request.query = readObject(root.get(), "query", errors);

@@ -58,6 +58,7 @@ void flash(Context& context, Res kind) {
     const Record& given = *context.after;
     for (const char* key : {"eid", "lcdBacklightFlashDuration"})
         if (!context.given(key)) return context.fail(Errno::MissingParameters, key);
+    if (given.text("eid").empty()) return context.fail(Errno::TooShort, "eid");
     const RecordPtr device = context.tx.findText(kind, "eid", given.text("eid"));
     if (!device) return context.fail(Errno::NotFound, "eid");
     if (device->is("status", "offline")) return context.fail(notOnline(kind));
@@ -100,8 +101,8 @@ void txAction(Context& context) {
 }
 
 void swxAction(Context& context) {
-    if (context.given("eid")) return flash(context, Res::Swx);
     if (context.given("settingsAction")) return settingsAction(context);
+    if (context.given("eid")) return flash(context, Res::Swx);
     if (context.given("cascadeRoleAction"))
         return changeCascade(context, context.after->choice("cascadeRoleAction"),
                              context.index ? context.index : kThisSwitch);

@@ -12,11 +12,11 @@ namespace {
 /// The refusal itself must be kept: an attempt that fails is an event too.
 void refuse(Context& context, Errno number, const std::string& name) {
     context.fail(number);
-    std::string shown;
-    for (const char c : name.substr(0, 20)) shown += c >= ' ' && c <= '~' ? c : '?';
+    // People type their password into the wrong field, and events are read by many.
+    const bool known = context.tx.findText(Res::User, "name", name) != nullptr;
+    const std::string who = known ? "Login of \"" + name + "\"" : "Login under an unknown name";
     const std::string address = context.after->text("ipAddress");
-    context.failureAlert = {&alerts::kFailedAdminLogin, "Login of \"" + shown +
-                                                            "\" to the web interface failed" +
+    context.failureAlert = {&alerts::kFailedAdminLogin, who + " to the web interface failed" +
                                                             (address.empty() ? "" : ", from " + address)};
 }
 

@@ -30,9 +30,9 @@ bool resetting(const Record& device) {
 void resetThisSwitch(Context& context, std::string_view mode) {
     Record& swx = *context.after;
     if (mode == "cold_reboot") return beginReset(context.tx, swx, span::kRestart);
-    swx.choose("status", "resetting");
-    context.tx.later(
-        0, makeTask(Step::FactoryThisSwitch, Res::Swx, kThisSwitch, mode == "factory_default" ? 0 : 1));
+    swx.choose("status", "resetting")
+        .choose("simOwed", mode == "factory_default" ? "restore" : "restore_partial");
+    context.tx.later(0, makeTask(Step::FactoryThisSwitch, Res::Swx, kThisSwitch));
 }
 
 void checkReset(Context& context) {

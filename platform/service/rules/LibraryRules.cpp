@@ -43,9 +43,12 @@ void upgradeDeleted(Context& context) {
 void globalsChanged(Context& context) {
     Record& globals = *context.after;
     if (globals.text("masterSwitchEid").empty()) nameMaster(context.tx, globals);
-    if (!context.changes("managedSetting")) return;
-    if (globals.is("managedSetting", "enrolling") && globals.text("managerIpAddress").empty())
+    const bool rules = globals.is("managedSetting", "enrolling") || globals.is("managedSetting", "managed") ||
+                       globals.is("managedSetting", "verified");
+    if (rules && globals.text("managerIpAddress").empty() &&
+        (context.changes("managedSetting") || context.changes("managerIpAddress")))
         return context.fail(Errno::MissingParameters, "managerIpAddress");
+    if (!context.changes("managedSetting")) return;
     beginEnrolment(context.tx, globals);
     reviewCapacity(context.tx, context.now, !globals.is("managedSetting", "non_managed"));
 }

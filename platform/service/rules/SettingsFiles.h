@@ -8,8 +8,8 @@ namespace zeqd {
 /// Judges what came of the file, which was made or read before, off the event loop.
 void settingsAction(Context& context);
 
-/// The settings of a file that was read before the last stop take effect.
-/// Answers whether there were any that are sound.
-bool installPendingSettings(Transaction& tx);
+/// The settings of a file that was read before the last stop take effect, and all sessions end: who may do what is
+/// another matter now. Answers what there is to tell of it; empty when there were no settings.
+std::string installPendingSettings(Transaction& tx);
 
 } // namespace zeqd

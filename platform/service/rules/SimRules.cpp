@@ -16,9 +16,14 @@ namespace zeqd {
 
 namespace {
 
+/// Whether there is an EID at all: an empty text has every form.
+bool named(const Context& context) {
+    return context.given("eid") && !context.after->text("eid").empty();
+}
+
 /// The device of "eid", or null with an error.
 RecordPtr namedDevice(Context& context) {
-    if (!context.given("eid")) {
+    if (!named(context)) {
         context.fail(Errno::MissingParameters, "eid");
         return nullptr;
     }
@@ -87,8 +92,8 @@ void video(Context& context) {
 }
 
 void attach(Context& context) {
-    for (const char* key : {"eid", "resource"})
-        if (!context.given(key)) return context.fail(Errno::MissingParameters, key);
+    if (!named(context)) return context.fail(Errno::MissingParameters, "eid");
+    if (!context.given("resource")) return context.fail(Errno::MissingParameters, "resource");
     const ResourceRow* row = findResource(context.after->text("resource"));
     if (!row || (row->id != Res::Rx && row->id != Res::Tx && row->id != Res::Swx))
         return context.fail(Errno::InvalidParameter, "resource: rx, tx or swx");

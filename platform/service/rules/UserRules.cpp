@@ -24,7 +24,9 @@ void checkPassword(Context& context) {
     const bool blankForbidden = !user.enabled("allowBlankPassword");
     const bool turnsBlank =
         user.text("password").empty() && context.before && !context.before->text("password").empty();
-    if ((turnsBlank || (context.method == Method::Create && !given)) && blankForbidden)
+    const bool losesLeave =
+        context.before && context.changes("allowBlankPassword") && user.text("password").empty();
+    if ((turnsBlank || losesLeave || (context.method == Method::Create && !given)) && blankForbidden)
         context.fail(Errno::TooShort, "service.detail.password");
     if (given) user.choose("passwordIsInitialized", "is_true");
 }

@@ -21,6 +21,11 @@ std::string hashPassword(std::string_view password) {
     return hash;
 }
 
+bool isKnownHash(const std::string& text) {
+    return text.starts_with("$argon2id$v=19$") && text.size() < crypto_pwhash_STRBYTES &&
+           crypto_pwhash_str_needs_rehash(text.c_str(), kPasses, kMemory) == 0;
+}
+
 bool verifyPassword(const std::string& hash, std::string_view password) {
     const std::string& against = hash.empty() ? decoyHash() : hash;
     const bool matches = crypto_pwhash_str_verify(against.c_str(), password.data(), password.size()) == 0;

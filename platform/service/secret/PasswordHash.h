@@ -9,6 +9,9 @@ namespace zeqd {
 /// Takes 50 to 100 ms on purpose; never on the event loop. Empty when there is not enough memory.
 std::string hashPassword(std::string_view password);
 
+/// The text is a hash as hashPassword makes them: of this kind, and of this cost.
+bool isKnownHash(const std::string& text);
+
 /// An empty hash accepts the empty password alone, and takes as long as any other.
 bool verifyPassword(const std::string& hash, std::string_view password);
 

@@ -16,7 +16,9 @@ struct FetchSource {
 };
 
 struct FetchRules {
-    std::size_t limit; ///< bytes; a larger file is refused
+    std::size_t limit;         ///< bytes; a larger file is refused
+    std::string folder = {};   ///< that files of this machine may come from
+    bool localServers = false; ///< servers may be on this machine or its own link
     std::chrono::seconds connect{15};
     std::chrono::seconds total{300};
     std::chrono::seconds stall{30}; ///< without a byte a second

@@ -7,7 +7,8 @@
 namespace zeqd {
 
 void beginReset(Transaction& tx, Record& device, std::int64_t delayMs) {
-    device.choose("status", device.id() == Res::Swx ? "resetting" : "reset_pending");
+    device.choose("status", device.id() == Res::Swx ? "resetting" : "reset_pending")
+        .choose("simOwed", "nothing");
     Step step = device.id() == Res::Swx ? Step::SwitchDown : Step::DeviceDown;
     if (device.id() == Res::Swx && device.index() == kThisSwitch) step = Step::RestartService;
     tx.later(delayMs, makeTask(step, device.id(), device.index()));
@@ -31,6 +32,7 @@ void finishUpgrade(Record& device) {
     if (device.is("upgradeStatus", "complete") && !device.text("simNextVersion").empty())
         device.setText("firmwareVersion", device.text("simNextVersion"));
     device.setText("simNextVersion", {}).choose("upgradeStatus", "idle").set("upgradePercent", 0);
+    device.choose("simOwed", "nothing");
 }
 
 void deviceDown(StepContext& step) {

@@ -42,6 +42,8 @@ void resumeDevice(Transaction& tx, std::int64_t now, Record& device) {
     for (const GoOnRow& row : kGoOn)
         if (row.swx == swx && device.is("status", row.status))
             tx.later(row.delayMs, makeTask(row.step, device.id(), device.index()));
+    if (device.is("simOwed", "reset"))
+        tx.later(span::kBeforeUpgradeReset, makeTask(Step::UpgradeReset, device.id(), device.index()));
     if (swx && device.is("ntpStatus", "pending"))
         tx.later(span::kNtp, makeTask(Step::NtpResult, Res::Swx, device.index()));
     if (swx && device.is("cascadeRole", "slave"))

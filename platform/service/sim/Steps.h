@@ -16,8 +16,8 @@ enum class Step : std::uint16_t {
     SwitchDown,
     SwitchBack,
     SwitchReady,
-    RestartService,    ///< this Switch itself reboots
-    FactoryThisSwitch, ///< argument: 1 = the network settings stay
+    RestartService, ///< this Switch itself reboots
+    FactoryThisSwitch,
     NtpResult,
     // firmware
     UpgradeFetch,    ///< argument: the upgrade record

@@ -8,7 +8,11 @@ namespace zeqd {
 void switchDown(StepContext& step);
 void switchBack(StepContext& step);
 void switchReady(StepContext& step);
-void factoryThisSwitch(StepContext& step);
+
+/// This Switch is to begin anew, and the service may have died in between.
+bool owesRestore(const View& view);
+/// Everything that people have set goes. Files that hold some of it are the caller's.
+void factoryThisSwitch(Transaction& tx, std::int64_t now);
 
 /// The Switch goes away with the devices on its ports.
 void switchOffline(Transaction& tx, std::int64_t now, const RecordPtr& swx);

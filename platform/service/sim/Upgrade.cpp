@@ -46,6 +46,7 @@ void complete(Transaction& tx, std::int64_t now, Record& device) {
                "Firmware " + device.text("simNextVersion") + " installed on " + deviceLabel(device) +
                    "; it runs after a reboot");
     if (!tx.singleton(Res::SystemGlobals).enabled("resetAfterUpgrade")) return;
+    device.choose("simOwed", "reset");
     // Whoever follows the update sees it complete before the reboot shows.
     tx.later(span::kBeforeUpgradeReset, makeTask(Step::UpgradeReset, device.id(), device.index()));
 }
@@ -54,6 +55,7 @@ void complete(Transaction& tx, std::int64_t now, Record& device) {
 
 void beginUpgrade(Transaction& tx, Record& device) {
     device.choose("upgradeStatus", "upgrading").set("upgradePercent", 0).setText("simNextVersion", {});
+    device.choose("simOwed", "nothing");
     tx.later(0, makeTask(Step::UpgradeFetch, device.id(), device.index(), device.number("upgradeIndex")));
 }
 
@@ -64,9 +66,9 @@ std::optional<FetchSource> upgradeSource(const View& view, const Task& task) {
                        source->text("filename"), source->text("username"), source->text("password")};
 }
 
-FetchedFirmware fetchFirmware(const FetchSource& source) {
+FetchedFirmware fetchFirmware(const FetchSource& source, const FetchRules& rules) {
     FetchedFirmware fetched;
-    const std::optional<std::string> file = fetchFile(source, {.limit = kMaxFirmware}, fetched.why);
+    const std::optional<std::string> file = fetchFile(source, rules, fetched.why);
     if (!file) return fetched;
     const std::optional<Firmware> firmware = readFirmware(*file);
     if (!firmware) return {"failed_file_content", {}, {}, {}};

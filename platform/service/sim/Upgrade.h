@@ -24,7 +24,7 @@ void beginUpgrade(Transaction& tx, Record& device);
 std::optional<FetchSource> upgradeSource(const View& view, const Task& task);
 
 /// Off the event loop.
-FetchedFirmware fetchFirmware(const FetchSource& source);
+FetchedFirmware fetchFirmware(const FetchSource& source, const FetchRules& rules);
 
 /// The file is there, or is not.
 void upgradeFetched(StepContext& step, const FetchedFirmware& fetched);

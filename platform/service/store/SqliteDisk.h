@@ -3,6 +3,7 @@
 
 #include "platform/service/store/Disk.h"
 
+#include <set>
 #include <stdexcept>
 
 struct sqlite3;
@@ -30,23 +31,44 @@ public:
     std::size_t load(Store& store);
 
     std::string write(const std::vector<DiskChange>& changes) override;
+    bool damaged() const override { return mDamaged; }
+    std::string renew(const DiskContent& content) override;
+
+    /// Makes a database of this content and puts it in its place when it is complete; what is there is set aside.
+    /// Throws.
+    static void create(const std::string& path, const DiskContent& content);
 
 private:
     void open(const std::string& path);
-    void migrate();
+    void migrate(bool fresh);
+    void close();
     void run(const char* sql);
     sqlite3_stmt* prepare(const char* sql);
     bool put(const DiskChange& change);
     bool execute(sqlite3_stmt* statement, const DiskChange& change);
     void loadRetired(Store& store);
 
+    std::string mPath;
+    bool mDamaged = false;
     sqlite3* mDatabase = nullptr;
     sqlite3_stmt* mPut = nullptr;
     sqlite3_stmt* mRemove = nullptr;
     sqlite3_stmt* mRetire = nullptr;
 };
 
+struct Salvaged {
+    std::set<std::pair<Res, std::uint32_t>> found;
+    std::size_t lost = 0; ///< records that cannot be read, or not be believed
+    bool cut = false;     ///< there may be more that nothing is known of
+};
+
+/// Loads what can be read of a damaged database.
+Salvaged salvage(const std::string& path, Store& store);
+
 /// Renames a damaged database and its side files, and answers the new name. Throws when that fails.
 std::string setAside(const std::string& path, std::int64_t now);
+
+/// Removes every database that was set aside from this path. Answers what failed.
+std::string removeSetAside(const std::string& path);
 
 } // namespace zeqd

@@ -1,6 +1,7 @@
 #include "platform/service/store/Store.h"
 
 #include "platform/service/catalogue/Catalogue.h"
+#include "platform/service/record/RecordJson.h"
 #include "platform/service/store/Transaction.h"
 
 #include <algorithm>
@@ -30,11 +31,24 @@ void Store::retire(Res id, std::uint32_t index) {
 
 void Store::apply(const Transaction& transaction) {
     for (const auto& [key, record] : transaction.changes()) {
-        if (record)
+        if (record) {
             put(record);
-        else
-            mTables[static_cast<std::size_t>(key.first)].records.erase(key.second);
+            continue;
+        }
+        retire(key.first, key.second); // it may have come and gone within this transaction
+        mTables[static_cast<std::size_t>(key.first)].records.erase(key.second);
     }
+}
+
+DiskContent Store::content() const {
+    DiskContent all;
+    for (const ResourceRow& row : catalogue()) {
+        if (!row.durable) continue;
+        for (const auto& [index, record] : table(row.id).records)
+            all.records.push_back({row.id, index, diskText(*record)});
+        if (table(row.id).next > 1) all.retired.emplace_back(row.id, table(row.id).next - 1);
+    }
+    return all;
 }
 
 RecordPtr Store::find(Res id, std::uint32_t index) const {

@@ -1,6 +1,7 @@
 // All records in memory, as they are on disk. Changed only by taking over a transaction that has been kept.
 #pragma once
 
+#include "platform/service/store/Disk.h"
 #include "platform/service/store/View.h"
 
 #include <array>
@@ -21,6 +22,8 @@ public:
     /// A record of that index has been there; no other is to have it.
     void retire(Res id, std::uint32_t index);
     void apply(const Transaction& transaction);
+    /// What is to be on disk.
+    DiskContent content() const;
 
     RecordPtr find(Res id, std::uint32_t index) const override;
     void each(Res id, const std::function<bool(const RecordPtr&)>& visit) const override;

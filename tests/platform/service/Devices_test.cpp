@@ -405,6 +405,25 @@ TEST(Cascade, AMasterIsItsOwnMaster) {
     EXPECT_EQ(named(), own);
 }
 
+TEST(Manager, IsNeededForAManagedState) {
+    Harness service;
+    for (const char* state : {"managed", "verified", "enrolling"}) {
+        SCOPED_TRACE(state);
+        const std::string wanted = R"("managedSetting":")" + std::string(state) + "\"";
+        const Answer refused = service.set("systemGlobals", "{" + wanted + "}");
+        EXPECT_EQ(refused.error(), 1007);
+        EXPECT_EQ(refused.detail(), "managerIpAddress");
+        ASSERT_EQ(service.set("systemGlobals", "{" + wanted + R"(,"managerIpAddress":"10.1.1.1"})").error(),
+                  0);
+        EXPECT_EQ(service.set("systemGlobals", R"({"managerIpAddress":""})").error(), 1007)
+            << "nor does it lose its manager";
+        EXPECT_EQ(service.set("systemGlobals", R"({"switchApiPort":444})").error(), 0);
+        ASSERT_EQ(
+            service.set("systemGlobals", R"({"managedSetting":"non_managed","managerIpAddress":""})").error(),
+            0);
+    }
+}
+
 TEST(Manager, LiftsTheCapacityOfAnUnmanagedSystem) {
     Harness service;
     for (int i = 3; i <= 10; ++i)

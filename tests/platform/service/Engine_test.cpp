@@ -1,6 +1,10 @@
 // Keeping and answering: what is answered is kept, what is not kept is not answered as kept.
 #include "tests/platform/service/support/Harness.h"
 
+#include "platform/service/catalogue/Catalogue.h"
+#include "platform/service/catalogue/ValueLists.h"
+
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace zeqd::testing {
@@ -63,6 +67,80 @@ TEST(Engine, ARefusalInABatchLeavesTheOthersAlone) {
     EXPECT_EQ(Answer(last.answer).error(), 0);
 }
 
+TEST(Engine, AFaultInOneRequestRefusesThatOneAndNoMore) {
+    Harness service;
+    const std::string rename3 = rename(3, "C");
+    const Pending first(service, 1, rename(1, "A")); // opens a batch; the rest gathers in the next
+    const Pending second(service, 2, rename(2, "B"));
+    const Pending third(service, 3, rename3);
+    const Pending fourth(service, 4, rename(4, "D"));
+    ASSERT_TRUE(service.executor.step(Lane::Disk));
+    service.clock.failures = 2;
+    service.settle();
+    EXPECT_EQ(service.clock.failures, 0) << "the fault came";
+    EXPECT_EQ(Answer(second.answer).error(), 0);
+    EXPECT_EQ(Answer(third.answer).error(), 1);
+    EXPECT_EQ(Answer(fourth.answer).error(), 0);
+    EXPECT_EQ(service.value("rx", 3, "name") == "C", false);
+    EXPECT_EQ(service.value("rx", 4, "name"), "D");
+    EXPECT_FALSE(service.log.empty()) << "a line tells of it";
+    service.clock.failures = 1;
+    EXPECT_EQ(service.get("rx").error(), 1) << "a read as well";
+    EXPECT_EQ(service.get("rx").error(), 0);
+}
+
+TEST(Engine, TakesEmptyTextsForEveryKey) {
+    Harness service;
+    EXPECT_NE(service.set("simControl", R"({"action":"attach","resource":"rx","eid":""})").error(), 0);
+    EXPECT_NE(service.set("simControl", R"({"action":"offline","eid":""})").error(), 0);
+    struct Name {
+        Method method;
+        const char* text;
+    };
+    int asked = 0;
+    const std::function<void(const ResourceRow&, std::span<const KeyRow>, const std::string&,
+                             const std::string&)>
+        ask = [&](const ResourceRow& row, std::span<const KeyRow> keys, const std::string& before,
+                  const std::string& after) {
+            for (const KeyRow& key : keys) {
+                const std::string name = before + '"' + std::string(key.key) + "\":";
+                for (const Name& method : {Name{Method::Set, "set"}, Name{Method::Create, "create"},
+                                           Name{Method::Delete, "delete"}}) {
+                    if (!row.allows(method.method)) continue;
+                    for (const char* value : {"\"\"", "null", "[]", "{}"}) {
+                        service.ask(std::string("{\"method\":\"") + method.text + "\",\"resource\":\"" +
+                                    std::string(row.name) + "\",\"params\":{" + name + value + after + "}}");
+                        ++asked;
+                    }
+                }
+                if (key.type == Type::Object) ask(row, key.rows(), name + "{", "}" + after);
+            }
+        };
+    for (const ResourceRow& row : catalogue()) ask(row, row.keys, "\"index\":2,", "");
+    for (const std::string_view action : values::simAction.values)
+        ask(resource(Res::SimControl), resource(Res::SimControl).keys,
+            "\"action\":\"" + std::string(action) + "\",", "");
+    EXPECT_GT(asked, 2000);
+    for (const std::string& line : service.log) EXPECT_EQ(line.find("fault"), std::string::npos) << line;
+}
+
+TEST(Engine, TheNumberOfARecordThatLivedWithinOneBatchIsNeverGivenAgain) {
+    Harness service;
+    const Pending first(service, 1, rename(1, "A")); // opens a batch; the rest gathers in the next
+    const std::string make =
+        R"({"id":1,"method":"create","resource":"user","params":{"name":"x","role":"user","allowBlankPassword":"enabled"}})";
+    const int next = static_cast<int>(service.engine->store().nextIndex(Res::User));
+    const Pending made(service, 2, make);
+    const Pending removed(service, 3,
+                          R"({"id":1,"method":"delete","resource":"user","params":{"index":)" +
+                              std::to_string(next) + "}}");
+    service.settle();
+    ASSERT_EQ(Answer(made.answer).number("index"), next);
+    ASSERT_EQ(Answer(removed.answer).error(), 0);
+    EXPECT_EQ(service.create("user", R"({"name":"y","role":"user","password":"pw"})").number("index"),
+              next + 1);
+}
+
 TEST(Engine, AFullDiskRefusesTheWriterAndLeavesReadsWorking) {
     Harness service;
     const std::string before = dump(service.engine->store());
@@ -70,13 +148,62 @@ TEST(Engine, AFullDiskRefusesTheWriterAndLeavesReadsWorking) {
     const Answer refused = service.set("rx", R"({"index":1,"name":"New"})");
     EXPECT_EQ(refused.error(), 1);
     EXPECT_EQ(refused.detail(), "service.detail.disk");
+    EXPECT_EQ(dump(service.engine->store()), before);
     EXPECT_EQ(service.create("adminSession", R"({"username":"admin","password":"no"})").error(), 1103)
         << "a refusal is the answer, whatever becomes of its event";
-    EXPECT_EQ(dump(service.engine->store()), before);
     EXPECT_EQ(service.value("rx", 1, "name"), "Desk 1 Left");
     EXPECT_EQ(service.set("rx", R"({"index":1,"name":"New"})").error(), 0) << "there is room again";
     service.restart();
     EXPECT_EQ(service.value("rx", 1, "name"), "New");
+}
+
+TEST(Engine, AFullDiskLocksNoAdministratorOut) {
+    Harness service;
+    service.disk.failures = 1000;
+    const Answer login = service.create(
+        "adminSession",
+        R"({"username":"admin","password":"test-1","ipAddress":"10.0.0.9","sessionType":"mirl"})");
+    ASSERT_EQ(login.error(), 0);
+    EXPECT_EQ(service.get("adminSession").rowCount(), 1U);
+    EXPECT_EQ(service.set("rx", R"({"index":1,"name":"New"})").error(), 1) << "what is to last is refused";
+    EXPECT_EQ(service.set("alertsControl", R"({"alertsAction":"ack_all"})").error(), 1);
+    EXPECT_EQ(service.create("adminSession", R"({"username":"admin","password":"no"})").error(), 1103);
+    ASSERT_EQ(service.remove("adminSession", login.number("index")).error(), 0);
+    const std::string events = service.ask(R"({"method":"get","resource":"unacknowledgedAlerts"})", 8).text();
+    service.disk.failures = 0;
+    ASSERT_EQ(service.ask(R"({"method":"set","resource":"rx","params":{"index":1,"name":"New"}})", 8).error(),
+              0);
+    service.restart();
+    EXPECT_EQ(service.get("unacknowledgedAlerts").text(), events)
+        << "the events got there with the next write";
+}
+
+TEST(Engine, OneThatTheDiskDoesNotTakeRefusesOnlyItself) {
+    Harness service;
+    service.disk.poison = "poison";
+    const Pending first(service, 1, rename(1, "A")); // opens a batch; the rest gathers in the next
+    std::deque<Pending> others;
+    for (int rx = 2; rx <= 20; ++rx)
+        others.emplace_back(service, static_cast<ClientId>(rx), rename(rx, rx == 5 ? "poison" : "N"));
+    service.settle();
+    for (int rx = 2; rx <= 20; ++rx) {
+        EXPECT_EQ(Answer(others[static_cast<std::size_t>(rx - 2)].answer).error(), rx == 5 ? 1 : 0) << rx;
+        EXPECT_EQ(service.value("rx", rx, "name") == "N", rx != 5) << rx;
+    }
+}
+
+TEST(Engine, AFailedBatchIsNotTriedForEver) {
+    Harness service;
+    const Pending first(service, 1, rename(1, "A"));
+    std::deque<Pending> others;
+    for (int rx = 2; rx <= 20; ++rx) others.emplace_back(service, static_cast<ClientId>(rx), rename(rx, "N"));
+    ASSERT_TRUE(service.executor.step(Lane::Disk));
+    const int before = service.disk.writes;
+    service.disk.failures = 1000;
+    service.settle();
+    for (const Pending& other : others) EXPECT_EQ(Answer(other.answer).error(), 1);
+    EXPECT_LE(service.disk.writes, before + 4)
+        << "a disk that is busy for two seconds each would take minutes";
 }
 
 TEST(Engine, AStepOfTheSimulationThatCannotBeKeptIsNotLostForTheDevice) {
@@ -85,6 +212,66 @@ TEST(Engine, AStepOfTheSimulationThatCannotBeKeptIsNotLostForTheDevice) {
     service.disk.failures = 1;
     service.pass(60000);
     EXPECT_EQ(service.value("rx", 1, "status"), "ready");
+}
+
+TEST(Engine, WhatTheServiceDoesOfItselfIsTriedAgain) {
+    Harness service;
+    const auto login =
+        R"({"id":1,"method":"create","resource":"adminSession","params":{"username":"admin","password":"test-1","sessionType":"mirl"}})";
+    const Pending session(service, 9, login);
+    service.settle();
+    ASSERT_EQ(service.get("adminSession").rowCount(), 1U);
+    service.engine->clientGone(9);
+    service.disk.failures = 2;
+    service.pass(4000);
+    ASSERT_EQ(service.get("adminSession").rowCount(), 1U) << "the test's disk failed";
+    service.pass(20000);
+    EXPECT_EQ(service.get("adminSession").error(), 1009) << "a session whose client has gone";
+    service.disk.failures = 0;
+
+    // A firmware file that has come, or not, while the disk was full.
+    const std::string upgrade =
+        service.create("upgrade", R"({"protocol":"file","filename":"/nowhere"})").at("index");
+    const Pending update(service, 1,
+                         R"({"id":1,"method":"set","resource":"rx","params":{"index":1,"upgradeIndex":)" +
+                             upgrade + "}}");
+    service.executor.step(Lane::Disk);
+    service.engine->runDue();
+    service.engine->flush();
+    service.disk.failures = 1;
+    service.settle();
+    ASSERT_EQ(service.disk.failures, 0);
+    service.pass(20000);
+    EXPECT_EQ(service.value("rx", 1, "upgradeStatus"), "failed_file_get");
+
+    // A start: devices in the middle of something.
+    service.set("rx", R"({"index":2,"reset":"cold_reboot"})");
+    service.disk.failures = 3;
+    service.restart();
+    service.pass(60000);
+    EXPECT_EQ(service.value("rx", 2, "status"), "ready");
+}
+
+TEST(Engine, ADatabaseThatTurnsOutDamagedIsWrittenAnewFromMemory) {
+    Harness service;
+    ASSERT_EQ(service.set("rx", R"({"index":1,"name":"Before"})").error(), 0);
+    service.disk.records.erase({Res::Rx, 2}); // what the damage took
+    service.disk.broken = true;
+    EXPECT_EQ(service.set("rx", R"({"index":3,"name":"New"})").error(), 0);
+    EXPECT_EQ(service.disk.renewals, 1);
+    EXPECT_NE(service.get("unacknowledgedAlerts").text().find("found damaged"), std::string::npos);
+    const std::string all = dump(service.engine->store());
+    service.restart();
+    EXPECT_EQ(dump(service.engine->store()), all);
+    EXPECT_EQ(service.value("rx", 1, "name"), "Before");
+    EXPECT_EQ(service.value("rx", 2, "name"), "Desk 1 Right");
+}
+
+TEST(Engine, TheSimulationIsSteeredOnlyWithLeave) {
+    Harness service;
+    service.simControl = false;
+    service.restart();
+    EXPECT_EQ(service.set("simControl", R"({"action":"time","factor":2})").error(), 1106);
 }
 
 TEST(Engine, HashingDoesNotHoldUpOthers) {

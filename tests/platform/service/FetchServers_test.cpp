@@ -41,7 +41,7 @@ protected:
     TempFolder folder;
     std::string certificate = folder.path() / "cert.pem";
     std::string key = folder.path() / "key.pem";
-    FetchRules rules{.limit = kLimit};
+    FetchRules rules{.limit = kLimit, .localServers = true};
 };
 
 TEST_P(FetchFrom, TheWholeFileOrNothing) {

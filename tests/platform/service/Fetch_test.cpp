@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 #include <netinet/in.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
 
@@ -62,7 +63,8 @@ constexpr std::size_t kLimit = 1000;
 
 std::optional<std::string> fetch(const FetchSource& source, std::size_t limit = kLimit) {
     std::string why;
-    std::optional<std::string> bytes = fetchFile(source, {.limit = limit}, why);
+    std::optional<std::string> bytes =
+        fetchFile(source, {.limit = limit, .folder = "/tmp", .localServers = true}, why);
     EXPECT_TRUE(bytes || !why.empty());
     return bytes;
 }
@@ -104,6 +106,45 @@ TEST(Fetch, ReadsLocalFiles) {
     EXPECT_FALSE(fetch({"file", "", path, "", ""}, 7));
     EXPECT_FALSE(fetch({"file", "", folder.path(), "", ""}));
     EXPECT_FALSE(fetch({"file", "", path + "2", "", ""}));
+    const std::string pipe = folder.path() / "pipe";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    EXPECT_FALSE(fetch({"file", "", pipe, "", ""})) << "nor does it wait for somebody to write";
+    for (const char* device : {"/dev/zero", "/dev/null", "/dev/tty"})
+        EXPECT_FALSE(fetch({"file", "", device, "", ""})) << device;
+}
+
+TEST(Fetch, ReadsLocalFilesOfItsFolderOnly) {
+    const TempFolder folder;
+    const std::filesystem::path root = folder.path() / "up";
+    std::filesystem::create_directories(root / "sub");
+    std::filesystem::create_directories(folder.path() / "upper");
+    for (const char* name : {"up/f", "up/sub/f", "f", "upper/f"})
+        std::ofstream(folder.path() / name) << "firmware";
+    std::filesystem::create_symlink(folder.path() / "f", root / "out");
+    const auto read = [&](const std::filesystem::path& path, const std::filesystem::path& from) {
+        std::string why;
+        return fetchFile({"file", "", path, "", ""}, {.limit = kLimit, .folder = from}, why).has_value();
+    };
+    EXPECT_TRUE(read(root / "f", root));
+    EXPECT_TRUE(read(root / "sub" / "f", root));
+    EXPECT_TRUE(read(root / "sub" / ".." / "f", root));
+    for (const auto& path :
+         {folder.path() / "f", root / ".." / "f", root / "out", folder.path() / "upper" / "f"})
+        EXPECT_FALSE(read(path, root)) << path;
+    EXPECT_FALSE(read(root / "f", "")) << "no folder, no file";
+    EXPECT_FALSE(read(root / "f", folder.path() / "none"));
+}
+
+TEST(Fetch, GoesToServersElsewhereOnly) {
+    OneAnswer server(http("200 OK", "firmware"));
+    const std::string port = server.place().substr(server.place().find(':'));
+    for (const std::string host : {"127.0.0.1", "127.9.9.9", "localhost", "0.0.0.0", "[::1]",
+                                   "[::ffff:127.0.0.1]", "[::]", "169.254.1.1", "[fe80::1]", "2130706433"}) {
+        std::string why;
+        EXPECT_FALSE(fetchFile({"http", host + port, "/f", "", ""}, {.limit = kLimit}, why)) << host;
+    }
+    EXPECT_EQ(server.asked(), "");
+    EXPECT_EQ(fetch({"http", server.place(), "/f", "", ""}), "firmware");
 }
 
 } // namespace

@@ -1,4 +1,6 @@
 // What a client may send, and what it is told.
+#include "platform/service/catalogue/Catalogue.h"
+#include "platform/service/request/ReadRequest.h"
 #include "tests/platform/service/support/Harness.h"
 
 #include <gtest/gtest.h>
@@ -29,6 +31,14 @@ TEST(Requests, BadOnesGetTheirNumbersAndChangeNothing) {
         {"write of a read-only table", R"({"method":"set","resource":"changeStatus","params":{"index":1}})",
          1006},
         {"read of an action", R"({"method":"get","resource":"swxControl"})", 1006},
+        {"removal of a part", R"({"method":"delete","resource":"swx/network","params":{"index":2}})", 1006},
+        {"removal of a nested part",
+         R"({"method":"delete","resource":"user/keySettings/osdHotKey","params":{"index":3}})", 1006},
+        {"creation of a part",
+         R"({"method":"create","resource":"user/keySettings","params":{"name":"x","role":"user"}})", 1006},
+        {"stars for a new secret",
+         R"({"method":"create","resource":"upgrade","params":{"protocol":"file","filename":"x","password":"********"}})",
+         9},
         {"set without an index", R"({"method":"set","resource":"rx","params":{"name":"x"}})", 1008},
         {"set of index 0", R"({"method":"set","resource":"rx","params":{"index":0,"name":"x"}})", 1008},
         {"index as text", R"({"method":"set","resource":"rx","params":{"index":"1","name":"x"}})", 9},
@@ -170,6 +180,76 @@ TEST(Requests, ReadsAnswerWhatIsAskedFor) {
               R"({"id":1,"rows":[{"switchApiPort":443}]})");
     EXPECT_EQ(service.ask(R"({"method":"GeT","resource":"zeqHello"})").at("protocol"), "1");
     EXPECT_EQ(service.get("historicalAlerts", R"("select":["date"])").at("instanceId"), "1");
+}
+
+std::string indexes(std::size_t count) {
+    std::string list = "1";
+    for (std::size_t i = 1; i < count; ++i) list += ",1";
+    return "\"select\":[\"index\"],\"query\":{\"index\":[" + list + "]}";
+}
+
+TEST(Requests, AReadHasAsManyIndexesAsThereMayBeRecords) {
+    Harness service;
+    for (const ResourceRow& row : catalogue()) {
+        if (!row.allows(Method::Get) || row.shape == Shape::Singleton || row.keys.empty() ||
+            row.id == Res::UserTargetList || row.id == Res::ZeqHello)
+            continue;
+        SCOPED_TRACE(std::string(row.name));
+        const std::size_t most = row.capacity ? row.capacity : 20000;
+        EXPECT_NE(service.get(std::string(row.name), indexes(most)).error(), 15);
+        EXPECT_EQ(service.get(std::string(row.name), indexes(most + 1)).error(), 15);
+    }
+    EXPECT_EQ(service.get("rx", indexes(500'000)).error(), 15);
+    EXPECT_EQ(service.get("rx", indexes(20'000)).rowCount(), 20'000U) << "a row for each";
+}
+
+/// Counts what is looked up.
+class Counting : public View {
+public:
+    explicit Counting(const View& base) : mBase(base) {}
+    RecordPtr find(Res id, std::uint32_t index) const override { return ++finds, mBase.find(id, index); }
+    void each(Res id, const std::function<bool(const RecordPtr&)>& visit) const override {
+        mBase.each(id, [&](const RecordPtr& record) { return ++seen, visit(record); });
+    }
+    std::uint32_t nextIndex(Res id) const override { return mBase.nextIndex(id); }
+    std::size_t count(Res id) const override { return mBase.count(id); }
+    mutable std::size_t finds = 0, seen = 0;
+
+private:
+    const View& mBase;
+};
+
+std::string readFrom(const View& view, const std::string& members) {
+    ZeqRequest request;
+    Errors errors;
+    interpret("{\"id\":1,\"method\":\"get\"," + members + "}", request, errors);
+    return answerRead(view, request, 0);
+}
+
+TEST(Requests, ReckoningEndsWhereTheAnswerIsTooLong) {
+    Store store;
+    Record user(Res::User, 1);
+    auto all = std::make_shared<Entries>();
+    for (std::int64_t tx = 1; tx <= 20'000; ++tx) all->push_back({Value(tx + 4'000'000'000)});
+    user.at("target") = EntriesPtr(all);
+    store.load(std::make_shared<const Record>(std::move(user)));
+    const Counting view(store);
+    std::string many = "1";
+    for (int i = 1; i < 256; ++i) many += ",1";
+    EXPECT_EQ(Answer(readFrom(view, "\"resource\":\"user\",\"query\":{\"index\":[" + many + "]}")).error(),
+              15);
+    EXPECT_LT(view.finds, 250U);
+}
+
+TEST(Requests, SessionsAreLookedThroughOnceForAllDiagnostics) {
+    Store store;
+    for (std::uint32_t i = 1; i <= 300; ++i) {
+        store.load(std::make_shared<const Record>(std::move(Record(Res::Rx, i).choose("status", "ready"))));
+        store.load(std::make_shared<const Record>(std::move(Record(Res::Connection, i).set("rxIndex", i))));
+    }
+    const Counting view(store);
+    EXPECT_EQ(Answer(readFrom(view, "\"resource\":\"rxUsbDiag\"")).rowCount(), 300U);
+    EXPECT_LE(view.seen, 300U);
 }
 
 TEST(Requests, AnUnchangedSetTouchesNeitherDiskNorChangeNumbers) {

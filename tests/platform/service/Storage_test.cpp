@@ -75,9 +75,7 @@ TEST_F(DatabaseFile, OfOthersIsLeftAlone) {
         std::runtime_error);
     const std::string other = folder.path() / "other.db";
     runSql(other, "CREATE TABLE theirs(x)");
-    EXPECT_THROW(
-        try { SqliteDisk disk(other); } catch (const DatabaseDamaged&) { FAIL() << "not damaged, foreign"; },
-        std::runtime_error);
+    EXPECT_THROW(SqliteDisk disk(other), DatabaseDamaged) << "it is set aside, not lost";
     EXPECT_THROW(SqliteDisk disk(folder.path() / "no" / "folder"), std::runtime_error);
 }
 
@@ -131,6 +129,23 @@ TEST(Frames, ComeInPiecesAndInLumps) {
         EXPECT_FALSE(decoder.broken());
         EXPECT_EQ(decoder.partial(), piece < 4096);
     }
+}
+
+TEST(Frames, GiveTheirRoomBackAndTellWhenTheNextIsThere) {
+    FrameReader decoder;
+    std::string wire;
+    appendFrame(wire, std::string(kMaxRequest, 'x'));
+    appendFrame(wire, "{}");
+    decoder.append(wire.substr(0, wire.size() - 1));
+    ASSERT_TRUE(decoder.next());
+    EXPECT_FALSE(decoder.ready()) << "a byte is missing";
+    decoder.append(wire.substr(wire.size() - 1));
+    EXPECT_TRUE(decoder.ready());
+    ASSERT_TRUE(decoder.next());
+    EXPECT_LT(decoder.held(), std::size_t{kReadChunk} * 3);
+    EXPECT_FALSE(decoder.ready());
+    decoder.append(std::string("\x00\x10\x00\x01", 4));
+    EXPECT_TRUE(decoder.ready()) << "nothing can be read behind it";
 }
 
 TEST(Frames, ThatAreTooLongBreakTheStream) {

@@ -83,6 +83,10 @@ TEST(Users, PasswordsNeverComeBack) {
     EXPECT_EQ(service.value("user", 3, "password"), "");
     EXPECT_EQ(service.value("systemGlobals", 0, "rapParameters/sshPassword"), "");
     EXPECT_EQ(service.value("upgrade", 3, "password"), "********");
+    ASSERT_EQ(service.set("upgrade", R"({"index":3,"username":"other","password":"********"})").error(), 0);
+    EXPECT_EQ(service.engine->store().find(Res::Upgrade, 3)->text("username"), "other");
+    EXPECT_EQ(service.engine->store().find(Res::Upgrade, 3)->text("password").find('*'), std::string::npos)
+        << "what a read shows in its place is not the secret";
     for (const char* resource : {"user", "systemGlobals", "upgrade", "adminSession"}) {
         const std::string text = service.get(resource).text();
         EXPECT_EQ(text.find("Geheim7"), std::string::npos);
@@ -288,6 +292,47 @@ TEST(Users, AccountsAreKeptSound) {
             std::string(row.method) == "set" ? service.set("user", params) : service.create("user", params);
         EXPECT_EQ(answer.error(), row.error) << answer.text();
     }
+}
+
+TEST(Users, APasswordThatCannotBeHashedIsRefusedAndNotStoredBlank) {
+    Harness service;
+    service.hash = [](std::string_view) { return std::string(); };
+    const std::string before = dump(service.engine->store());
+    EXPECT_EQ(service.set("user", R"({"index":3,"allowBlankPassword":"enabled","password":"new"})").error(),
+              1);
+    EXPECT_EQ(service.create("user", R"({"name":"x","role":"user","password":"new"})").error(), 1);
+    EXPECT_EQ(service.set("systemGlobals/rapParameters", R"({"sshPassword":"new"})").error(), 1);
+    EXPECT_EQ(dump(service.engine->store()), before);
+}
+
+TEST(Users, TheLeaveForABlankPasswordGoesWithAPassword) {
+    Harness service;
+    const std::string index =
+        service.create("user", R"({"name":"x","role":"admin","allowBlankPassword":"enabled"})").at("index");
+    const std::string begin = "{\"index\":" + index + R"(,"allowBlankPassword":"disabled")";
+    EXPECT_EQ(service.set("user", begin + "}").detail(), "service.detail.password");
+    EXPECT_EQ(service.value("user", std::stoi(index), "allowBlankPassword"), "enabled");
+    EXPECT_EQ(service.set("user", begin + R"(,"password":"pw"})").error(), 0);
+    ASSERT_EQ(service.set("user", "{\"index\":" + index + R"(,"allowBlankPassword":"enabled"})").error(), 0);
+    EXPECT_EQ(service.set("user", begin + "}").error(), 0) << "it has one";
+}
+
+TEST(Users, WhatWasTypedForANameStandsInNoEvent) {
+    Harness service;
+    for (const char* name : {"MyPassword1", "admin"}) {
+        const std::string login =
+            R"({"username":")" + std::string(name) + R"(","password":"no","ipAddress":"10.0.0.9"})";
+        ASSERT_EQ(service.create("adminSession", login).error(), 1103);
+    }
+    const std::string events = service.get("unacknowledgedAlerts").text();
+    EXPECT_EQ(events.find("MyPassword1"), std::string::npos);
+    EXPECT_NE(events.find("Login of \\\"admin\\\" to the web interface failed, from 10.0.0.9"),
+              std::string::npos)
+        << events;
+    EXPECT_NE(events.find("Login under an unknown name to the web interface failed, from 10.0.0.9"),
+              std::string::npos);
+    for (const std::string& line : service.log)
+        EXPECT_EQ(line.find("MyPassword1"), std::string::npos) << line;
 }
 
 TEST(Users, TheLastEnabledAdministratorStays) {

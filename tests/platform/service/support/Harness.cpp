@@ -7,21 +7,34 @@
 
 #include <sodium.h>
 #include <stdexcept>
+#include <utility>
 
 namespace zeqd::testing {
 
 std::string FakeDisk::write(const std::vector<DiskChange>& changes) {
     ++writes;
+    if (broken) return "database disk image is malformed";
     if (failures > 0) {
         --failures;
         return "no space left on device";
     }
+    for (const DiskChange& change : changes)
+        if (!poison.empty() && change.body && change.body->find(poison) != std::string::npos)
+            return "too large";
     for (const DiskChange& change : changes) {
         if (change.body)
             records[{change.resource, change.index}] = *change.body;
         else
             records.erase({change.resource, change.index});
     }
+    return {};
+}
+
+std::string FakeDisk::renew(const DiskContent& content) {
+    ++renewals;
+    records.clear();
+    for (const DiskChange& change : content.records) records[{change.resource, change.index}] = *change.body;
+    broken = false;
     return {};
 }
 
@@ -115,13 +128,19 @@ void Harness::restart() {
 
 void Harness::boot(Store store) {
     engine = std::make_unique<Engine>(
-        EngineParts{clock, disk, executor, [this](const std::string& line) { log.push_back(line); },
+        EngineParts{clock,
+                    disk,
+                    executor,
+                    [this](const std::string& line) { log.push_back(line); },
                     settingsDir,
+                    database,
                     [this](const auto& server, const EventLine& event, const auto& eid) {
                         syslog.push_back(server + " " + event.severity + " " + event.message + " " + eid);
-                    }},
+                    },
+                    [this](std::string_view password) { return hash(password); },
+                    {.localServers = true, .simControl = simControl}},
         std::move(store));
-    engine->start(1, {});
+    engine->start(1);
     settle();
 }
 

@@ -3,18 +3,25 @@
 
 #include "platform/service/core/JsonPtr.h"
 #include "platform/service/engine/Engine.h"
+#include "platform/service/secret/PasswordHash.h"
 
 #include <array>
 #include <deque>
 #include <map>
+#include <stdexcept>
 
 namespace zeqd::testing {
 
 class FakeClock : public Clock {
 public:
-    std::int64_t now() const override { return mStart + mMs / 1000; }
+    std::int64_t now() const override {
+        if (failures && !--failures) throw std::runtime_error("the clock stands still");
+        return mStart + mMs / 1000;
+    }
     std::int64_t monotonicMs() const override { return mMs; }
     void advance(std::int64_t milliseconds) { mMs += milliseconds; }
+
+    mutable int failures = 0; ///< the so-many-th call from now on throws; 0 = none does
 
 private:
     std::int64_t mStart = 1'700'000'000;
@@ -25,10 +32,15 @@ private:
 class FakeDisk : public Disk {
 public:
     std::string write(const std::vector<DiskChange>& changes) override;
+    bool damaged() const override { return broken; }
+    std::string renew(const DiskContent& content) override;
 
     std::map<std::pair<Res, std::uint32_t>, std::string> records;
-    int failures = 0; ///< so many writes fail from now on
+    int failures = 0;    ///< so many writes fail from now on
+    bool broken = false; ///< writes fail until it is renewed
+    int renewals = 0;
     int writes = 0;
+    std::string poison; ///< a write with this text in it fails; empty = none does
 };
 
 /// Runs nothing until it is told to.
@@ -100,6 +112,9 @@ public:
     std::vector<std::string> log;
     std::vector<std::string> syslog; ///< server, severity, message, EID of the Switch
     std::string settingsDir = "/nonexistent";
+    bool simControl = true;
+    std::string database = "/nonexistent/zeq.db"; ///< path, of which only what was set aside is looked at
+    std::function<std::string(std::string_view)> hash = hashPassword;
     std::unique_ptr<Engine> engine;
 
 private:

@@ -54,6 +54,11 @@ bool RawClient::readAll(std::string& bytes) {
     return true;
 }
 
+void RawClient::receiveSome(std::size_t bytes) {
+    std::string some(bytes, '\0');
+    [[maybe_unused]] const ssize_t got = recv(mFd, some.data(), some.size(), MSG_DONTWAIT);
+}
+
 std::string RawClient::receive() {
     std::string header(kFrameHeader, '\0');
     if (!readAll(header)) return {};

@@ -19,6 +19,8 @@ public:
     bool sendFrame(std::string_view text);
     /// Content of the next frame; empty when the service closes or is silent for 10 s.
     std::string receive();
+    /// Takes so many bytes, or what there is.
+    void receiveSome(std::size_t bytes);
     std::string ask(std::string_view text) { return sendFrame(text) ? receive() : std::string(); }
 
 private:
