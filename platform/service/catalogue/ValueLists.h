@@ -61,7 +61,7 @@ ZEQD_VALUES(cascadeRoleAction, "force_role_switch", "link_peer", "promote_peer",
 ZEQD_VALUES(settingsAction, "unzip", "zip");
 ZEQD_VALUES(simFailure, "none", "push", "flash");
 ZEQD_VALUES(simAction, "offline", "online", "time", "step", "video", "attach", "fail_flash", "fail_push",
-            "poke", "alert");
+            "poke", "alert", "look", "link_down", "link_up", "manager_down", "manager_up");
 
 #undef ZEQD_VALUES
 

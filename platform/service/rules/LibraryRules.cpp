@@ -4,6 +4,7 @@
 #include "platform/service/rules/Rules.h"
 #include "platform/service/sim/Attach.h"
 #include "platform/service/sim/Cascade.h"
+#include "platform/service/sim/Enrolment.h"
 
 namespace zeqd {
 
@@ -42,8 +43,13 @@ void upgradeDeleted(Context& context) {
 
 void globalsChanged(Context& context) {
     Record& globals = *context.after;
-    if (globals.text("masterSwitchEid").empty()) nameMaster(context.tx, globals);
-    if (!context.changes("managedSetting")) return;
+    if (context.changes("masterSwitchEid")) {
+        if (cascadePair(context.tx)) return context.fail(Errno::InvalidCascadeChange, "masterSwitchEid");
+        context.tx.put(globals);
+        settleCascade(context.tx);
+        globals = context.tx.singleton(Res::SystemGlobals);
+    }
+    if (!context.changes("managedSetting")) return showManagers(globals);
     if (globals.is("managedSetting", "enrolling") && globals.text("managerIpAddress").empty())
         return context.fail(Errno::MissingParameters, "managerIpAddress");
     beginEnrolment(context.tx, globals);

@@ -3,6 +3,7 @@
 #include "platform/service/demo/Installation.h"
 #include "platform/service/domain/Devices.h"
 #include "platform/service/domain/Sessions.h"
+#include "platform/service/sim/Cascade.h"
 #include "platform/service/sim/Steps.h"
 #include "platform/service/sim/SwitchLife.h"
 
@@ -53,6 +54,7 @@ void factoryThisSwitch(StepContext& step) {
     Record globals(Res::SystemGlobals, 0);
     globals.setText("masterSwitchEid", thisSwitchEid(tx));
     tx.put(std::move(globals));
+    settleCascade(tx);
     for (const RecordPtr& record : factoryInstallation())
         if (record->id() == Res::User) tx.put(*record);
     tx.later(span::kRestart, makeTask(Step::RestartService));
