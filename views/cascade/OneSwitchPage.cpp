@@ -6,6 +6,7 @@
 #include "frame/ActionColumn.h"
 #include "frame/ActionResults.h"
 #include "frame/Confirm.h"
+#include "frame/OwnAddress.h"
 #include "frame/RebootingBox.h"
 #include "frame/WContextPanel.h"
 #include "frame/WFlashDisplayDialog.h"
@@ -102,10 +103,12 @@ void OneSwitchPage::enableButtons() {
 
 void OneSwitchPage::saveButtonClickedHandler() {
     const bool reboots = modeIsChanged(); // saving ends the marks that tell it
+    const OwnAddress before;
     unsigned result = 0;
     std::vector<std::string> errors;
     for (WSettingsTable* table : mTables) result |= table->writeToDatabase(recordsOf(table, mUser), errors);
     if (result != 0 || !errors.empty()) WMsgBoxDbErr(WMsgBoxDbErr::Write, errors).exec();
+    before.tellIfMoved(); // before a reboot, which is the last that this page tells
     if (reboots) rebootThisSwx(tr(mSpec.rebootsNow));
     // What could not be written for its own fault is still there to be mended; all else shows what is stored.
     readFromDatabase(false);

@@ -17,6 +17,7 @@
 #include "widgets/WManagementMode.h"
 #include "widgets/WSwxCombinedMode.h"
 
+#include <Wt/WAnchor>
 #include <Wt/WComboBox>
 #include <Wt/WLineEdit>
 
@@ -139,6 +140,36 @@ TEST_F(OneSwitch, ManagedPageSavesEveryPartOfItselfAtOnce) {
     EXPECT_EQ(buttons(), "..");
     EXPECT_FALSE(mPage->anythingChanged());
     EXPECT_TRUE(shown.empty());
+}
+
+/// What the box says, and the address that its link opens.
+std::string linkIn(Wt::WDialog& dialog) {
+    const auto links = widgetsIn<Wt::WAnchor>(&dialog);
+    return links.empty() ? "no link" : links.front()->link().url();
+}
+
+TEST_F(OneSwitch, ANewAddressOfItsOwnIsTold) {
+    open<WManagedView>();
+    const auto told = [this](const char* expected) {
+        answer([expected](Wt::WDialog& dialog) {
+            EXPECT_THAT(linkIn(dialog), testing::StartsWith(expected));
+            click(buttonIn(&dialog, "Close"));
+        });
+    };
+    told("https://10.20.1.77");
+    typeIn("swx/network/ipv4", "ipAddress", "10.20.1.77");
+    savePage();
+    typeIn("swx/network/ipv4", "gatewayAddress", "10.20.1.3");
+    savePage();
+    EXPECT_EQ(shown.size(), 1U) << "the gateway moves nothing";
+    told("no link");
+    chooseIn(fieldOf<Wt::WComboBox>("swx/network/ipv4", "ipv4ConfMethod"), 0);
+    savePage();
+    EXPECT_THAT(shown.back(), HasSubstr("from the network"));
+    told("https://[fd20:1::77]");
+    chooseIn(fieldOf<Wt::WComboBox>("swx/network/ipv6", "ipv6ConfMethod"), 3);
+    typeIn("swx/network/ipv6", "ipAddress", "fd20:1::77");
+    savePage();
 }
 
 TEST_F(OneSwitch, CancelShowsWhatIsStored) {
