@@ -3,6 +3,7 @@
 #include "frame/MsgBoxParts.h"
 #include "frame/WDialogHeading.h"
 
+#include <Wt/WAnchor>
 #include <Wt/WCheckBox>
 #include <Wt/WPushButton>
 #include <Wt/WTable>
@@ -43,6 +44,15 @@ void WMsgBox::msgSet(const Wt::WString& message) {
 
 void WMsgBox::msgSet(const char* message) {
     msgSet(Wt::WString::fromUTF8(message));
+}
+
+void WMsgBox::linkAdd(const std::string& address) {
+    auto* link = new Wt::WAnchor(Wt::WLink(address), Wt::WString::fromUTF8(address),
+                                 mFrameTable->elementAt(kMessageRow, 0));
+    link->setTextFormat(Wt::PlainText);
+    link->setInline(false);
+    link->setStyleClass("mirl-link");
+    link->setTarget(Wt::TargetNewWindow);
 }
 
 void WMsgBox::checkBoxSet(const Wt::WString& text) {

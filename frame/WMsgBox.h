@@ -28,6 +28,8 @@ public:
     /// Text as it stands, no markup; line ends start new lines. The const char* form takes UTF-8.
     void msgSet(const Wt::WString& message);
     void msgSet(const char* message);
+    /// An address to open, below the message, which comes first.
+    void linkAdd(const std::string& address);
     void checkBoxSet(const Wt::WString& text);
     /// The first button stands rightmost and has the focus; the second and third follow to its left.
     /// A fourth is ignored.

@@ -2,6 +2,7 @@
 
 #include "frame/TabLabel.h"
 #include "shell/MirlApplication.h"
+#include "views/cascade/WManagedView.h"
 #include "views/cascade/WSlaveSettingsView.h"
 #include "views/users/WUsrView.h"
 
@@ -27,6 +28,7 @@ bool MirlApplication::parentSectionChanged(ChangeTracker::SubsectionId id) const
 }
 
 bool MirlApplication::anythingChanged() const {
+    if (mManagedView) return mManagedView->anythingChanged();
     return mSlaveUiActive ? mSlaveSettingsView->anythingChanged() : mChangeTracker.anythingChanged();
 }
 

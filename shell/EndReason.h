@@ -12,7 +12,9 @@ enum class EndReason {
     LoggedOutElsewhere,
     AccountChanged,
     Restarted,
-    ModeChanged
+    ModeChanged,
+    PlaceChanged,
+    OtherSwitch
 };
 
 /// The reason travels as the word of this parameter of the start page's address, and is a text of the message
@@ -24,7 +26,7 @@ struct EndReasonRow {
     const char* word;
     const char* message;
 };
-constexpr std::array<EndReasonRow, 7> kEndReasons = {{
+constexpr std::array<EndReasonRow, 9> kEndReasons = {{
     {EndReason::None, "", ""},
     {EndReason::Inactivity, "inactivity", "[RSnnn]You were logged out because nothing was done for a while."},
     {EndReason::TimeLimit, "time",
@@ -36,6 +38,10 @@ constexpr std::array<EndReasonRow, 7> kEndReasons = {{
     {EndReason::Restarted, "restart", "[RSnnn]You were logged out because the Switch has restarted."},
     {EndReason::ModeChanged, "mode",
      "[RSnnn]You were logged out because the Switch has become managed, or is managed no longer."},
+    {EndReason::PlaceChanged, "place",
+     "[RSnnn]You were logged out because this Switch has another place in its cascade now."},
+    {EndReason::OtherSwitch, "switch",
+     "[RSnnn]You were logged out because this is another Switch now: the roles of the two controllers were switched."},
 }};
 
 constexpr const EndReasonRow& endReasonRow(EndReason reason) {

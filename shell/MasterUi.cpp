@@ -1,6 +1,7 @@
 // The pages of a logged-in user: which of the three variants, and the main tabs of the master variant.
 
 #include "db/Db.h"
+#include "db/ThisSwx.h"
 #include "frame/PageFrame.h"
 #include "frame/Place.h"
 #include "platform/client/Attributes.h"
@@ -97,8 +98,10 @@ void MirlApplication::createUi() {
     bool fullMirlWhenManaged = false;
     if (Db::db.readEnableDisable("systemGlobals", 0, "fullMirlWhenManaged", fullMirlWhenManaged, errors) != 0)
         fullMirlWhenManaged = false;
-    switch (
-        uiVariantFor(Db::db.thisSwxIsCascadeController(), Db::db.thisSwxIsManaged(), fullMirlWhenManaged)) {
+    mController = Db::db.thisSwxIsCascadeController();
+    mUiVariant = uiVariantFor(mController, Db::db.thisSwxIsManaged(), fullMirlWhenManaged);
+    Db::db.readString("swx", kThisSwxIndex, "eid", mThisSwxEid, errors);
+    switch (mUiVariant) {
     case UiVariant::Master:
         createMasterUi();
         break;

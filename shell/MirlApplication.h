@@ -3,6 +3,7 @@
 #include "shell/ChangeTracker.h"
 #include "shell/EndReason.h"
 #include "shell/Security.h"
+#include "shell/UiVariant.h"
 
 #include <Wt/WApplication>
 
@@ -126,6 +127,10 @@ private:
     void startModeChangeCheckTimer();
     void stopModeChangeCheckTimer();
     void modeChangeCheckTimeoutHandler();
+    /// None while the pages are still those that this Switch should have.
+    EndReason placeChange() const;
+    /// Nothing goes without a word: unsaved edits are named, for some time, before the session ends.
+    void tellLostEdits();
     /// Whoever is disabled or logged out elsewhere is to learn it within 2 s.
     void startSessionCheckTimer();
     void stopSessionCheckTimer();
@@ -197,5 +202,9 @@ private:
     Wt::WTimer* mModeChangeCheckTimer = nullptr;
     Wt::WTimer* mSessionCheckTimer = nullptr;
     Wt::WTimer* mRedirectCheckTimer = nullptr;
-    std::string mManagedSetting; // as it was when the pages were built
+    // As they were when the pages were built:
+    std::string mManagedSetting;
+    std::string mThisSwxEid;
+    UiVariant mUiVariant = UiVariant::Master;
+    bool mController = false; // this Switch, of its cascade
 };

@@ -2,10 +2,13 @@
 // a login page that nobody uses.
 
 #include "db/Db.h"
+#include "db/ThisSwx.h"
+#include "frame/ShowBox.h"
 #include "shell/DeleteOwned.h"
 #include "shell/MirlApplication.h"
 
 #include <Wt/WEnvironment>
+#include <Wt/WMenuItem>
 #include <Wt/WTimer>
 
 namespace {
@@ -18,6 +21,17 @@ constexpr int kLoginInactivityMs = 180000;
 
 constexpr char kManaged[] = "verified";
 constexpr char kUnmanaged[] = "non_managed";
+
+constexpr BoxRow kEditsLost{.type = WMsgBox::Warning,
+                            .title = "[RSnnn]Unsaved Changes",
+                            .buttons = {"[RSnnn]Close"},
+                            .maxWidthPx = 400};
+constexpr unsigned kEditsLostMs = 60000; // nobody may be there to read it
+
+/// Not on the way in or out, which may still end otherwise.
+bool settledManagement(const std::string& setting) {
+    return setting == kManaged || setting == kUnmanaged;
+}
 
 void stopTimer(Wt::WTimer*& timer) {
     if (timer && timer->isActive()) timer->stop();
@@ -79,7 +93,40 @@ void MirlApplication::modeChangeCheckTimeoutHandler() {
     if (Db::db.readString("systemGlobals", 0, "managedSetting", setting, errors) != 0) return;
     const bool turnedManaged = setting == kManaged && mManagedSetting == kUnmanaged;
     const bool turnedUnmanaged = setting == kUnmanaged && mManagedSetting == kManaged;
-    if (turnedManaged || turnedUnmanaged) logOutUser(EndReason::ModeChanged);
+    const EndReason reason = turnedManaged || turnedUnmanaged ? EndReason::ModeChanged : placeChange();
+    if (reason == EndReason::None) return;
+    tellLostEdits();
+    logOutUser(reason);
+}
+
+/// Enrolment goes through states that are neither: whoever logged in meanwhile would stay on a page that is none of this
+/// Switch's any more.
+EndReason MirlApplication::placeChange() const {
+    std::string role;
+    std::string setting;
+    std::vector<std::string> errors;
+    if (Db::db.readString("swx", kThisSwxIndex, "cascadeRole", role, errors) != 0 ||
+        Db::db.readString("systemGlobals", 0, "managedSetting", setting, errors) != 0)
+        return EndReason::None;
+    const bool controller = role == "controller";
+    const UiVariant variant = uiVariantFor(controller, setting != kUnmanaged, false);
+    const bool managed = variant == UiVariant::Managed;
+    if (managed != (mUiVariant == UiVariant::Managed))
+        return settledManagement(setting) ? EndReason::ModeChanged : EndReason::None;
+    return variant != mUiVariant || controller != mController ? EndReason::PlaceChanged : EndReason::None;
+}
+
+void MirlApplication::tellLostEdits() {
+    if (!anythingChanged()) return;
+    stopModeChangeCheckTimer();
+    Wt::WString text =
+        tr("[RSnnn]This Switch is administered in another way from now on. You are logged out, and "
+           "changes that you have not saved are lost.");
+    for (const Wt::WMenuItem* item : mSectionTabItems)
+        if (item && item->text().toUTF8().ends_with("*")) text += " " + item->text();
+    WMsgBox box(WMsgBox::Warning);
+    fillBox(box, kEditsLost, text);
+    box.execWithTimeout(kEditsLostMs);
 }
 
 void MirlApplication::startSessionCheckTimer() {
@@ -92,8 +139,15 @@ void MirlApplication::stopSessionCheckTimer() {
 }
 
 void MirlApplication::sessionCheckTimeoutHandler() {
-    const EndReason reason = Security_checkMirlSession(mMirlSession);
+    EndReason reason = Security_checkMirlSession(mMirlSession);
     if (reason == EndReason::None) return;
+    // It is the other Switch that does not know the session.
+    std::string eid;
+    std::vector<std::string> errors;
+    if (Db::db.readString("swx", kThisSwxIndex, "eid", eid, errors) == 0 && eid != mThisSwxEid)
+        reason = EndReason::OtherSwitch;
+    stopSessionCheckTimer();
+    if (reason == EndReason::OtherSwitch) tellLostEdits();
     mLoggedInUsrIndex = 0; // there is nothing left to log out of
     mUserLoggedIn = false;
     restartWebApp(reason);

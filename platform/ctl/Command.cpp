@@ -64,6 +64,22 @@ constexpr CommandRow kCommands[] = {
      "r", runDescribe},
     {"device", "device offline|online EID", "take a simulated device away or bring it back",
      "\n  zeqctl device offline AB12CD-000003\n", "offline online", runDevice},
+    {"cascade", "cascade look|down|up [EID]", "look from the other Switch, or take it away",
+     "look: the interface becomes that of the other Switch, without any change of roles; sessions end,\n"
+     "as they would at its own address. down and up: the other Switch, or the link to it, is gone and\n"
+     "comes back. Without an EID the other Switch of the cascade is meant.\n"
+     "\n"
+     "  zeqctl cascade look\n"
+     "  zeqctl cascade down\n",
+     "look down up", runCascade},
+    {"manager", "manager enrol [ADDRESS]|leave|down|up",
+     "put the Switch under a manager, or the manager out of reach",
+     "enrol needs the manager's address once. The steps take some seconds of simulated time; a manager\n"
+     "that is down does not answer them, and the enrolment fails.\n"
+     "\n"
+     "  zeqctl manager enrol 10.20.1.90\n"
+     "  zeqctl manager leave\n",
+     "enrol leave down up", runManager},
     {"time", "time faster N", "let simulated time run N times as fast",
      "Reboots, firmware updates and the like then take that much less time. 1 is real time.\n"
      "\n"

@@ -2,6 +2,8 @@
 #include "platform/ctl/Assign.h"
 #include "platform/ctl/ReadCommands.h"
 
+#include <utility>
+
 namespace zeqctl {
 
 namespace {
@@ -85,6 +87,45 @@ void runDevice(Context& context) {
         json_pack("{s:s, s:s}", "action", context.words[0].c_str(), "eid", context.words[1].c_str()));
     if (!params) throw Failure(Exit::Usage, "the EID is not UTF-8");
     context.service.write("set", "simControl", params.get());
+}
+
+void runCascade(Context& context) {
+    constexpr std::pair<const char*, const char*> kWords[] = {
+        {"look", "look"}, {"down", "link_down"}, {"up", "link_up"}};
+    const std::size_t count = context.words.size();
+    const JsonPtr params(ZeqObj_new());
+    for (const auto& [word, action] : kWords)
+        if ((count == 1 || count == 2) && context.words[0] == word)
+            ZeqObj_setString(params.get(), "action", action);
+    if (json_object_size(params.get()) == 0)
+        throw Failure(Exit::Usage,
+                      "use cascade look, cascade down or cascade up, with the EID of a Switch or without");
+    if (count == 2) ZeqObj_setString(params.get(), "eid", context.words[1].c_str());
+    context.service.write("set", "simControl", params.get());
+}
+
+void runManager(Context& context) {
+    struct Word {
+        const char* word;
+        const char* resource;
+        const char* key;
+        const char* value;
+        bool address; // a second word
+    };
+    constexpr Word kWords[] = {{"enrol", "systemGlobals", "managedSetting", "enrolling", true},
+                               {"leave", "systemGlobals", "managedSetting", "unenrolling", false},
+                               {"down", "simControl", "action", "manager_down", false},
+                               {"up", "simControl", "action", "manager_up", false}};
+    for (const Word& row : kWords) {
+        if (context.words.empty() || context.words[0] != row.word) continue;
+        if (context.words.size() > (row.address ? 2U : 1U)) break;
+        const JsonPtr params(json_pack("{s:s}", row.key, row.value));
+        if (context.words.size() == 2)
+            ZeqObj_setString(params.get(), "managerIpAddress", context.words[1].c_str());
+        context.service.write("set", row.resource, params.get());
+        return;
+    }
+    throw Failure(Exit::Usage, "use manager enrol ADDRESS, manager leave, manager down or manager up");
 }
 
 void runTime(Context& context) {

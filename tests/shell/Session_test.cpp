@@ -67,7 +67,7 @@ TEST_F(Session, OnlyTurningManagedOrUnmanagedEndsIt) {
     } rows[] = {
         {"verified", "non_managed", true}, {"non_managed", "verified", true}, {"verified", "verified", false},
         {"non_managed", "pending", false}, {"pending", "verified", false},    {"verified", "pending", false},
-        {"pending", "non_managed", false}, {"non_managed", "", false},
+        {"pending", "non_managed", true},  {"non_managed", "", false},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(std::string(row.before) + " to " + row.after);
@@ -78,6 +78,28 @@ TEST_F(Session, OnlyTurningManagedOrUnmanagedEndsIt) {
         session.probe().modeCheck();
         EXPECT_EQ(session.app().isQuited(), row.ends);
         EXPECT_EQ(session.app().userIsLoggedIn(), !row.ends);
+    }
+}
+
+TEST_F(Session, AnotherPlaceInTheCascadeEndsIt) {
+    const struct {
+        const char* before;
+        const char* after;
+        bool ends;
+    } rows[] = {{"controller", "slave", true}, {"controller", "backup", true},
+                {"slave", "controller", true}, {"slave", "backup", false},
+                {"backup", "slave", false},    {"controller", "controller", false}};
+    for (const char* managed : {"non_managed", "verified"}) {
+        for (const auto& row : rows) {
+            SCOPED_TRACE(std::string(row.before) + " to " + row.after + ", " + managed);
+            device.set("systemGlobals", "managedSetting", '"' + std::string(managed) + '"');
+            device.set("swx", "cascadeRole", '"' + std::string(row.before) + '"');
+            AppSession session;
+            session.logIn("admin", "x");
+            device.set("swx", "cascadeRole", '"' + std::string(row.after) + '"');
+            session.probe().modeCheck();
+            EXPECT_EQ(session.app().isQuited(), row.ends);
+        }
     }
 }
 

@@ -7,6 +7,9 @@
 #include "shell/WPrefsTable.h"
 #include "tests/db/DbTest.h"
 #include "tests/views/CatalogueCheck.h"
+#include "views/cascade/WCascadeView.h"
+#include "views/cascade/WManagedView.h"
+#include "views/cascade/WSlaveSettingsView.h"
 #include "views/devices/page/WDevView.h"
 #include "views/peripherals/WPeriphView.h"
 #include "views/settings/page/WSysSettingsView.h"
@@ -40,7 +43,8 @@ const struct {
 } kPages[] = {
     {"devices", made<WDevView>, 130},       {"settings", made<WSysSettingsView>, 24},
     {"peripherals", made<WPeriphView>, 2},  {"users", made<WUsrView>, 13},
-    {"preferences", made<WPrefsTable>, 10},
+    {"preferences", made<WPrefsTable>, 10}, {"cascade", made<WCascadeView>, 12},
+    {"managed", made<WManagedView>, 25},    {"slave", made<WSlaveSettingsView>, 20},
 };
 
 constexpr const char* kComputed = "frequencies are computed from the timing, in fields made for numbers";
@@ -55,10 +59,10 @@ const struct {
     int fields;
     const char* why;
 } kExceptions[] = {
-    {"user/password: takes 'two words', refused (password: printable characters without blanks)", 1,
+    {"user/password: takes 'two words', refused (password: printable characters without blanks)", 3,
      kRepeats},
-    {"user/password: takes 'é', refused (password: printable characters without blanks)", 1, kRepeats},
-    {"user/password: takes 'tab\there', refused (password: printable characters without blanks)", 1,
+    {"user/password: takes 'é', refused (password: printable characters without blanks)", 3, kRepeats},
+    {"user/password: takes 'tab\there', refused (password: printable characters without blanks)", 3,
      kRepeats},
     {"rx/inputVideoTiming/frequency: no such key", 1, kComputed},
     {"rx/outputVideoTiming/frequency: no such key", 1, kComputed},
@@ -66,13 +70,13 @@ const struct {
     {"rx/inputVideoTiming/frameRate: no such key", 1, kComputed},
     {"rx/outputVideoTiming/frameRate: no such key", 1, kComputed},
     {"rx/monPrefVideoTiming/frameRate: no such key", 1, kComputed},
-    {"swx/network/ipv6/ipAddress: takes '::1x2x3x4', refused (ipAddress: an IPv6 address)", 1, kAnyDot},
-    {"swx/network/ipv6/gatewayAddress: takes '::1x2x3x4', refused (gatewayAddress: an IPv6 address)", 1,
+    {"swx/network/ipv6/ipAddress: takes '::1x2x3x4', refused (ipAddress: an IPv6 address)", 3, kAnyDot},
+    {"swx/network/ipv6/gatewayAddress: takes '::1x2x3x4', refused (gatewayAddress: an IPv6 address)", 3,
      kAnyDot},
     {"systemGlobals/managerIpAddress: takes '::1x2x3x4', refused (managerIpAddress: an IPv4 or IPv6 address)",
-     1, kAnyDot},
+     2, kAnyDot},
     {"systemGlobals/auxiliaryManagerIpAddress: takes '::1x2x3x4', refused (auxiliaryManagerIpAddress: an IPv4 or IPv6 address)",
-     1, kAnyDot},
+     2, kAnyDot},
     {"systemGlobals/syslogDest: takes '::1x2x3x4', refused (syslogDest: an IPv4 or IPv6 address)", 1,
      kAnyDot},
     {"swx/primaryNtpIpAddress: takes '::1x2x3x4', refused (primaryNtpIpAddress: an address or a host name with a domain)",

@@ -5,6 +5,7 @@
 #include "platform/service/record/FieldReader.h"
 #include "tests/frame/WidgetSearch.h"
 #include "widgets/ValueTexts.h"
+#include "widgets/WAnchorZeq.h"
 #include "widgets/WComboBoxPlus.h"
 #include "widgets/WManagementMode.h"
 #include "widgets/WNtpTime.h"
@@ -251,7 +252,7 @@ bool checkManagement(WWidgetZeq& bound, const Place& place, Faults& faults) {
 // Read only texts of one kind of value.
 bool checkShown(WWidgetZeq& bound, const KeyRow& row, Faults& faults) {
     Type type;
-    if (dynamic_cast<WTextZeq*>(&bound))
+    if (dynamic_cast<WTextZeq*>(&bound) || dynamic_cast<WAnchorZeq*>(&bound))
         type = Type::Text;
     else if (dynamic_cast<WUInt32Zeq*>(&bound) || dynamic_cast<WNtpTime*>(&bound) ||
              dynamic_cast<WVideoResolution*>(&bound))

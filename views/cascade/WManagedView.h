@@ -1,11 +1,24 @@
 #pragma once
 
-#include "views/WEmptyPage.h"
+#include "views/cascade/OneSwitchPage.h"
 
-/// The one page of a Switch under an external manager.
-class WManagedView : public WEmptyPage {
+class WManagedViewSwxModeTable;
+
+/// The page of a Switch under an external manager.
+class WManagedView : public OneSwitchPage {
 public:
-    using WEmptyPage::WEmptyPage;
+    explicit WManagedView(Wt::WContainerWidget* parent = nullptr);
 
-    void readFromDatabase(bool /*force*/) {}
+    /// Leaving management is chosen: says what it means.
+    virtual void modeChangedHandler();
+
+    WManagedViewSwxModeTable* modeTable() const { return mMode; }
+
+protected:
+    bool modeIsChanged() const override;
+
+private:
+    WManagedView(WManagedViewSwxModeTable* mode, Wt::WContainerWidget* parent);
+
+    WManagedViewSwxModeTable* mMode;
 };

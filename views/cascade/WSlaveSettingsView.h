@@ -1,12 +1,26 @@
 #pragma once
 
-#include "views/WEmptyPage.h"
+#include "views/cascade/OneSwitchPage.h"
 
-/// The one page of a slave Switch.
-class WSlaveSettingsView : public WEmptyPage {
+class WSlaveSettingsViewSwxModeTable;
+
+/// The page of a slave Switch, and of the backup that stands by for its controller.
+class WSlaveSettingsView : public OneSwitchPage {
 public:
-    using WEmptyPage::WEmptyPage;
+    explicit WSlaveSettingsView(Wt::WContainerWidget* parent = nullptr);
 
-    void readFromDatabase(bool /*force*/) {}
-    bool anythingChanged() const { return false; }
+    /// To be a master is chosen: says what it means.
+    virtual void modeChangedHandler();
+
+    WSlaveSettingsViewSwxModeTable* modeTable() const { return mMode; }
+
+protected:
+    bool modeIsChanged() const override;
+    void setDependentWidgets() override;
+
+private:
+    WSlaveSettingsView(WSlaveSettingsViewSwxModeTable* mode, Wt::WContainerWidget* parent);
+
+    WSlaveSettingsViewSwxModeTable* mMode;
+    bool mOffersPromote = false;
 };

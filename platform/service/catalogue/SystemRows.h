@@ -63,6 +63,7 @@ inline constexpr KeyRow kSystemGlobals[] = {
     number("backlightFlashDuration", 1, 86400, "seconds a display flashes").def("30"),
     text("syslogDest", 57, Form::Ip, "syslog server"),
     object("rapParameters", kRapParameters, "remote access"),
+    setting("simManager", "enabled", "the primary manager answers").internal(),
 };
 
 inline constexpr KeyRow kCfgDefaults[] = {

@@ -62,7 +62,7 @@ ZEQD_VALUES(settingsAction, "unzip", "zip");
 ZEQD_VALUES(simFailure, "none", "push", "flash");
 ZEQD_VALUES(simOwed, "nothing", "reset", "restore", "restore_partial");
 ZEQD_VALUES(simAction, "offline", "online", "time", "step", "video", "attach", "fail_flash", "fail_push",
-            "poke", "alert");
+            "poke", "alert", "look", "link_down", "link_up", "manager_down", "manager_up");
 
 #undef ZEQD_VALUES
 

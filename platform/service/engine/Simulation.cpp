@@ -2,6 +2,7 @@
 
 #include "platform/service/engine/Engine.h"
 #include "platform/service/sim/Cascade.h"
+#include "platform/service/sim/Enrolment.h"
 #include "platform/service/sim/Firmware.h"
 #include "platform/service/sim/Life.h"
 #include "platform/service/sim/Resume.h"

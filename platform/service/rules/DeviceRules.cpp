@@ -46,7 +46,7 @@ void checkReset(Context& context) {
     if (!swx && mode == "factory_default_partial")
         return context.fail(device.id() == Res::Rx ? Errno::RxResetModeNotSupported
                                                    : Errno::TxResetModeNotSupported);
-    if (swx && mode != "cold_reboot" && linkedPeer(context.tx))
+    if (swx && mode != "cold_reboot" && cascadePair(context.tx))
         return context.fail(Errno::RestoreWithLinkedPeer);
     if (swx && device.index() == kThisSwitch) return resetThisSwitch(context, mode);
     if (mode != "cold_reboot") restoreFactory(context.tx, device, mode == "factory_default_partial");
@@ -66,19 +66,11 @@ void checkUpgrade(Context& context) {
 void checkMode(Context& context) {
     Record& swx = *context.after;
     if (!context.changes("mode")) return;
-    if (linkedPeer(context.tx)) return context.fail(Errno::InvalidCascadeChange);
-    const bool master = swx.is("mode", "master");
-    if (swx.index() == kThisSwitch) {
-        swx.choose("cascadeRole", master ? "controller" : "slave");
-        if (!master) return;
-        Record globals = context.tx.singleton(Res::SystemGlobals);
-        globals.setText("masterSwitchEid", swx.text("eid"));
-        return context.tx.put(std::move(globals));
-    }
-    // A second master is in conflict with this one until it steps back.
-    if (swx.is("status", "ready") && master) swx.choose("status", "conflict_is_master");
-    if (swx.is("status", "conflict_is_master") && !master) swx.choose("status", "ready");
-    if (master)
+    if (cascadePair(context.tx)) return context.fail(Errno::InvalidCascadeChange);
+    context.tx.put(swx);
+    settleCascade(context.tx);
+    swx = *context.tx.find(Res::Swx, swx.index());
+    if (isForeignMaster(context.tx, swx))
         raiseAlert(context.tx, context.now, {"enableAlertMoreThanOneMasterSwitch", "error"}, swx.text("eid"),
                    deviceLabel(swx) + " is a second master");
 }
@@ -118,9 +110,11 @@ void deviceDeleted(Context& context) {
 void switchDeleted(Context& context) {
     const Record& swx = *context.before;
     if (swx.index() == kThisSwitch) return context.fail(Errno::NotAllowed);
-    const RecordPtr peer = linkedPeer(context.tx);
-    if (peer && peer->index() == swx.index())
-        return context.fail(isUp(swx) ? Errno::InUse : Errno::DeleteOfflinePeer);
+    const CascadePair pair = cascadePair(context.tx);
+    const bool linked = pair && (pair.master->index() == swx.index() || pair.peer->index() == swx.index());
+    if (linked) return context.fail(isUp(swx) ? Errno::InUse : Errno::DeleteOfflinePeer);
+    if (swx.text("eid") == context.tx.singleton(Res::SystemGlobals).text("masterSwitchEid"))
+        return context.fail(Errno::InUse);
     switchOffline(context.tx, context.now, context.before);
 }
 

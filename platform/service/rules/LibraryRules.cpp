@@ -4,6 +4,7 @@
 #include "platform/service/rules/Rules.h"
 #include "platform/service/sim/Attach.h"
 #include "platform/service/sim/Cascade.h"
+#include "platform/service/sim/Enrolment.h"
 
 namespace zeqd {
 
@@ -42,13 +43,18 @@ void upgradeDeleted(Context& context) {
 
 void globalsChanged(Context& context) {
     Record& globals = *context.after;
-    if (globals.text("masterSwitchEid").empty()) nameMaster(context.tx, globals);
+    if (context.changes("masterSwitchEid")) {
+        if (cascadePair(context.tx)) return context.fail(Errno::InvalidCascadeChange, "masterSwitchEid");
+        context.tx.put(globals);
+        settleCascade(context.tx);
+        globals = context.tx.singleton(Res::SystemGlobals);
+    }
     const bool rules = globals.is("managedSetting", "enrolling") || globals.is("managedSetting", "managed") ||
                        globals.is("managedSetting", "verified");
     if (rules && globals.text("managerIpAddress").empty() &&
         (context.changes("managedSetting") || context.changes("managerIpAddress")))
         return context.fail(Errno::MissingParameters, "managerIpAddress");
-    if (!context.changes("managedSetting")) return;
+    if (!context.changes("managedSetting")) return showManagers(globals);
     beginEnrolment(context.tx, globals);
     reviewCapacity(context.tx, context.now, !globals.is("managedSetting", "non_managed"));
 }

@@ -7,6 +7,8 @@
 #include "platform/service/record/FieldReader.h"
 #include "platform/service/rules/Rules.h"
 #include "platform/service/sim/Attach.h"
+#include "platform/service/sim/Cascade.h"
+#include "platform/service/sim/Enrolment.h"
 #include "platform/service/sim/Life.h"
 #include "platform/service/sim/SwitchLife.h"
 
@@ -40,9 +42,7 @@ void power(Transaction& tx, const Record& device, std::string_view state) {
     tx.put(std::move(next));
 }
 
-void offline(Context& context) {
-    const RecordPtr device = namedDevice(context);
-    if (!device) return;
+void deviceOffline(Context& context, const RecordPtr& device) {
     const bool swx = device->id() == Res::Swx;
     if (swx && device->index() == kThisSwitch) return context.fail(Errno::NotAllowed);
     power(context.tx, *device, "disabled");
@@ -52,14 +52,21 @@ void offline(Context& context) {
                deviceLabel(*device) + " went offline");
 }
 
-void online(Context& context) {
-    const RecordPtr device = namedDevice(context);
-    if (!device || !device->is("status", "offline")) return;
+void offline(Context& context) {
+    if (const RecordPtr device = namedDevice(context)) deviceOffline(context, device);
+}
+
+void deviceOnline(Context& context, const RecordPtr& device) {
+    if (!device->is("status", "offline")) return;
     power(context.tx, *device, "enabled");
     if (device->id() == Res::Swx)
         context.tx.later(span::kPlugIn, makeTask(Step::SwitchBack, Res::Swx, device->index()));
     else
         comeBack(context.tx, device, span::kPlugIn);
+}
+
+void online(Context& context) {
+    if (const RecordPtr device = namedDevice(context)) deviceOnline(context, device);
 }
 
 void faster(Context& context) {
@@ -148,14 +155,71 @@ void alert(Context& context) {
              context.after->text("message"));
 }
 
+/// The Switch that "look", "link_down" and "link_up" are about: the named one, else the other of the cascade, else the first
+/// beside this one.
+std::uint32_t otherSwitch(Context& context) {
+    if (context.given("eid")) {
+        const RecordPtr named = context.tx.findText(Res::Swx, "eid", context.after->text("eid"));
+        return named ? named->index() : 0;
+    }
+    if (const CascadePair pair = cascadePair(context.tx))
+        return pair.master->index() == kThisSwitch ? pair.peer->index() : pair.master->index();
+    const RecordPtr other =
+        context.tx.findIf(Res::Swx, [](const Record& swx) { return swx.index() != kThisSwitch; });
+    return other ? other->index() : 0;
+}
+
+void look(Context& context) {
+    lookFrom(context, otherSwitch(context));
+}
+
+/// The other Switch, or the link to it, is gone: from here that is the same.
+void takeLink(Context& context, bool up) {
+    const RecordPtr other = context.tx.find(Res::Swx, otherSwitch(context));
+    if (!other || other->index() == kThisSwitch) return context.fail(Errno::NotFound, "eid");
+    context.after->setText("eid", other->text("eid"));
+    up ? deviceOnline(context, other) : deviceOffline(context, other);
+}
+void linkDown(Context& context) {
+    takeLink(context, false);
+}
+void linkUp(Context& context) {
+    takeLink(context, true);
+}
+
+void manager(Context& context, std::string_view state) {
+    Record globals = context.tx.singleton(Res::SystemGlobals);
+    globals.choose("simManager", state);
+    showManagers(globals);
+    context.tx.put(std::move(globals));
+}
+void managerDown(Context& context) {
+    manager(context, "disabled");
+}
+void managerUp(Context& context) {
+    manager(context, "enabled");
+}
+
 struct ActionRow {
     std::string_view action;
     void (*run)(Context&);
 };
 constexpr ActionRow kActions[] = {
-    {"offline", offline},      {"online", online},      {"time", faster}, {"step", jump},
-    {"video", video},          {"attach", attach},      {"poke", poke},   {"alert", alert},
-    {"fail_flash", failFlash}, {"fail_push", failPush},
+    {"offline", offline},
+    {"online", online},
+    {"time", faster},
+    {"step", jump},
+    {"video", video},
+    {"attach", attach},
+    {"poke", poke},
+    {"alert", alert},
+    {"fail_flash", failFlash},
+    {"fail_push", failPush},
+    {"look", look},
+    {"link_down", linkDown},
+    {"link_up", linkUp},
+    {"manager_down", managerDown},
+    {"manager_up", managerUp},
 };
 
 } // namespace

@@ -1,4 +1,6 @@
-// The cascade of this Switch with its peer, and the enrolment with a manager.
+// The cascade of two Switches that stand in for one another. Which is which stands in "systemGlobals": the master by
+// "masterSwitchEid", its peer by "peerControllerSwitchEid", and which of them is the controller by "cascadeController".
+// None of that depends on the Switch that one is logged in to, which is always record 1.
 #pragma once
 
 #include "platform/service/domain/Context.h"
@@ -9,18 +11,31 @@ namespace zeqd {
 /// One of the values of "cascadeRoleAction"; `index`: the Switch it is about.
 void changeCascade(Context& context, std::string_view action, std::uint32_t index);
 
+/// Looks at the installation from another Switch, without any change of roles: records 1 and `index` change places, what
+/// names them by index follows, and the administrator sessions end, which the other Switch does not know.
+void lookFrom(Context& context, std::uint32_t index);
+
 /// A linked peer has taken over the controller's data and is ready to stand in.
 void peerReady(StepContext& step);
 
-/// "managedSetting" has been set; `globals` is the record as it is about to be kept.
-void beginEnrolment(Transaction& tx, Record& globals);
-void enrol(StepContext& step);
+/// A Switch of the cascade is up again: what was interrupted goes on.
+void cascadeSwitchReady(Transaction& tx, const Record& swx);
 
-/// A master Switch is its own master: puts its EID into "masterSwitchEid" of `globals` when this Switch is
-/// one and no Switch of the system has the EID that stands there.
-void nameMaster(const View& view, Record& globals);
+/// Gives every Switch the role that it has by its mode and "systemGlobals", and mends what contradicts itself there. To be
+/// called behind every change of either that does not come from here.
+void settleCascade(Transaction& tx);
 
-/// The linked peer, or null.
-RecordPtr linkedPeer(const View& view);
+/// The two Switches of the cascade; all null without a peer.
+struct CascadePair {
+    RecordPtr master;
+    RecordPtr peer;
+    RecordPtr controller; ///< one of the two
+    RecordPtr standby;    ///< the other
+    explicit operator bool() const { return peer != nullptr; }
+};
+CascadePair cascadePair(const View& view);
+
+/// A Switch of the installation that calls itself master and is not its master.
+bool isForeignMaster(const View& view, const Record& swx);
 
 } // namespace zeqd

@@ -3,6 +3,7 @@
 #include "platform/service/demo/Installation.h"
 #include "platform/service/domain/Devices.h"
 #include "platform/service/domain/Sessions.h"
+#include "platform/service/sim/Cascade.h"
 #include "platform/service/sim/SwitchLife.h"
 
 namespace zeqd {
@@ -63,6 +64,7 @@ void factoryThisSwitch(Transaction& tx, std::int64_t now) {
     Record globals(Res::SystemGlobals, 0);
     globals.setText("masterSwitchEid", thisSwitchEid(tx));
     tx.put(std::move(globals));
+    settleCascade(tx);
     for (const RecordPtr& record : factoryInstallation())
         if (record->id() == Res::User) tx.put(*record);
 }

@@ -4,6 +4,7 @@
 #include "platform/service/domain/Sessions.h"
 #include "platform/service/domain/Video.h"
 #include "platform/service/sim/Cascade.h"
+#include "platform/service/sim/Enrolment.h"
 #include "platform/service/sim/Life.h"
 #include "platform/service/sim/SwitchLife.h"
 #include "platform/service/sim/Upgrade.h"
@@ -14,20 +15,16 @@ namespace zeqd {
 
 namespace {
 
-/// The step that goes on from a state which no device stays in.
+/// The step that goes on from a state which no Receiver or Transmitter stays in.
 struct GoOnRow {
-    bool swx;
     std::string_view status;
     Step step;
     std::int64_t delayMs;
 };
 constexpr GoOnRow kGoOn[] = {
-    {false, "reset_pending", Step::DeviceDown, span::kBeforeReset},
-    {false, "offline", Step::DeviceConfiguring, span::kDeviceBoot},
-    {false, "configuring", Step::DeviceReady, span::kDeviceConfigure},
-    {true, "resetting", Step::SwitchDown, span::kBeforeReset},
-    {true, "offline", Step::SwitchBack, span::kSwitchBoot},
-    {true, "dc_connected", Step::SwitchReady, span::kSwitchConnect},
+    {"reset_pending", Step::DeviceDown, span::kBeforeReset},
+    {"offline", Step::DeviceConfiguring, span::kDeviceBoot},
+    {"configuring", Step::DeviceReady, span::kDeviceConfigure},
 };
 
 void resumeDevice(Transaction& tx, std::int64_t now, Record& device) {
@@ -38,16 +35,13 @@ void resumeDevice(Transaction& tx, std::int64_t now, Record& device) {
         finishUpgrade(device);
         device.choose("status", "ready");
     }
+    if (device.enabled("simPowered") && device.is("simOwed", "reset"))
+        tx.later(span::kBeforeUpgradeReset, makeTask(Step::UpgradeReset, device.id(), device.index()));
+    if (swx) return switchGoesOn(tx, device);
     if (!device.enabled("simPowered")) return;
     for (const GoOnRow& row : kGoOn)
-        if (row.swx == swx && device.is("status", row.status))
+        if (device.is("status", row.status))
             tx.later(row.delayMs, makeTask(row.step, device.id(), device.index()));
-    if (device.is("simOwed", "reset"))
-        tx.later(span::kBeforeUpgradeReset, makeTask(Step::UpgradeReset, device.id(), device.index()));
-    if (swx && device.is("ntpStatus", "pending"))
-        tx.later(span::kNtp, makeTask(Step::NtpResult, Res::Swx, device.index()));
-    if (swx && device.is("cascadeRole", "slave"))
-        tx.later(span::kPeerSync, makeTask(Step::PeerReady, Res::Swx, device.index()));
 }
 
 } // namespace
@@ -73,8 +67,8 @@ void resumeAll(Transaction& tx, std::int64_t now) {
     const Record& stored = tx.singleton(Res::SystemGlobals);
     Record globals = stored;
     beginEnrolment(tx, globals);
-    nameMaster(tx, globals);
     if (!sameFields(globals.fields(), stored.fields())) tx.put(std::move(globals));
+    settleCascade(tx);
 }
 
 } // namespace zeqd

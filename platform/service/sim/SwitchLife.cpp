@@ -1,6 +1,7 @@
 #include "platform/service/sim/SwitchLife.h"
 
 #include "platform/service/domain/Devices.h"
+#include "platform/service/sim/Cascade.h"
 #include "platform/service/sim/Life.h"
 
 namespace zeqd {
@@ -17,7 +18,28 @@ std::vector<RecordPtr> devicesOf(const View& view, std::uint32_t swx) {
     return found;
 }
 
+/// The step that goes on from a state which no Switch stays in.
+struct GoOnRow {
+    std::string_view status;
+    Step step;
+    std::int64_t delayMs;
+};
+constexpr GoOnRow kGoOn[] = {
+    {"resetting", Step::SwitchDown, span::kBeforeReset},
+    {"offline", Step::SwitchBack, span::kSwitchBoot},
+    {"dc_connected", Step::SwitchReady, span::kSwitchConnect},
+};
+
 } // namespace
+
+void switchGoesOn(Transaction& tx, const Record& swx) {
+    if (!swx.enabled("simPowered")) return;
+    for (const GoOnRow& row : kGoOn)
+        if (swx.is("status", row.status)) tx.later(row.delayMs, makeTask(row.step, Res::Swx, swx.index()));
+    if (swx.is("ntpStatus", "pending"))
+        tx.later(span::kNtp, makeTask(Step::NtpResult, Res::Swx, swx.index()));
+    if (swx.is("cascadeRole", "slave")) tx.later(span::kPeerSync, makeTask(Step::PeerReady));
+}
 
 void switchOffline(Transaction& tx, std::int64_t now, const RecordPtr& swx) {
     for (const RecordPtr& device : devicesOf(tx, swx->index()))
@@ -47,8 +69,9 @@ void switchReady(StepContext& step) {
     const RecordPtr swx = step.tx.find(Res::Swx, step.task.index);
     if (!swx || !swx->is("status", "dc_connected")) return;
     Record next = *swx;
-    next.choose("status", swx->is("mode", "master") ? "conflict_is_master" : "ready");
+    next.choose("status", isForeignMaster(step.tx, *swx) ? "conflict_is_master" : "ready");
     finishUpgrade(next);
+    cascadeSwitchReady(step.tx, next);
     step.tx.put(std::move(next));
     for (const RecordPtr& device : devicesOf(step.tx, swx->index())) comeBack(step.tx, device, span::kPlugIn);
 }

@@ -17,6 +17,9 @@ void factoryThisSwitch(Transaction& tx, std::int64_t now);
 /// The Switch goes away with the devices on its ports.
 void switchOffline(Transaction& tx, std::int64_t now, const RecordPtr& swx);
 
+/// What a Switch is in the middle of, begun again by what its record says: behind a restart, or under another index.
+void switchGoesOn(Transaction& tx, const Record& swx);
+
 /// All that a client may write goes back to its fallback, or to the system's defaults for new devices.
 void restoreFactory(const View& view, Record& device, bool keepNetwork);
 

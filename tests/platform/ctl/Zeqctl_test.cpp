@@ -208,6 +208,8 @@ TEST_F(Zeqctl, FailuresHaveTheirExitCodeAndOneClearLine) {
         {{"delete", "rx", "4294967296"}, 2, "which records?"},
         {{"delete", "rx", "3,"}, 2, "which records?"},
         {{"device", "away", "X"}, 2, "use device offline EID"},
+        {{"cascade", "away"}, 2, "use cascade look"},
+        {{"manager", "leave", "now"}, 2, "use manager enrol ADDRESS"},
         {{"time", "faster", "0"}, 2, "use time faster N"},
         {{"completion", "fish"}, 2, "use completion bash"},
         {{"help", "fetch"}, 2, "unknown"},

@@ -343,49 +343,7 @@ TEST(TimeServers, TellTheirState) {
     }
 }
 
-TEST(Cascade, LinksSwitchesRolesAndPromotes) {
-    Harness service;
-    const auto act = [&service](const char* action, int index) {
-        return service
-            .set("swxControl", R"({"cascadeRoleAction":")" + std::string(action) + R"(","index":)" +
-                                   std::to_string(index) + "}")
-            .error();
-    };
-    const auto roles = [&service] {
-        return service.value("swx", 1, "cascadeRole") + " " + service.value("swx", 2, "cascadeRole");
-    };
-    EXPECT_EQ(act("unlink_peer", 1), 1126);
-    EXPECT_EQ(act("force_role_switch", 1), 1126);
-    EXPECT_EQ(act("promote_peer", 1), 1126);
-    EXPECT_EQ(act("link_peer", 1), 1126);
-    EXPECT_EQ(act("link_peer", 9), 7);
-    EXPECT_EQ(act("link_peer", 2), 0);
-    EXPECT_EQ(act("link_peer", 2), 1126);
-    EXPECT_EQ(roles(), "controller slave");
-    EXPECT_EQ(act("force_role_switch", 1), 1127);
-    service.pass(span::kPeerSync);
-    EXPECT_EQ(roles(), "controller backup");
-    EXPECT_EQ(service.set("swx/network/ipv4", R"({"index":2,"ipAddress":"10.0.0.9"})").error(), 1129);
-    EXPECT_EQ(service.set("swx", R"({"index":1,"reset":"factory_default"})").error(), 1128);
-    EXPECT_EQ(service.remove("swx", 2).error(), 1014);
-    EXPECT_EQ(act("force_role_switch", 1), 0);
-    EXPECT_EQ(roles(), "backup controller");
-    EXPECT_EQ(service.value("systemGlobals", 0, "cascadeController"), "peer");
-    EXPECT_EQ(act("unlink_peer", 1), 1126);
-    EXPECT_EQ(act("force_role_switch", 1), 0);
-    EXPECT_EQ(roles(), "controller backup");
-    ASSERT_EQ(service.set("simControl", R"({"action":"offline","eid":"00A701-010002"})").error(), 0);
-    EXPECT_EQ(act("force_role_switch", 1), 1127);
-    EXPECT_EQ(service.remove("swx", 2).error(), 1130);
-    ASSERT_EQ(service.set("simControl", R"({"action":"online","eid":"00A701-010002"})").error(), 0);
-    service.pass(60000);
-    ASSERT_EQ(act("force_role_switch", 1), 0);
-    EXPECT_EQ(act("promote_peer", 1), 0);
-    EXPECT_EQ(service.value("systemGlobals", 0, "masterSwitchEid"), "00A701-010002");
-    EXPECT_EQ(service.value("swx", 1, "mode") + " " + service.value("swx", 2, "mode"), "slave master");
-}
-
-TEST(Cascade, AMasterIsItsOwnMaster) {
+TEST(Master, AMasterIsItsOwnMaster) {
     const std::string own = "00A701-010001";
     Harness service;
     const auto named = [&service] { return service.value("systemGlobals", 0, "masterSwitchEid"); };

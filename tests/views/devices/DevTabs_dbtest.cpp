@@ -162,6 +162,18 @@ TEST_F(DevTabs, TheModeBelongsToThisSwitchAloneAndWarnsOnceAMinute) {
     EXPECT_EQ(stored("swx", 1, "mode"), "master");
 }
 
+TEST_F(DevTabs, ANewAddressOfThisSwitchIsToldAndOfAnotherIsNot) {
+    for (const std::string& name : {std::string("Annex Switch"), std::string("Main Hall Switch")}) {
+        select({name});
+        showTab("IPv4");
+        type("ipAddress", "10.20.1.77");
+        if (name == "Main Hall Switch") answerWith("Close");
+        save();
+        EXPECT_EQ(shown.size(), name == "Main Hall Switch" ? 1U : 0U) << name;
+    }
+    EXPECT_NE(shown.front().find("new address"), std::string::npos);
+}
+
 TEST_F(DevTabs, IpV4FollowsTheMethodAndIsNotForSeveral) {
     show({"Annex Switch"}, "IPv4");
     EXPECT_EQ(text("ipAddress"), "10.20.1.11");

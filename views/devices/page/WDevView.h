@@ -46,9 +46,9 @@ public:
     virtual void swxModeCancelButtonClickedHandler() { cancelTab(DevTab::SwxMode); }
     virtual void swxAttribsSaveButtonClickedHandler() { saveTab(DevTab::SwxAttribs); }
     virtual void swxAttribsCancelButtonClickedHandler() { cancelTab(DevTab::SwxAttribs); }
-    virtual void swxIpV4SettingsSaveButtonClickedHandler() { saveTab(DevTab::SwxIpV4Settings); }
+    virtual void swxIpV4SettingsSaveButtonClickedHandler() { saveAddress(DevTab::SwxIpV4Settings); }
     virtual void swxIpV4SettingsCancelButtonClickedHandler() { cancelTab(DevTab::SwxIpV4Settings); }
-    virtual void swxIpV6SettingsSaveButtonClickedHandler() { saveTab(DevTab::SwxIpV6Settings); }
+    virtual void swxIpV6SettingsSaveButtonClickedHandler() { saveAddress(DevTab::SwxIpV6Settings); }
     virtual void swxIpV6SettingsCancelButtonClickedHandler() { cancelTab(DevTab::SwxIpV6Settings); }
     /// Empties the status too: after new settings the old one says nothing.
     virtual void swxNtpSettingsSaveButtonClickedHandler();
@@ -71,6 +71,8 @@ protected:
 
 private:
     void saveTab(DevTab tab);
+    /// Says where the interface is behind it, if this Switch has moved.
+    void saveAddress(DevTab tab);
     void cancelTab(DevTab tab);
     /// What puts the selection back after a rebuild: indexes of Receivers, Transmitters and Switches overlap.
     KeptSelection::Job rememberSelectionByKind();

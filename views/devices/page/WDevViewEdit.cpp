@@ -1,5 +1,6 @@
 // Editing in the details pane, as far as it is more than the frame's.
 
+#include "frame/OwnAddress.h"
 #include "frame/ShowBox.h"
 #include "shell/WallClock.h"
 #include "views/devices/page/WDevView.h"
@@ -17,6 +18,12 @@ constexpr BoxRow kModeWarning{.type = WMsgBox::Warning,
 
 void WDevView::saveTab(DevTab tab) {
     save(mDetails->settingsTabOf(tab));
+}
+
+void WDevView::saveAddress(DevTab tab) {
+    const OwnAddress before;
+    saveTab(tab);
+    before.tellIfMoved();
 }
 
 void WDevView::cancelTab(DevTab tab) {

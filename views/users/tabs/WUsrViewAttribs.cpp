@@ -73,10 +73,15 @@ WUsrViewAttribsTable::WUsrViewAttribsTable(Wt::WContainerWidget* parent)
 void WUsrViewAttribsTable::readFromDatabase(const Indexes& indexes, bool force) {
     if (force || !tableChanged()) {
         widget<WChangePassword>("change")->setCurrentIndex(0);
-        // Behind the row of that key stands the one that repeats it.
-        for (const std::size_t row : {5u, 6u}) widgetAt<WPasswordField>(row)->field().setText("");
+        dropUnusedPassword();
     }
     WSettingsTable::readFromDatabase(indexes, force);
+}
+
+void WUsrViewAttribsTable::dropUnusedPassword() {
+    if (passwordIsChanged()) return;
+    // Behind the row of that key stands the one that repeats it.
+    for (const std::size_t row : {5u, 6u}) widgetAt<WPasswordField>(row)->field().setText("");
 }
 
 unsigned WUsrViewAttribsTable::writeToDatabase(const Indexes& indexes, Errors& errors) {

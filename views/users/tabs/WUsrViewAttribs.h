@@ -15,6 +15,8 @@ public:
 
     /// For an account that was just made: its name and password are still to be entered. Puts the cursor there.
     void beginNewUser();
+    /// Empties the password that is not to be changed after all.
+    void dropUnusedPassword();
 
 private:
     bool passwordIsChanged() const;
