@@ -10,13 +10,9 @@ namespace {
 
 constexpr std::size_t kMaxMessage = 1000; ///< bytes, the limit of "alertMsg"
 
-RecordPtr oldest(const View& view, Res id) {
-    return view.findIf(id, [](const Record&) { return true; });
-}
-
 void makeRoom(Transaction& tx) {
     while (tx.count(Res::UnacknowledgedAlerts) >= resource(Res::UnacknowledgedAlerts).capacity)
-        acknowledge(tx, oldest(tx, Res::UnacknowledgedAlerts)->index());
+        acknowledge(tx, tx.oldest(Res::UnacknowledgedAlerts)->index());
 }
 
 } // namespace
@@ -25,7 +21,7 @@ bool acknowledge(Transaction& tx, std::uint32_t instance) {
     const RecordPtr alert = tx.find(Res::UnacknowledgedAlerts, instance);
     if (!alert) return false;
     while (tx.count(Res::HistoricalAlerts) >= resource(Res::HistoricalAlerts).capacity)
-        tx.erase(Res::HistoricalAlerts, oldest(tx, Res::HistoricalAlerts)->index());
+        tx.erase(Res::HistoricalAlerts, tx.oldest(Res::HistoricalAlerts)->index());
     Record history(Res::HistoricalAlerts, instance);
     history.fields() = alert->fields();
     tx.erase(Res::UnacknowledgedAlerts, instance);
@@ -40,7 +36,11 @@ void addAlert(Transaction& tx, std::int64_t now, std::string_view severity, std:
     makeRoom(tx);
     const std::uint32_t instance =
         std::max(tx.nextIndex(Res::UnacknowledgedAlerts), tx.nextIndex(Res::HistoricalAlerts));
-    if (message.size() > kMaxMessage) message.resize(kMaxMessage);
+    if (message.size() > kMaxMessage) {
+        std::size_t end = kMaxMessage; // not amid a character of UTF-8
+        while (end > 0 && (static_cast<unsigned char>(message[end]) & 0xC0) == 0x80) --end;
+        message.resize(end);
+    }
     Record alert(Res::UnacknowledgedAlerts, instance);
     alert.set("instanceId", instance).set("date", static_cast<std::uint32_t>(now));
     alert.setText("originatorEid", std::string(originatorEid)).setText("alertMsg", std::move(message));

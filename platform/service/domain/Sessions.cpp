@@ -40,22 +40,28 @@ void endConnection(Transaction& tx, std::int64_t now, const RecordPtr& connectio
                    labelOf(tx, Res::Tx, connection->number("txIndex")) + " disconnected");
 }
 
-void endSessionsOfRx(Transaction& tx, std::int64_t now, std::uint32_t rxIndex, const AlertKind& why) {
-    for (const RecordPtr& connection : allWith(tx, Res::Connection, "rxIndex", rxIndex))
-        endConnection(tx, now, connection, why);
-    for (const RecordPtr& session : allWith(tx, Res::UserSession, "rxIndex", rxIndex)) {
+void endSessionsOf(Transaction& tx, std::int64_t now, const DeviceSet& devices, const AlertKind& why) {
+    std::vector<RecordPtr> ending;
+    tx.each(Res::Connection, [&](const RecordPtr& connection) {
+        if (devices.contains({Res::Rx, connection->number("rxIndex")}) ||
+            devices.contains({Res::Tx, connection->number("txIndex")}))
+            ending.push_back(connection);
+        return true;
+    });
+    for (const RecordPtr& connection : ending) endConnection(tx, now, connection, why);
+    ending.clear();
+    tx.each(Res::UserSession, [&](const RecordPtr& session) {
+        if (devices.contains({Res::Rx, session->number("rxIndex")})) ending.push_back(session);
+        return true;
+    });
+    for (const RecordPtr& session : ending) {
         tx.erase(Res::UserSession, session->index());
         const RecordPtr user = tx.find(Res::User, session->number("userIndex"));
-        const RecordPtr rx = tx.find(Res::Rx, rxIndex);
+        const RecordPtr rx = tx.find(Res::Rx, session->number("rxIndex"));
         raiseAlert(tx, now, alerts::kUserLogout, rx ? rx->text("eid") : std::string(),
                    (user ? user->text("name") : "A removed user") + " logged out at " +
-                       labelOf(tx, Res::Rx, rxIndex));
+                       labelOf(tx, Res::Rx, session->number("rxIndex")));
     }
-}
-
-void endSessionsOfTx(Transaction& tx, std::int64_t now, std::uint32_t txIndex, const AlertKind& why) {
-    for (const RecordPtr& connection : allWith(tx, Res::Connection, "txIndex", txIndex))
-        endConnection(tx, now, connection, why);
 }
 
 void noteAdminLogout(Transaction& tx, std::int64_t now, const Record& session) {
@@ -65,8 +71,10 @@ void noteAdminLogout(Transaction& tx, std::int64_t now, const Record& session) {
 
 void endSessionsOfUser(Context& context) {
     const std::uint32_t user = context.before->index();
+    DeviceSet receivers;
     for (const RecordPtr& session : allWith(context.tx, Res::UserSession, "userIndex", user))
-        endSessionsOfRx(context.tx, context.now, session->number("rxIndex"), alerts::kSessionEnded);
+        receivers.emplace(Res::Rx, session->number("rxIndex"));
+    endSessionsOf(context.tx, context.now, receivers, alerts::kSessionEnded);
     endAdminSessionsOfUser(context.tx, context.now, user, 0);
 }
 

@@ -4,6 +4,8 @@
 #include "platform/service/domain/Alerts.h"
 #include "platform/service/domain/Context.h"
 
+#include <set>
+
 namespace zeqd {
 
 /// Completes the record of a KVM session that nothing stands against, for the user at its Receiver.
@@ -15,11 +17,10 @@ void endConnection(Transaction& tx, std::int64_t now, const RecordPtr& connectio
 /// Ends the KVM sessions that this user, as the record is to be, may no longer have.
 void endForbiddenConnections(Transaction& tx, std::int64_t now, const Record& user);
 
-/// Logs the user of a Receiver out, with the KVM session that runs there.
-void endSessionsOfRx(Transaction& tx, std::int64_t now, std::uint32_t rxIndex, const AlertKind& why);
+using DeviceSet = std::set<std::pair<Res, std::uint32_t>>; ///< Receivers and Transmitters
 
-/// Ends the KVM sessions of a Transmitter.
-void endSessionsOfTx(Transaction& tx, std::int64_t now, std::uint32_t txIndex, const AlertKind& why);
+/// Ends the KVM sessions of the devices, and logs the users of Receivers out. Looks all sessions through once.
+void endSessionsOf(Transaction& tx, std::int64_t now, const DeviceSet& devices, const AlertKind& why);
 
 /// Ends all sessions of the user that the request is about, those with this interface included.
 void endSessionsOfUser(Context& context);

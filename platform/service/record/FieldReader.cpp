@@ -19,7 +19,12 @@ std::string acceptedValues(const ValueList& list) {
     return text;
 }
 
-/// Foreign text goes into details cut and without surprises.
+std::string range(const KeyRow& row) {
+    return std::to_string(row.low) + " to " + std::to_string(row.high);
+}
+
+} // namespace
+
 std::string quoted(std::string_view text) {
     constexpr std::size_t kMost = 40;
     std::string out = "'";
@@ -27,12 +32,6 @@ std::string quoted(std::string_view text) {
     out += text.size() > kMost ? "...'" : "'";
     return out;
 }
-
-std::string range(const KeyRow& row) {
-    return std::to_string(row.low) + " to " + std::to_string(row.high);
-}
-
-} // namespace
 
 void FieldReader::merge(const json_t* object, std::span<const KeyRow> rows, Fields& fields,
                         const std::string& path) {

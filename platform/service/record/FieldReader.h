@@ -8,6 +8,9 @@
 
 namespace zeqd {
 
+/// Foreign text for a detail: cut, and without surprises.
+std::string quoted(std::string_view text);
+
 enum class Writing {
     Set,    ///< a client changes a record
     Create, ///< a client makes a record, or gives the parameters of an action

@@ -1,6 +1,7 @@
 #include "platform/service/request/ReadRequest.h"
 
 #include "platform/service/catalogue/Catalogue.h"
+#include "platform/service/record/FieldReader.h"
 #include "platform/service/record/RecordJson.h"
 #include "platform/service/request/Computed.h"
 #include "platform/service/request/Describe.h"
@@ -84,7 +85,7 @@ private:
         const int at = findKey(mRow.keys, key);
         if (mRow.id == Res::ZeqCatalogue && key == "resource") return;
         if (at < 0 || mRow.keys[static_cast<std::size_t>(at)].access == Access::Internal)
-            return addError(mErrors, Errno::UnknownParameter, "query: " + std::string(key.substr(0, 40)));
+            return addError(mErrors, Errno::UnknownParameter, "query: " + quoted(key));
         const KeyRow& row = mRow.keys[static_cast<std::size_t>(at)];
         if (row.secret != Secret::No)
             return addError(mErrors, Errno::NotAllowed, "query: " + std::string(key));
@@ -113,7 +114,7 @@ private:
             if (key == "index") continue;
             const int at = findKey(mKeys, key);
             if (at < 0 || mKeys[static_cast<std::size_t>(at)].access == Access::Internal)
-                addError(mErrors, Errno::UnknownParameter, "select: " + key.substr(0, 40));
+                addError(mErrors, Errno::UnknownParameter, "select: " + quoted(key));
             else
                 select(static_cast<std::size_t>(at));
         }

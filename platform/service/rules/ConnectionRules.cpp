@@ -93,10 +93,14 @@ void beginConnection(Transaction& tx, std::int64_t now, Record& connection, cons
 }
 
 void endForbiddenConnections(Transaction& tx, std::int64_t now, const Record& user) {
+    std::set<std::uint32_t> receivers; // where the user is logged in
+    tx.each(Res::UserSession, [&](const RecordPtr& session) {
+        if (session->number("userIndex") == user.index()) receivers.insert(session->number("rxIndex"));
+        return true;
+    });
     std::vector<RecordPtr> ending;
     tx.each(Res::Connection, [&](const RecordPtr& connection) {
-        const RecordPtr login = tx.findNumber(Res::UserSession, "rxIndex", connection->number("rxIndex"));
-        if (!login || login->number("userIndex") != user.index()) return true;
+        if (!receivers.contains(connection->number("rxIndex"))) return true;
         if (!mayReach(user, connection->number("txIndex")) || !modeAllowed(user, connection->choice("mode")))
             ending.push_back(connection);
         return true;

@@ -101,10 +101,7 @@ void switchChanged(Context& context) {
 void deviceDeleted(Context& context) {
     const Record& device = *context.before;
     if (device.is("upgradeStatus", "upgrading")) return context.fail(Errno::InUse);
-    if (device.id() == Res::Rx)
-        endSessionsOfRx(context.tx, context.now, device.index(), alerts::kSessionEnded);
-    else
-        endSessionsOfTx(context.tx, context.now, device.index(), alerts::kSessionEnded);
+    endSessionsOf(context.tx, context.now, {{device.id(), device.index()}}, alerts::kSessionEnded);
 }
 
 void switchDeleted(Context& context) {

@@ -47,7 +47,7 @@ void deviceOffline(Context& context, const RecordPtr& device) {
     if (swx && device->index() == kThisSwitch) return context.fail(Errno::NotAllowed);
     power(context.tx, *device, "disabled");
     const RecordPtr dead = context.tx.find(device->id(), device->index());
-    swx ? switchOffline(context.tx, context.now, dead) : goOffline(context.tx, context.now, dead);
+    swx ? switchOffline(context.tx, context.now, dead) : goOffline(context.tx, context.now, {dead});
     raiseAlert(context.tx, context.now, {"enableAlertDeviceReportedInfo", "warning"}, device->text("eid"),
                deviceLabel(*device) + " went offline");
 }
@@ -148,11 +148,18 @@ void poke(Context& context) {
     if (context.errors.empty()) context.tx.put(std::move(next));
 }
 
+/// A line break would be a second event in the log.
+std::string lineOf(std::string message) {
+    for (char& c : message)
+        if (static_cast<unsigned char>(c) < ' ' || c == 0x7F) c = ' ';
+    return message;
+}
+
 void alert(Context& context) {
     if (!context.given("message")) return context.fail(Errno::MissingParameters, "message");
     addAlert(context.tx, context.now, context.given("severity") ? context.after->choice("severity") : "info",
              context.given("eid") ? context.after->text("eid") : thisSwitchEid(context.tx),
-             context.after->text("message"));
+             lineOf(context.after->text("message")));
 }
 
 /// The Switch that "look", "link_down" and "link_up" are about: the named one, else the other of the cascade, else the first

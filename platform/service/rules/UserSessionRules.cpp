@@ -32,7 +32,7 @@ void userLogin(Context& context) {
 
 void userLogout(Context& context) {
     const std::uint32_t rx = context.before->number("rxIndex");
-    endSessionsOfRx(context.tx, context.now, rx, alerts::kSessionEnded);
+    endSessionsOf(context.tx, context.now, {{Res::Rx, rx}}, alerts::kSessionEnded);
 }
 
 } // namespace zeqd

@@ -54,7 +54,9 @@ bool owesRestore(const View& view) {
 
 void factoryThisSwitch(Transaction& tx, std::int64_t now) {
     const bool keepNetwork = tx.find(Res::Swx, kThisSwitch)->is("simOwed", "restore_partial");
-    for (const RecordPtr& rx : all(tx, Res::Rx)) endSessionsOfRx(tx, now, rx->index(), alerts::kSessionEnded);
+    DeviceSet receivers;
+    for (const RecordPtr& rx : all(tx, Res::Rx)) receivers.emplace(Res::Rx, rx->index());
+    endSessionsOf(tx, now, receivers, alerts::kSessionEnded);
     for (const Res id : kEmptied)
         for (const RecordPtr& record : all(tx, id)) tx.erase(id, record->index());
     for (const RecordPtr& edid : all(tx, Res::Edid))

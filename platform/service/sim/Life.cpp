@@ -14,14 +14,15 @@ void beginReset(Transaction& tx, Record& device, std::int64_t delayMs) {
     tx.later(delayMs, makeTask(step, device.id(), device.index()));
 }
 
-void goOffline(Transaction& tx, std::int64_t now, const RecordPtr& device) {
-    if (device->id() == Res::Rx)
-        endSessionsOfRx(tx, now, device->index(), alerts::kSessionLinkDown);
-    else
-        endSessionsOfTx(tx, now, device->index(), alerts::kSessionLinkDown);
-    Record gone = *tx.find(device->id(), device->index());
-    gone.choose("status", "offline");
-    tx.put(std::move(gone));
+void goOffline(Transaction& tx, std::int64_t now, const std::vector<RecordPtr>& devices) {
+    DeviceSet set;
+    for (const RecordPtr& device : devices) set.emplace(device->id(), device->index());
+    endSessionsOf(tx, now, set, alerts::kSessionLinkDown);
+    for (const auto& [kind, index] : set) {
+        Record gone = *tx.find(kind, index);
+        gone.choose("status", "offline");
+        tx.put(std::move(gone));
+    }
 }
 
 void comeBack(Transaction& tx, const RecordPtr& device, std::int64_t delayMs) {
@@ -38,7 +39,7 @@ void finishUpgrade(Record& device) {
 void deviceDown(StepContext& step) {
     const RecordPtr device = step.tx.find(step.task.resource, step.task.index);
     if (!device || !device->is("status", "reset_pending")) return;
-    goOffline(step.tx, step.now, device);
+    goOffline(step.tx, step.now, {device});
     comeBack(step.tx, device, span::kDeviceBoot);
 }
 

@@ -8,8 +8,8 @@ namespace zeqd {
 /// The device is told to reboot; `device` is the record as it is about to be kept.
 void beginReset(Transaction& tx, Record& device, std::int64_t delayMs = span::kBeforeReset);
 
-/// The device stops answering, now. Its sessions end.
-void goOffline(Transaction& tx, std::int64_t now, const RecordPtr& device);
+/// The devices stop answering, now. Their sessions end.
+void goOffline(Transaction& tx, std::int64_t now, const std::vector<RecordPtr>& devices);
 
 /// The device was away and will be ready in a while.
 void comeBack(Transaction& tx, const RecordPtr& device, std::int64_t delayMs);

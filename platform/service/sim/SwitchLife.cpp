@@ -42,8 +42,9 @@ void switchGoesOn(Transaction& tx, const Record& swx) {
 }
 
 void switchOffline(Transaction& tx, std::int64_t now, const RecordPtr& swx) {
-    for (const RecordPtr& device : devicesOf(tx, swx->index()))
-        if (!device->is("status", "offline")) goOffline(tx, now, device);
+    std::vector<RecordPtr> devices = devicesOf(tx, swx->index());
+    std::erase_if(devices, [](const RecordPtr& device) { return device->is("status", "offline"); });
+    goOffline(tx, now, devices);
     Record gone = *swx;
     gone.choose("status", "offline");
     tx.put(std::move(gone));

@@ -34,8 +34,8 @@ public:
     bool damaged() const override { return mDamaged; }
     std::string renew(const DiskContent& content) override;
 
-    /// Makes a database of this content and puts it in its place when it is complete; what is there is set aside.
-    /// Throws.
+    /// Makes a database of this content and puts it in its place when it is complete; what is there is set
+    /// aside. Throws std::runtime_error or std::filesystem::filesystem_error.
     static void create(const std::string& path, const DiskContent& content);
 
 private:

@@ -56,9 +56,10 @@ RecordPtr Store::find(Res id, std::uint32_t index) const {
     return found == table(id).records.end() ? nullptr : found->second;
 }
 
-void Store::each(Res id, const std::function<bool(const RecordPtr&)>& visit) const {
-    for (const auto& [index, record] : table(id).records)
-        if (!visit(record)) return;
+void Store::eachFrom(Res id, std::uint32_t from, const std::function<bool(const RecordPtr&)>& visit) const {
+    const auto& records = table(id).records;
+    for (auto record = records.lower_bound(from); record != records.end(); ++record)
+        if (!visit(record->second)) return;
 }
 
 std::uint32_t Store::nextIndex(Res id) const {

@@ -26,7 +26,8 @@ public:
     DiskContent content() const;
 
     RecordPtr find(Res id, std::uint32_t index) const override;
-    void each(Res id, const std::function<bool(const RecordPtr&)>& visit) const override;
+    void eachFrom(Res id, std::uint32_t from,
+                  const std::function<bool(const RecordPtr&)>& visit) const override;
     std::uint32_t nextIndex(Res id) const override;
     std::size_t count(Res id) const override;
 

@@ -52,13 +52,25 @@ public:
     bool empty() const { return mChanges.empty() && mTasks.empty() && mLog.empty(); }
 
     RecordPtr find(Res id, std::uint32_t index) const override;
-    void each(Res id, const std::function<bool(const RecordPtr&)>& visit) const override;
+    void eachFrom(Res id, std::uint32_t from,
+                  const std::function<bool(const RecordPtr&)>& visit) const override;
+    /// The record with the lowest index, or null.
+    RecordPtr oldest(Res id);
     std::uint32_t nextIndex(Res id) const override;
     std::size_t count(Res id) const override;
 
 private:
+    /// What the changes do to a table, so that it need not be counted.
+    struct Table {
+        std::int64_t count = 0;   ///< more records than below
+        std::uint32_t next = 0;   ///< index behind the highest one that was put
+        std::uint32_t lowest = 0; ///< no record has a lower index
+    };
+    const Table* table(Res id) const;
+
     const View& mBase;
     Changes mChanges;
+    std::map<Res, Table> mTables;
     std::vector<TimedTask> mTasks;
     std::vector<EventLine> mLog;
 };

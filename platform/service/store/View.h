@@ -15,7 +15,10 @@ public:
     virtual RecordPtr find(Res id, std::uint32_t index) const = 0;
 
     /// In the order of the indexes, until the function answers false.
-    virtual void each(Res id, const std::function<bool(const RecordPtr&)>& visit) const = 0;
+    void each(Res id, const std::function<bool(const RecordPtr&)>& visit) const { eachFrom(id, 0, visit); }
+    /// Those whose index is at least `from`.
+    virtual void eachFrom(Res id, std::uint32_t from,
+                          const std::function<bool(const RecordPtr&)>& visit) const = 0;
 
     /// An index that no record of the resource has ever had.
     virtual std::uint32_t nextIndex(Res id) const = 0;

@@ -1,6 +1,7 @@
 // What a client may send, and what it is told.
 #include "platform/service/catalogue/Catalogue.h"
 #include "platform/service/request/ReadRequest.h"
+#include "tests/platform/service/support/CountingView.h"
 #include "tests/platform/service/support/Harness.h"
 
 #include <gtest/gtest.h>
@@ -203,27 +204,22 @@ TEST(Requests, AReadHasAsManyIndexesAsThereMayBeRecords) {
     EXPECT_EQ(service.get("rx", indexes(20'000)).rowCount(), 20'000U) << "a row for each";
 }
 
-/// Counts what is looked up.
-class Counting : public View {
-public:
-    explicit Counting(const View& base) : mBase(base) {}
-    RecordPtr find(Res id, std::uint32_t index) const override { return ++finds, mBase.find(id, index); }
-    void each(Res id, const std::function<bool(const RecordPtr&)>& visit) const override {
-        mBase.each(id, [&](const RecordPtr& record) { return ++seen, visit(record); });
-    }
-    std::uint32_t nextIndex(Res id) const override { return mBase.nextIndex(id); }
-    std::size_t count(Res id) const override { return mBase.count(id); }
-    mutable std::size_t finds = 0, seen = 0;
-
-private:
-    const View& mBase;
-};
-
 std::string readFrom(const View& view, const std::string& members) {
     ZeqRequest request;
     Errors errors;
     interpret("{\"id\":1,\"method\":\"get\"," + members + "}", request, errors);
     return answerRead(view, request, 0);
+}
+
+TEST(Requests, AnUnknownKeyIsToldInWholeCharacters) {
+    Harness service;
+    for (int ascii = 0; ascii < 4; ++ascii) {
+        std::string key(static_cast<std::size_t>(ascii), 'x');
+        for (int i = 0; i < 40; ++i) key += "\u20ac";
+        EXPECT_EQ(service.get("rx", "\"query\":{\"" + key + "\":1}").error(), 1013);
+        EXPECT_EQ(service.get("rx", "\"select\":[\"" + key + "\"]").error(), 1013);
+        EXPECT_EQ(service.set("rx", "{\"index\":1,\"" + key + "\":1}").error(), 1013);
+    }
 }
 
 TEST(Requests, ReckoningEndsWhereTheAnswerIsTooLong) {
@@ -233,7 +229,7 @@ TEST(Requests, ReckoningEndsWhereTheAnswerIsTooLong) {
     for (std::int64_t tx = 1; tx <= 20'000; ++tx) all->push_back({Value(tx + 4'000'000'000)});
     user.at("target") = EntriesPtr(all);
     store.load(std::make_shared<const Record>(std::move(user)));
-    const Counting view(store);
+    const CountingView view(store);
     std::string many = "1";
     for (int i = 1; i < 256; ++i) many += ",1";
     EXPECT_EQ(Answer(readFrom(view, "\"resource\":\"user\",\"query\":{\"index\":[" + many + "]}")).error(),
@@ -247,7 +243,7 @@ TEST(Requests, SessionsAreLookedThroughOnceForAllDiagnostics) {
         store.load(std::make_shared<const Record>(std::move(Record(Res::Rx, i).choose("status", "ready"))));
         store.load(std::make_shared<const Record>(std::move(Record(Res::Connection, i).set("rxIndex", i))));
     }
-    const Counting view(store);
+    const CountingView view(store);
     EXPECT_EQ(Answer(readFrom(view, "\"resource\":\"rxUsbDiag\"")).rowCount(), 300U);
     EXPECT_LE(view.seen, 300U);
 }

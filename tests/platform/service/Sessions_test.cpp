@@ -1,4 +1,7 @@
 // Who may be joined to what: each row asks for one session in a state made for it.
+#include "platform/service/demo/Installation.h"
+#include "platform/service/sim/SwitchLife.h"
+#include "tests/platform/service/support/CountingView.h"
 #include "tests/platform/service/support/Harness.h"
 
 #include <gtest/gtest.h>
@@ -186,6 +189,45 @@ TEST(Sessions, PortsTellWhatIsPluggedIn) {
     EXPECT_EQ(service.value("portStatus", 50, "swxIndex"), "0") << "a number without a Switch answers, empty";
     EXPECT_EQ(service.value("portStatus", 50, "ports"), "[]");
     EXPECT_EQ(service.value("portStatus", 51, "ports"), "error 1009");
+}
+
+/// A Switch with Receivers that all have a user and a session.
+Store busy(std::uint32_t receivers) {
+    Store store;
+    for (const RecordPtr& record : factoryInstallation()) store.load(record);
+    store.load(std::make_shared<const Record>(std::move(Record(Res::Swx, 2).choose("status", "ready"))));
+    for (std::uint32_t i = 1; i <= receivers; ++i) {
+        store.load(std::make_shared<const Record>(
+            std::move(Record(Res::Rx, i).choose("status", "ready").set("simSwx", 2))));
+        store.load(std::make_shared<const Record>(
+            std::move(Record(Res::UserSession, i).set("userIndex", 1).set("rxIndex", i))));
+        store.load(std::make_shared<const Record>(
+            std::move(Record(Res::Connection, i).set("rxIndex", i).set("txIndex", i))));
+    }
+    return store;
+}
+
+TEST(ManySessions, EndTogetherWithoutEachLookingForItsOwn) {
+    constexpr std::uint32_t kReceivers = 3000;
+    struct {
+        const char* what;
+        std::function<void(Transaction&)> end;
+    } rows[] = {
+        {"restored", [](Transaction& tx) { factoryThisSwitch(tx, 0); }},
+        {"lost with their Switch", [](Transaction& tx) { switchOffline(tx, 0, tx.find(Res::Swx, 2)); }},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        const Store store = busy(kReceivers);
+        const CountingView view(store);
+        Transaction tx(&view);
+        row.end(tx);
+        EXPECT_EQ(tx.count(Res::UserSession), 0U);
+        EXPECT_EQ(tx.count(Res::Connection), 0U);
+        EXPECT_LT(view.seen, 20 * kReceivers);
+        EXPECT_LT(view.finds, 60 * kReceivers);
+        EXPECT_LE(tx.count(Res::UnacknowledgedAlerts), 500U);
+    }
 }
 
 } // namespace
