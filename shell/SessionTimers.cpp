@@ -141,7 +141,8 @@ void MirlApplication::stopSessionCheckTimer() {
 void MirlApplication::sessionCheckTimeoutHandler() {
     EndReason reason = Security_checkMirlSession(mMirlSession);
     if (reason == EndReason::None) return;
-    // It is the other Switch that does not know the session.
+    // It may be the other Switch, which does not know the session. A client whose session has ended is told nothing any more.
+    closeZeqClient();
     std::string eid;
     std::vector<std::string> errors;
     if (Db::db.readString("swx", kThisSwxIndex, "eid", eid, errors) == 0 && eid != mThisSwxEid)

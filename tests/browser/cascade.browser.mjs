@@ -17,14 +17,16 @@ const openCascade = async (page) => {
   await says(page, 'Master Switch');
 };
 
-/** The button of that name is enabled. @param {Page} page @param {string} name */
-const enabled = (page, name) =>
-  until(`${name} is enabled`, () => page.getByRole('button', { name, exact: true }).isEnabled());
+/** The button of that name; a section may have the same title. @param {Page} page @param {string} name */
+const button = (page, name) => page.locator('button:visible').filter({ hasText: new RegExp(`^${name}$`) });
+
+/** @param {Page} page @param {string} name */
+const enabled = (page, name) => until(`${name} is enabled`, () => button(page, name).isEnabled());
 
 /** @param {Page} page @param {string} name */
 const press = async (page, name) => {
   await enabled(page, name);
-  await page.getByRole('button', { name, exact: true }).click();
+  await button(page, name).click();
 };
 
 /** Logs in to what may be one page only, which then says those words. @param {Page} page @param {string} words */
