@@ -4,6 +4,8 @@
 #include "db/ZeqExchange.h"
 #include "frame/ActionColumn.h"
 #include "frame/WNavAccordionStdCell.h"
+#include "frame/WNumericSortFilterProxyModel.h"
+#include "platform/client/ZeqReq.h"
 #include "tests/views/PageTest.h"
 #include "views/events/EventHistoryResource.h"
 #include "views/events/WEventView.h"
