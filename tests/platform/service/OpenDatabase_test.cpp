@@ -160,6 +160,7 @@ TEST_F(DamagedDatabase, FoundWhileItIsWrittenIsWrittenAnew) {
         failure = disk->write({{Res::Rx, rx, diskText(*store.find(Res::Rx, rx % 900 + 1))}});
     ASSERT_NE(failure, "");
     ASSERT_TRUE(disk->damaged()) << failure;
+    store.retire(Res::Rx, 5000);
     ASSERT_EQ(disk->renew(store.content()), "");
     EXPECT_EQ(disk->write({{Res::Rx, 1, diskText(*store.find(Res::Rx, 1))}}), "");
     EXPECT_FALSE(disk->damaged());

@@ -100,6 +100,7 @@ TEST_F(Served, AFrameMayPauseButNotForHalfAMinute) {
     RawClient client(path);
     const std::string text = R"({"id":1,"method":"get","resource":"zeqHello"})";
     ASSERT_TRUE(client.send("\0\0\0"s));
+    pass(0); // taken in
     pass(20);
     ASSERT_TRUE(client.send(std::string(1, static_cast<char>(text.size())) + text.substr(0, 5)));
     pass(0);
