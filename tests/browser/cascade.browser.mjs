@@ -130,6 +130,8 @@ test('a slave becomes a master, and one administrator among two takes the Switch
   await says(page, 'is to be a master');
   await press(page, 'Save');
   await dialogSays(page, 'Rebooting now');
-  await until('the Switch is up again', () => system.ctl('get', 'swx', '1', 'cascadeRole') === 'controller');
-  await login(await t.page(), system);
+  await page.getByRole('button', { name: 'Start again' }).waitFor(); // all of it goes down, and comes up as a master
+  const again = await t.page();
+  await until('the interface is up again', () => again.goto(system.address));
+  await login(again, system);
 });

@@ -53,19 +53,6 @@ export const kinds = [
   },
 ];
 
-/** The only page of a Switch in a state that zeqctl brings about, and takes back.
- * @param {string} name @param {string} says @param {{before: string[], after: string[]}} words @returns {Place} */
-const onePage = (name, says, { before, after }) => ({
-  name,
-  go: async (page, system) => {
-    system.ctl(...before);
-    await openLogin(page, system);
-    await tryLogin(page, system.user, system.password);
-    await page.getByText(says).waitFor();
-  },
-  leave: async (_page, system) => { system.ctl(...after); },
-});
-
 /** Before the login; each starts from a fresh page. @type {Place[]} */
 export const outside = [
   { name: 'login', go: openLogin },
@@ -99,11 +86,6 @@ export const outside = [
     },
     leave: async (_page, system) => { system.ctl('set', 'systemGlobals', 'mirlBannerEnable=disabled'); },
   },
-  onePage('managed', 'under an external manager', {
-    before: ['set', 'systemGlobals', 'managerIpAddress=10.20.1.90', 'managedSetting=verified'],
-    after: ['set', 'systemGlobals', 'managedSetting=non_managed'],
-  }),
-  onePage('slave', 'is a slave in a cascade', { before: ['cascade', 'look'], after: ['cascade', 'look'] }),
   {
     name: 'first-password',
     args: ['--empty'],
@@ -318,7 +300,6 @@ export const boxes = [
     },
     leave: ['Cancel', 'Close'],
   }),
-  boxBehind('box-link-peer', (page) => mainTab(page, 'Cascade').click(), 'Link', { says: 'to stand by as backup' }),
   box('box-delete-monitor', 'Ives I12 panel', 'Delete', {
     says: 'want to delete the selected item?',
     open: openMonitors,

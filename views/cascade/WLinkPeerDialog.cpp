@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr DialogFormHead kHead = {"link-peer.png", "cascade.linkPeerDialog.title",
+constexpr DialogFormHead kHead = {"establish-kvm-session.png", "cascade.linkPeerDialog.title",
                                   "cascade.linkPeerDialog.clickNselect"};
 
 } // namespace
