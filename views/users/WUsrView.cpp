@@ -7,6 +7,7 @@
 #include "views/users/list/WUsrViewList.h"
 #include "views/users/tabs/WUsrViewAttribs.h"
 #include "views/users/tabs/WUsrViewFavTargets.h"
+#include "views/users/tabs/WUsrViewOsdFx.h"
 #include "views/users/tabs/WUsrViewOsdHotkey.h"
 #include "views/users/tabs/WUsrViewPermissions.h"
 #include "views/users/tabs/WUsrViewStatus.h"
@@ -47,6 +48,7 @@ constexpr DetailsTabRow<View, UsrTab> kTabs[] = {
     {UsrTab::Favorites, 0, "[RSnnn]Favorites", makeTab<WUsrViewFavTargets>,
      &View::favsSaveButtonClickedHandler, &View::favsCancelButtonClickedHandler},
     {UsrTab::Osd, 0, "[RSnnn]OSD", makeTab<WUsrViewOsdHotkey>},
+    {UsrTab::OsdFx, 0, "[RSnnn]OSD F1-F12", makeTab<WUsrViewOsdFx>},
     {UsrTab::Status, 0, "[RSnnn]Status", makeTab<WUsrViewStatus>},
 };
 // clang-format on
