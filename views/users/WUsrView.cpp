@@ -4,6 +4,7 @@
 #include "frame/ActionColumn.h"
 #include "frame/DetailsTabs.h"
 #include "frame/RowsInOrder.h"
+#include "shell/MirlApplication.h"
 #include "views/users/list/WUsrViewList.h"
 #include "views/users/tabs/WUsrViewAttribs.h"
 #include "views/users/tabs/WUsrViewFavTargets.h"
@@ -14,6 +15,8 @@
 #include "views/users/tabs/WUsrViewTargets.h"
 
 #include <Wt/WTabWidget>
+
+#include <algorithm>
 
 namespace {
 
@@ -114,6 +117,25 @@ void WUsrView::tabChangedHandler() {
     if (tab != kKeepsFavsSelection) favs().clearSelection();
     const WSettingsTab* shown = mDetails->shownSettingsTab();
     if (!shown || !shown->hasChanged()) mDetails->readFromDatabase(true, chosenRecords(), false);
+}
+
+std::vector<unsigned> WUsrView::chosenRecords() const {
+    std::vector<unsigned> users = ListPage::chosenRecords();
+    const MirlApplication* app = MirlApplication::current();
+    const unsigned own = app ? app->getIndexOfCurrentlyLoggedInUsr() : 0;
+    std::ranges::stable_partition(users, [own](unsigned user) { return user != own; });
+    return users;
+}
+
+bool WUsrView::loginStands() const {
+    MirlApplication* app = MirlApplication::current();
+    if (!app) return true;
+    app->checkSession();
+    return app->userIsLoggedIn();
+}
+
+void WUsrView::afterSave() {
+    loginStands(); // who has disabled or demoted himself is out with the save
 }
 
 void WUsrView::attribsSaveButtonClickedHandler() {

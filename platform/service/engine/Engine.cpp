@@ -249,10 +249,13 @@ void Engine::clientGone(ClientId client) {
     // A login that is being written has its session before the write that is queued here.
     const bool loggingIn = mLoggingIn.erase(client) > 0;
     mHolders.erase(client);
-    if (!loggingIn && !mStore.findNumber(Res::AdminSession, "simClient", static_cast<std::uint32_t>(client)))
+    const auto number = static_cast<std::uint32_t>(client);
+    if (!loggingIn && !mStore.findNumber(Res::AdminSession, "simClient", number) &&
+        !mStore.findNumber(Res::User, "simClient", number))
         return;
     submit({[this, client](Transaction& tx) {
                 endAdminSessionsOfClient(tx, mParts.clock.now(), client);
+                removeProvisionalUsersOf(tx, client);
                 return true;
             },
             {}});
@@ -282,6 +285,7 @@ void Engine::start(std::int64_t timeFactor, const std::string& damaged) {
                 if (installPendingSettings(tx))
                     addAlert(tx, mParts.clock.now(), "info", thisSwitchEid(tx),
                              "Settings of a settings file have been installed");
+                removeProvisionalUsers(tx);
                 mSimulation->resume(tx);
                 return true;
             },

@@ -371,6 +371,80 @@ TEST_F(UsersPage, WarningsAndRefusals) {
     EXPECT_EQ(actions(), "X...");
 }
 
+TEST_F(UsersPage, TwoAdministratorsPressNewInOneSecond) {
+    const auto before = names().size();
+    clickAction(UserAction::New);
+    ASSERT_TRUE(view->newUserPending());
+    const std::string first = stored("user", table().selectedZeqIndex(), "name");
+    std::thread([&] {
+        AppSession other;
+        other.logIn("admin", ZeqdProcess::kAdminPassword);
+        Wt::WTabWidget* tabs = other.probe().tabs();
+        for (int i = 0; i < tabs->count(); ++i)
+            if (auto* page = dynamic_cast<WUsrView*>(tabs->widget(i))) {
+                page->readFromDatabase(true, true);
+                page->newUsrActionButtonClicked();
+                ASSERT_TRUE(page->newUserPending());
+                const unsigned own = page->list()->table()->selectedZeqIndex();
+                EXPECT_NE(stored("user", own, "name"), first);
+                EXPECT_EQ(stored("user", own, "provisional"), "enabled");
+                EXPECT_EQ(page->list()->rowCount(), static_cast<int>(before) + 2);
+            }
+    }).join();
+    cancel();
+    EXPECT_EQ(names().size(), before);
+}
+
+/// What "admin" does to himself and to "wall" at once.
+class UsersPageOwn : public UsersPage {
+protected:
+    UsersPageOwn() { select({"admin", "wall"}); }
+    bool isOut() { return session.app().isQuited(); }
+};
+
+TEST_F(UsersPageOwn, DeletedIsOutAtOnce) {
+    answerWith("Delete");
+    clickAction(UserAction::Delete);
+    EXPECT_TRUE(isOut());
+    EXPECT_EQ(shown.size(), 1u) << "the others came first, so nothing was refused";
+}
+
+TEST_F(UsersPageOwn, DisabledIsOutAtOnce) {
+    choose("accountEnable", 1);
+    save();
+    EXPECT_TRUE(isOut());
+    EXPECT_TRUE(shown.empty());
+}
+
+TEST_F(UsersPageOwn, DemotedIsOutAtOnce) {
+    showTab("Permissions");
+    choose("role", 0);
+    save();
+    EXPECT_TRUE(isOut());
+    EXPECT_TRUE(shown.empty());
+}
+
+TEST_F(UsersPageOwn, WhoKeepsHisRightsWorksOn) {
+    choose("allowBlankPassword", 1);
+    save();
+    EXPECT_FALSE(isOut());
+    select({"trainee"});
+    answerWith("Delete");
+    clickAction(UserAction::Delete);
+    EXPECT_FALSE(isOut());
+    EXPECT_EQ(row("trainee"), "");
+    // The last administrator stays, and stays in.
+    select({"supervisor"});
+    answerWith("Delete");
+    clickAction(UserAction::Delete);
+    select({"admin"});
+    answerWith("Delete");
+    answerWith("Close");
+    clickAction(UserAction::Delete);
+    EXPECT_FALSE(isOut());
+    EXPECT_NE(row("admin"), "");
+}
+
 TEST_F(UsersPage, OsdTimeoutAndCustomKeys) {
     select({"mhansen"});
     showTab("OSD");
