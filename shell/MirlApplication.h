@@ -90,6 +90,9 @@ public:
 
     // End of the session.
     void logOutUser(EndReason reason = EndReason::None);
+    /// Asks the service whether the login still stands, and ends the session if not, as the check does that runs
+    /// by itself. For a page that may just have taken its own user's rights away.
+    void checkSession() { sessionCheckTimeoutHandler(); }
     /// Sends the browser back to the start page, where a new session begins and says why.
     void restartWebApp(EndReason reason = EndReason::None);
     /// Ends the whole process, with all its sessions.

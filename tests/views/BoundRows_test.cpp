@@ -42,7 +42,7 @@ const struct {
     std::size_t fields;
 } kPages[] = {
     {"devices", made<WDevView>, 130},       {"settings", made<WSysSettingsView>, 24},
-    {"peripherals", made<WPeriphView>, 2},  {"users", made<WUsrView>, 13},
+    {"peripherals", made<WPeriphView>, 2},  {"users", made<WUsrView>, 37},
     {"preferences", made<WPrefsTable>, 10}, {"cascade", made<WCascadeView>, 12},
     {"managed", made<WManagedView>, 25},    {"slave", made<WSlaveSettingsView>, 20},
 };

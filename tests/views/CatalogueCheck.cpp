@@ -10,6 +10,7 @@
 #include "widgets/WManagementMode.h"
 #include "widgets/WNtpTime.h"
 #include "widgets/WOsdActivateHotkeyCustom.h"
+#include "widgets/WTarget.h"
 #include "widgets/WTargetAny.h"
 #include "widgets/WTextZeq.h"
 #include "widgets/WTxIcon.h"
@@ -249,6 +250,17 @@ bool checkManagement(WWidgetZeq& bound, const Place& place, Faults& faults) {
     return true;
 }
 
+// The EID of a Transmitter, which the table's owner offers.
+bool checkTarget(WWidgetZeq& bound, const Place& place, Faults& faults) {
+    auto* box = dynamic_cast<WTarget*>(&bound);
+    if (!box) return false;
+    box->populateChoices({{1, false, "00A702-030011", "SCADA (A)"}});
+    box->setCurrentIndex(0);
+    const std::string refusal = refusalOfShown(bound, place);
+    if (!refusal.empty()) faults.push_back("a target is " + refusal);
+    return true;
+}
+
 // Read only texts of one kind of value.
 bool checkShown(WWidgetZeq& bound, const KeyRow& row, Faults& faults) {
     Type type;
@@ -279,8 +291,8 @@ Faults faultsAt(WWidgetZeq& bound, const Place& place) {
     else if (dynamic_cast<WOsdActivateHotkeyCustom*>(&bound)) {
         if (row.type != Type::Binary || zeqd::findKey(place.among, "length") < 0)
             faults.push_back("is a sequence of keys, but not for the service");
-    } else if (!checkManagement(bound, place, faults) && !checkPicker(bound, row, faults) &&
-               !checkShown(bound, row, faults))
+    } else if (!checkManagement(bound, place, faults) && !checkTarget(bound, place, faults) &&
+               !checkPicker(bound, row, faults) && !checkShown(bound, row, faults))
         faults.push_back("is a widget that this check does not know; tell it how");
     return faults;
 }

@@ -4,15 +4,19 @@
 #include "frame/ActionColumn.h"
 #include "frame/DetailsTabs.h"
 #include "frame/RowsInOrder.h"
+#include "shell/MirlApplication.h"
 #include "views/users/list/WUsrViewList.h"
 #include "views/users/tabs/WUsrViewAttribs.h"
 #include "views/users/tabs/WUsrViewFavTargets.h"
+#include "views/users/tabs/WUsrViewOsdFx.h"
 #include "views/users/tabs/WUsrViewOsdHotkey.h"
 #include "views/users/tabs/WUsrViewPermissions.h"
 #include "views/users/tabs/WUsrViewStatus.h"
 #include "views/users/tabs/WUsrViewTargets.h"
 
 #include <Wt/WTabWidget>
+
+#include <algorithm>
 
 namespace {
 
@@ -47,6 +51,7 @@ constexpr DetailsTabRow<View, UsrTab> kTabs[] = {
     {UsrTab::Favorites, 0, "[RSnnn]Favorites", makeTab<WUsrViewFavTargets>,
      &View::favsSaveButtonClickedHandler, &View::favsCancelButtonClickedHandler},
     {UsrTab::Osd, 0, "[RSnnn]OSD", makeTab<WUsrViewOsdHotkey>},
+    {UsrTab::OsdFx, 0, "[RSnnn]OSD F1-F12", makeTab<WUsrViewOsdFx>},
     {UsrTab::Status, 0, "[RSnnn]Status", makeTab<WUsrViewStatus>},
 };
 // clang-format on
@@ -113,6 +118,25 @@ void WUsrView::tabChangedHandler() {
     if (tab != kKeepsFavsSelection) favs().clearSelection();
     const WSettingsTab* shown = mDetails->shownSettingsTab();
     if (!shown || !shown->hasChanged()) mDetails->readFromDatabase(true, chosenRecords(), false);
+}
+
+std::vector<unsigned> WUsrView::chosenRecords() const {
+    std::vector<unsigned> users = ListPage::chosenRecords();
+    const MirlApplication* app = MirlApplication::current();
+    const unsigned own = app ? app->getIndexOfCurrentlyLoggedInUsr() : 0;
+    std::ranges::stable_partition(users, [own](unsigned user) { return user != own; });
+    return users;
+}
+
+bool WUsrView::loginStands() const {
+    MirlApplication* app = MirlApplication::current();
+    if (!app) return true;
+    app->checkSession();
+    return app->userIsLoggedIn();
+}
+
+void WUsrView::afterSave() {
+    loginStands(); // who has disabled or demoted himself is out with the save
 }
 
 void WUsrView::attribsSaveButtonClickedHandler() {

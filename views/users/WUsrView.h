@@ -41,11 +41,16 @@ public:
 
 protected:
     void showSelection(bool forceDetails) override;
+    void afterSave() override;
+    /// The user's own account comes last: what is done to it may end the right to do it to the others.
+    std::vector<unsigned> chosenRecords() const override;
 
 private:
     WUsrViewAttribs& attribs() const;
     WUsrViewTargets& targets() const;
     WUsrViewFavTargets& favs() const;
+    /// False: the login has ended, and the session with it.
+    bool loginStands() const;
 
     WUsrViewList* mList;
     DetailsTabs* mDetails;

@@ -9,6 +9,7 @@
 #include "frame/WMsgBoxDbErr.h"
 #include "platform/client/EventLog.h"
 #include "platform/client/ZeqReq.h"
+#include "shell/MirlApplication.h"
 #include "shell/Security.h"
 #include "shell/WForceLoginDialog.h"
 #include "shell/WallClock.h"
@@ -46,9 +47,11 @@ constexpr BoxRow kNotLoggedIn = {WMsgBox::Error, "[RSnnn]Error", {"[RSnnn]Close"
 
 constexpr int kRoleUser = 1;
 
-/// Unique as long as no two are made in one second; then the service refuses the second one.
-std::string provisionalName() {
-    const std::time_t now = WallClock_now();
+/// Two administrators may press New in one second: whoever is second takes the name of the next one.
+constexpr int kNamesTried = 3;
+
+std::string provisionalName(int secondsAhead) {
+    const std::time_t now = WallClock_now() + secondsAhead;
     std::tm local{};
     localtime_r(&now, &local);
     char name[32];
@@ -74,7 +77,6 @@ std::string provisionalPassword() {
 } // namespace
 
 void WUsrView::newUsrActionButtonClicked() {
-    const std::string name = provisionalName();
     const std::string password = provisionalPassword();
     ZeqExchange exchange(ZeqPtr(ZeqReq_userNewCreateReq()), __func__);
     if (!exchange.ready()) return;
@@ -82,12 +84,21 @@ void WUsrView::newUsrActionButtonClicked() {
         EventLog_write(1, 7, __func__, "No randomness for the password of a new user.");
         return;
     }
-    ZeqReq_userSetName(exchange.request(), name.c_str());
     ZeqReq_userSetFullName(exchange.request(), "");
     ZeqReq_userSetRole(exchange.request(), kRoleUser);
     ZeqReq_userSetPassword(exchange.request(), password.c_str());
+    ZeqReqUtil_setStringParam(exchange.request(), "provisional", "enabled");
+    std::string name;
     std::vector<std::string> errors;
-    if (exchange.send(errors) != 0) {
+    unsigned refused = 1;
+    for (int tried = 0; tried < kNamesTried && refused != 0; ++tried) {
+        name = provisionalName(tried);
+        errors.clear();
+        ZeqReq_userSetName(exchange.request(), name.c_str());
+        refused = exchange.send(errors);
+        if (!exchange.response()) break;
+    }
+    if (refused != 0) {
         // Without the account there is nothing to edit but somebody else's.
         WMsgBoxDbErr(WMsgBoxDbErr::Write, errors).exec();
         readFromDatabase(true, false);
@@ -140,6 +151,7 @@ void WUsrView::deleteUsrActionButtonClicked() {
         results.run(mList->nameOf(user),
                     [&](auto& errors) { return Db::db.deleteRecordByIndex("user", user, errors); });
     if (results.failed() > 0) showFailures(results);
+    if (!loginStands()) return; // whoever was among them himself is out at once
     mList->table()->clearSelection();
     readFromDatabase(true, false);
 }

@@ -52,6 +52,11 @@ inline constexpr KeyRow kUser[] = {
     object("keySettings", kKeySettings, "keys of the on-screen display"),
     list("favorite", kTargetEntry, kMaxFavorites, "favourite targets, in the user's order"),
     list("target", kTargetEntry, kMaxTargets, "targets the user may connect to").also(10),
+    choice("provisional", values::enabled,
+           "goes with the connection that made it, unless a change of the account comes first")
+        .def("disabled")
+        .create(),
+    number("simClient", 0, kAnyNumber, "connection that a provisional account goes with").internal().silent(),
     warning("enableClearEventHistoryWarning", "ask before the event history is cleared"),
     warning("enableDeleteMonitorWarning", "ask before a monitor is deleted"),
     warning("enableDeleteUserWarning", "ask before a user is deleted"),

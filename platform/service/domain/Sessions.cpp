@@ -94,4 +94,18 @@ void endAdminSessionsOfClient(Transaction& tx, std::int64_t now, ClientId client
     }
 }
 
+void removeProvisionalUsersOf(Transaction& tx, ClientId client) {
+    for (const RecordPtr& user : allWith(tx, Res::User, "simClient", static_cast<std::uint32_t>(client)))
+        tx.erase(Res::User, user->index());
+}
+
+void removeProvisionalUsers(Transaction& tx) {
+    std::vector<std::uint32_t> gone;
+    tx.each(Res::User, [&](const RecordPtr& user) {
+        if (user->enabled("provisional")) gone.push_back(user->index());
+        return true;
+    });
+    for (const std::uint32_t user : gone) tx.erase(Res::User, user);
+}
+
 } // namespace zeqd

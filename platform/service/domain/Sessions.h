@@ -37,4 +37,9 @@ void endAdminSessionsOfUser(Transaction& tx, std::int64_t now, std::uint32_t use
 /// The administrator's sessions that belong to a client's connection end with it.
 void endAdminSessionsOfClient(Transaction& tx, std::int64_t now, ClientId client);
 
+/// Accounts that somebody began to make and never saved go with the connection.
+void removeProvisionalUsersOf(Transaction& tx, ClientId client);
+/// The same of all connections, of which none is left when the service starts.
+void removeProvisionalUsers(Transaction& tx);
+
 } // namespace zeqd

@@ -421,9 +421,14 @@ void Engine::clientGone(ClientId client) {
     // A login that is being written has its session before the write that is queued here.
     const bool loggingIn = mLoggingIn.erase(client) > 0;
     mHolders.erase(client);
-    if (!loggingIn && !mStore.findNumber(Res::AdminSession, "simClient", static_cast<std::uint32_t>(client)))
+    const auto number = static_cast<std::uint32_t>(client);
+    if (!loggingIn && !mStore.findNumber(Res::AdminSession, "simClient", number) &&
+        !mStore.findNumber(Res::User, "simClient", number))
         return;
-    submitStep([this, client](Transaction& tx) { endAdminSessionsOfClient(tx, mParts.clock.now(), client); });
+    submitStep([this, client](Transaction& tx) {
+        endAdminSessionsOfClient(tx, mParts.clock.now(), client);
+        removeProvisionalUsersOf(tx, client);
+    });
 }
 
 void Engine::runDue() {
@@ -447,6 +452,7 @@ void Engine::start(std::int64_t timeFactor) {
             if (!tx.singleton(Res::EventLogControl).enabled("info")) mParts.log(told);
             addAlert(tx, now, "info", thisSwitchEid(tx), std::move(told));
         }
+        removeProvisionalUsers(tx);
         mSimulation->resume(tx);
     });
     flush();

@@ -43,6 +43,8 @@ void checkInitialized(Context& context) {
 } // namespace
 
 void userCreated(Context& context) {
+    if (context.after->enabled("provisional"))
+        context.after->set("simClient", static_cast<std::uint32_t>(context.client));
     checkInitialized(context);
     checkPassword(context);
     if (!context.given("osdInactivityTimeout"))
@@ -51,6 +53,7 @@ void userCreated(Context& context) {
 }
 
 void userChanged(Context& context) {
+    context.after->choose("provisional", "disabled").set("simClient", 0u);
     checkInitialized(context);
     checkPassword(context);
     if (isAdministrator(*context.before) && !isAdministrator(*context.after) &&

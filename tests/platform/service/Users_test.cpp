@@ -448,5 +448,38 @@ TEST(Events, FollowTheirSwitches) {
     EXPECT_EQ(service.log.size(), lines);
 }
 
+TEST(Users, AProvisionalAccountGoesWithItsConnectionUnlessItWasSaved) {
+    constexpr ClientId kMine = 7; // of create() and set()
+    for (const bool restarted : {false, true}) {
+        Harness service;
+        const int before = service.get("user").rowCount();
+        for (const char* name : {"N1", "N2"})
+            ASSERT_EQ(service
+                          .create("user",
+                                  std::string(
+                                      R"({"role":"user","password":"pw","provisional":"enabled","name":")") +
+                                      name + "\"}")
+                          .error(),
+                      0);
+        ASSERT_EQ(service.create("user", R"({"name":"whole","role":"user","password":"pw"})").error(), 0);
+        const std::uint32_t saved =
+            service.engine->store()
+                .findIf(Res::User, [](const Record& user) { return user.text("name") == "N2"; })
+                ->index();
+        ASSERT_EQ(service.set("user", R"({"name":"desk","index":)" + std::to_string(saved) + "}").error(), 0);
+        service.engine->clientGone(kMine + 1);
+        service.settle();
+        ASSERT_EQ(service.get("user").rowCount(), before + 3) << "not with another connection";
+        if (restarted)
+            service.restart();
+        else
+            service.engine->clientGone(kMine);
+        service.settle();
+        EXPECT_EQ(service.get("user").rowCount(), before + 2) << restarted;
+        EXPECT_EQ(service.value("user", saved, "name"), "desk");
+        EXPECT_EQ(service.value("user", saved, "provisional"), "disabled");
+    }
+}
+
 } // namespace
 } // namespace zeqd::testing

@@ -1,123 +1,8 @@
 // The Users page: the list, accounts from their making to their deletion, rights and favourites of several users.
 
-#include "db/Db.h"
-#include "db/ZeqExchange.h"
-#include "frame/ActionColumn.h"
-#include "frame/WNavAccordionStdCell.h"
-#include "frame/WNumericSortFilterProxyModel.h"
-#include "shell/Security.h"
-#include "tests/views/PageTest.h"
-#include "views/users/WUsrView.h"
-#include "views/users/list/WUsrViewList.h"
-#include "views/users/tabs/WUsrViewFavTargets.h"
-#include "views/users/tabs/WUsrViewStatus.h"
-#include "views/users/tabs/WUsrViewTargets.h"
-#include "widgets/WChangePassword.h"
-#include "widgets/WLineEditZeq.h"
-
-#include <Wt/WCheckBox>
-
-#include <algorithm>
-#include <thread>
+#include "tests/views/users/UsersPage.h"
 
 namespace {
-
-class UsersPage : public PageTest {
-protected:
-    UsersPage() : view(mainTab<WUsrView>()) {
-        setDetails(view->details());
-        view->readFromDatabase(true, true);
-    }
-
-    RecordTable& table() const { return *view->list()->table(); }
-    void select(const std::vector<std::string>& names) {
-        Wt::WModelIndexSet rows;
-        for (int row = 0; row < table().proxy()->rowCount(); ++row) {
-            const Wt::WModelIndex index = table().proxy()->index(row, 0);
-            if (std::ranges::count(names, table().textAt(index, WUsrViewList::Name)) > 0) rows.insert(index);
-        }
-        EXPECT_EQ(rows.size(), names.size());
-        table().setSelectedIndexes(rows);
-        table().selectionChanged().emit();
-    }
-    std::string row(const std::string& name) const {
-        for (int i = 0; i < table().proxy()->rowCount(); ++i) {
-            const Wt::WModelIndex index = table().proxy()->index(i, 0);
-            if (table().textAt(index, WUsrViewList::Name) != name) continue;
-            std::string cells;
-            for (int column = 1; column < WUsrViewList::kColumnCount; ++column)
-                cells += table().textAt(index, column) + "|";
-            return cells;
-        }
-        return "";
-    }
-    std::vector<std::string> names() const {
-        std::vector<std::string> all;
-        for (int i = 0; i < table().proxy()->rowCount(); ++i)
-            all.push_back(table().textAt(table().proxy()->index(i, 0), WUsrViewList::Name));
-        return all;
-    }
-    void clickAction(UserAction action) { click(view->actionCell(action)->actionButton()); }
-    /// X for each enabled action (new, login, logout, delete), . for the others.
-    std::string actions() const {
-        std::string enabled;
-        for (const UserAction action :
-             {UserAction::New, UserAction::Login, UserAction::Logout, UserAction::Delete})
-            enabled += view->actionCell(action)->actionButton()->isDisabled() ? '.' : 'X';
-        return enabled;
-    }
-    std::string buttons() const {
-        return std::string(tab().saveButton()->isDisabled() ? "." : "S") +
-               (tab().cancelButton()->isDisabled() ? "." : "C");
-    }
-    void tick() { view->refreshTimerTimeout(); }
-    void typeInto(WLineEditZeq* field, const std::string& text) {
-        field->Wt::WLineEdit::setText(text);
-        field->blurred().emit();
-    }
-    WLineEditZeq* password(std::size_t which) const {
-        std::size_t seen = 0;
-        for (auto* edit : widgetsIn<WLineEditZeq>(&tab()))
-            if (edit->key() == std::string("password") && seen++ == which) return edit;
-        return nullptr;
-    }
-    WChangePassword& change() const { return *widgetsIn<WChangePassword>(&tab()).front(); }
-    TwoListMover& mover() const { return *dynamic_cast<UsrMoverTab&>(tab()).mover(); }
-    static std::vector<unsigned> shownIn(const MoverList& list) {
-        std::vector<unsigned> all;
-        for (int i = 0; i < list.proxy()->rowCount(); ++i)
-            all.push_back(list.zeqIndexAt(list.proxy()->index(i, 0)));
-        std::ranges::sort(all);
-        return all;
-    }
-    void selectTargets(MoverList& list, const std::vector<unsigned>& indexes) {
-        Wt::WModelIndexSet rows;
-        for (const unsigned index : indexes) rows.insert(list.rowOf(index));
-        list.setSelectedIndexes(rows);
-        list.selectionChanged().emit();
-    }
-    static std::vector<unsigned> storedTargets(unsigned user) {
-        TxPermissions model;
-        model.populate({user});
-        return model.getTargetsForUser(user)->targets;
-    }
-    static std::vector<unsigned> storedFavorites(unsigned user) {
-        TxFavorites model;
-        model.populate({user});
-        return model.getTargetsForUser(user)->favorites;
-    }
-    static bool canLogIn(const char* name, const char* word) {
-        unsigned index = 0;
-        bool initialized = false;
-        MirlSession made;
-        std::vector<std::string> errors;
-        const bool can = Security_loginMirlUser(name, word, index, initialized, made) == 0;
-        if (can) Security_logoutMirlUser(index, made, errors);
-        return can;
-    }
-
-    WUsrView* view;
-};
 
 TEST_F(UsersPage, ListAndActionsFollowWhoIsLoggedIn) {
     EXPECT_EQ(row("admin").substr(0, 34), "admin|System Administrator|Admin|L");
@@ -366,6 +251,30 @@ TEST_F(UsersPage, WarningsAndRefusals) {
     clickAction(UserAction::Delete);
     EXPECT_EQ(row("wall"), "");
     EXPECT_EQ(actions(), "X...");
+}
+
+TEST_F(UsersPage, TwoAdministratorsPressNewInOneSecond) {
+    const auto before = names().size();
+    clickAction(UserAction::New);
+    ASSERT_TRUE(view->newUserPending());
+    const std::string first = stored("user", table().selectedZeqIndex(), "name");
+    std::thread([&] {
+        AppSession other;
+        other.logIn("admin", ZeqdProcess::kAdminPassword);
+        Wt::WTabWidget* tabs = other.probe().tabs();
+        for (int i = 0; i < tabs->count(); ++i)
+            if (auto* page = dynamic_cast<WUsrView*>(tabs->widget(i))) {
+                page->readFromDatabase(true, true);
+                page->newUsrActionButtonClicked();
+                ASSERT_TRUE(page->newUserPending());
+                const unsigned own = page->list()->table()->selectedZeqIndex();
+                EXPECT_NE(stored("user", own, "name"), first);
+                EXPECT_EQ(stored("user", own, "provisional"), "enabled");
+                EXPECT_EQ(page->list()->rowCount(), static_cast<int>(before) + 2);
+            }
+    }).join();
+    cancel();
+    EXPECT_EQ(names().size(), before);
 }
 
 TEST_F(UsersPage, OsdTimeoutAndCustomKeys) {
