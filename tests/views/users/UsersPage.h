@@ -8,6 +8,7 @@
 #include "frame/WNumericSortFilterProxyModel.h"
 #include "platform/client/ZeqReq.h"
 #include "shell/Security.h"
+#include "shell/WallClock.h"
 #include "tests/views/PageTest.h"
 #include "views/users/WUsrView.h"
 #include "views/users/list/WUsrViewList.h"

@@ -254,6 +254,7 @@ TEST_F(UsersPage, WarningsAndRefusals) {
 }
 
 TEST_F(UsersPage, TwoAdministratorsPressNewInOneSecond) {
+    WallClock_setSource([] { return std::time_t{1'800'000'000}; });
     const auto before = names().size();
     clickAction(UserAction::New);
     ASSERT_TRUE(view->newUserPending());
@@ -273,6 +274,7 @@ TEST_F(UsersPage, TwoAdministratorsPressNewInOneSecond) {
                 EXPECT_EQ(page->list()->rowCount(), static_cast<int>(before) + 2);
             }
     }).join();
+    WallClock_setSource(nullptr);
     cancel();
     EXPECT_EQ(names().size(), before);
 }
