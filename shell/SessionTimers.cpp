@@ -2,6 +2,7 @@
 // a login page that nobody uses.
 
 #include "db/Db.h"
+#include "db/HeldRecords.h"
 #include "db/ThisSwx.h"
 #include "frame/ShowBox.h"
 #include "shell/DeleteOwned.h"
@@ -88,6 +89,8 @@ void MirlApplication::stopModeChangeCheckTimer() {
 }
 
 void MirlApplication::modeChangeCheckTimeoutHandler() {
+    HeldRecords held;
+    const HeldRecords::Use use(held);
     std::string setting;
     std::vector<std::string> errors;
     if (Db::db.readString("systemGlobals", 0, "managedSetting", setting, errors) != 0) return;

@@ -4,8 +4,7 @@
 
 #include <string>
 
-/// Names that a retrieve of events selects: quoted and joined by commas, without brackets. The number of the instance
-/// comes besides.
+/// What a retrieve of events selects: names quoted and joined by commas, no brackets. The instance number comes besides.
 inline constexpr const char* kEventKeys = R"("date","originatorEid","severity","alertMsg")";
 
 /// What the lists and the file show of an event. Local time; month and day without a leading zero.

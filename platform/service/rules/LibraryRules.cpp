@@ -51,8 +51,9 @@ void globalsChanged(Context& context) {
     }
     const bool rules = globals.is("managedSetting", "enrolling") || globals.is("managedSetting", "managed") ||
                        globals.is("managedSetting", "verified");
-    if (rules && globals.text("managerIpAddress").empty() &&
-        (context.changes("managedSetting") || context.changes("managerIpAddress")))
+    const bool losesLast =
+        context.changes("managerIpAddress") && globals.text("auxiliaryManagerIpAddress").empty();
+    if (rules && globals.text("managerIpAddress").empty() && (context.changes("managedSetting") || losesLast))
         return context.fail(Errno::MissingParameters, "managerIpAddress");
     if (!context.changes("managedSetting")) return showManagers(globals);
     beginEnrolment(context.tx, globals);

@@ -122,10 +122,10 @@ TEST_F(DevExchanges, AFocusedFieldOrAnEditStopsTheDetails) {
     cancel();
 }
 
-// The session looks every few seconds whether its Switch has come under a manager.
-TEST_F(DevExchanges, TheModeCheckIsOneRead) {
+// The session looks every few seconds whether its Switch has come under a manager, or has another role.
+TEST_F(DevExchanges, TheModeCheckIsTwoReads) {
     sent();
-    EXPECT_EQ(costOf([this] { session.probe().modeCheck(); }), 1u);
+    EXPECT_EQ(costOf([this] { session.probe().modeCheck(); }), 2u);
     EXPECT_EQ(sent(), "");
 }
 

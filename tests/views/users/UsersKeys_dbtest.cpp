@@ -34,7 +34,7 @@ TEST_F(UsersPageOwn, DemotedIsOutAtOnce) {
 }
 
 TEST_F(UsersPageOwn, WhoKeepsHisRightsWorksOn) {
-    choose("allowBlankPassword", 1);
+    type("fullName", "Works On");
     save();
     EXPECT_FALSE(isOut());
     select({"trainee"});
