@@ -123,9 +123,10 @@ private:
         return name.empty() && part.id == Res::User ? " " + record.text("mgrName") : name;
     }
     RecordPtr before(const SettingsPart& part, const std::string& name) const {
-        const auto& records = mBefore.at(part.id);
-        const auto found = records.find(name);
-        return found == records.end() ? nullptr : found->second;
+        const auto records = mBefore.find(part.id); // a new Switch has no records of many kinds
+        if (records == mBefore.end()) return nullptr;
+        const auto found = records->second.find(name);
+        return found == records->second.end() ? nullptr : found->second;
     }
 
     void addNamed(const SettingsPart& part, SettingsRecord given) {
