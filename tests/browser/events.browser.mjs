@@ -3,7 +3,7 @@ import assert from 'node:assert/strict';
 import { execFileSync } from 'node:child_process';
 import { readFileSync } from 'node:fs';
 import { join } from 'node:path';
-import { act, answer, sharedSystem } from './devices.mjs';
+import { answer, sharedSystem } from './devices.mjs';
 import { outDir, test } from './harness.mjs';
 import { login, mainTab } from './pages.mjs';
 import { until } from './system.mjs';
@@ -18,6 +18,16 @@ const row = (page, name, message) => rows(page, name).filter({ hasText: message 
 const unacked = 'Unacknowledged Events';
 const history = 'Event History';
 const detail = (page) => page.locator('.mirl-details-tab:visible .mirl-attribute-table-read-only-cell').last();
+
+/** The button of an action: sections bear the same words. */
+const button = (page, name) =>
+  page.locator('.mirl-nav-accordion-action-button:visible').filter({ hasText: new RegExp(`^${name}$`) });
+
+/** Presses it as soon as it is enabled. */
+async function act(page, name) {
+  await until(`${name} can be pressed`, () => button(page, name).isEnabled());
+  await button(page, name).click();
+}
 
 /** Raises an event of this Switch. */
 const raise = (system, severity, message) =>
@@ -61,8 +71,7 @@ test('events are acknowledged, saved and cleared', async (t) => {
 
   const [download] = await Promise.all([
     page.waitForEvent('download'),
-    page.getByRole('link', { name: 'Save', exact: true }).or(page.getByRole('button', { name: 'Save', exact: true }))
-      .click(),
+    button(page, 'Save').click(),
   ]);
   assert.equal(download.suggestedFilename(), 'event-history.csv');
   const file = join(outDir, 'event-history.csv');
@@ -90,7 +99,7 @@ test('by keyboard: an event is chosen and acknowledged', async (t) => {
   await until('the first row is chosen', async () =>
     (await list(page, unacked).locator('[aria-selected="true"]').count()) === 1);
   await until('and its details are shown', async () => (await detail(page).innerText()) !== '');
-  const acknowledge = page.getByRole('button', { name: 'Acknowledge', exact: true });
+  const acknowledge = button(page, 'Acknowledge');
   await until('it may be pressed', () => acknowledge.isEnabled());
   const message = await detail(page).innerText();
   await acknowledge.focus();
