@@ -54,7 +54,7 @@ WEventViewDetails::WEventViewDetails(Wt::WContainerWidget* parent)
     auto* page = new Wt::WContainerWidget;
     auto* layout = new Wt::WVBoxLayout;
     layout->setSpacing(kSpacing);
-    layout->addWidget(mMessage, 0, Wt::AlignTop);
+    layout->addWidget(mMessage, 0, Wt::AlignTop | Wt::AlignLeft);
     layout->addStretch(1);
     page->setLayout(layout);
     auto* tabs = new Wt::WTabWidget;
