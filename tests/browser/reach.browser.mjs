@@ -68,7 +68,7 @@ test('the focus can be seen at every stop, stays in a box, comes back; the detai
   await until('the focus is on the action again', async () => (await focused(page)).name === 'Reboot');
 
   const title = page.getByRole('button', { name: 'Device Details' });
-  await go(page, 'Tab', at => at.name === 'Device Details');
+  await go(page, 'Tab', at => at.name.startsWith('Device Details'));
   for (const folded of [true, false]) {
     await page.keyboard.press('Enter');
     await until(

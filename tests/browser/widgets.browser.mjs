@@ -28,11 +28,7 @@ for (const colorScheme of /** @type {const} */ (['light', 'dark'])) {
     await bringAxe(page);
     await gallery.open(page);
     await page.screenshot({ path: join(outDir, `widgets-${colorScheme}.png`), fullPage: true });
-    // An address that the records do not share is an empty link to nowhere; it is kept as it is.
-    const wrong = (await violations(page)).filter(
-      line => !(line.startsWith('link-name') && line.includes('WAnchorZeq'))
-    );
-    assert.deepEqual(wrong, []);
+    assert.deepEqual(await violations(page), []);
     assert.doesNotMatch(await page.locator('body').innerText(), /\?\?/, 'a text without words');
   });
 }
