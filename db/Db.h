@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+struct UserTargets;
+
 /// The one door to the internal database service: small blocking operations in the session that the
 /// calling thread serves.
 ///
@@ -186,6 +188,7 @@ public:
     /// The database string.
     unsigned getAllowedAccessModeFromUserIndex(unsigned index, std::string& mode, Errors& errors);
     unsigned getEnableAllTargetAccessFromUserIndex(unsigned index, bool& enabled, Errors& errors);
+    unsigned getUserTargets(unsigned userIndex, UserTargets& targets, Errors& errors);
     unsigned getUserTxAccessRight(unsigned userIndex, unsigned txIndex, bool& allowed, Errors& errors);
     bool userIsLoggedInToRx(unsigned userIndex, Errors& errors);
     bool userIsLoggedInToMirl(unsigned userIndex, Errors& errors);

@@ -3,7 +3,9 @@
 #include "db/Convert.h"
 #include "db/Db.h"
 #include "db/OfRecord.h"
+#include "db/UserTargets.h"
 #include "db/ZeqExchange.h"
+#include "db/ZeqRows.h"
 #include "platform/client/EventLog.h"
 #include "platform/client/ZeqReq.h"
 #include "platform/client/ZeqRsp.h"
@@ -23,9 +25,9 @@ unsigned getOfUser(ZeqExchange& exchange, unsigned index, const char* key, Db::E
 } // namespace
 
 unsigned Db::getUserRoleFromUserIndex(unsigned index, std::string& role, Errors& errors) {
-    ZeqExchange exchange(ZeqReqUtil_newGetResource, "user", __func__);
-    if (getOfUser(exchange, index, "role", errors) != 0) return 1;
-    role = Convert_userRoleEnumToString(static_cast<Info_UserRole>(ZeqRsp_userGetRole(exchange.response())));
+    std::string stored;
+    if (readTextOf("user", index, "role", stored, errors) != 0) return 1;
+    role = Convert_userRoleDbStringToUiString(stored);
     return 0;
 }
 
@@ -40,14 +42,11 @@ unsigned Db::getEnableAllTargetAccessFromUserIndex(unsigned index, bool& enabled
     return 0;
 }
 
-unsigned Db::getUserTxAccessRight(unsigned userIndex, unsigned txIndex, bool& allowed, Errors& errors) {
-    allowed = false;
-    bool all = false;
-    if (const unsigned result = getEnableAllTargetAccessFromUserIndex(userIndex, all, errors)) return result;
-    if (all) {
-        allowed = true;
-        return 0;
-    }
+unsigned Db::getUserTargets(unsigned userIndex, UserTargets& targets, Errors& errors) {
+    targets = {};
+    if (const unsigned result = getEnableAllTargetAccessFromUserIndex(userIndex, targets.all, errors))
+        return result;
+    if (targets.all) return 0;
     ZeqClient_s* client = nullptr;
     if (getZeqClient(client) != 0) return 1;
     const ZeqPtr rsp = zeqRetrieve(ZeqReq_userTargetListRetrieveByIndex, client, userIndex);
@@ -55,15 +54,20 @@ unsigned Db::getUserTxAccessRight(unsigned userIndex, unsigned txIndex, bool& al
         EventLog_write(2, 7, __func__, "Unable to retrieve user target list.");
         return 1;
     }
-    const ZeqPtr targets(ZeqObj_collapse(rsp.get(), "index", "target"));
-    if (!targets) {
+    const ZeqPtr list(ZeqObj_collapse(rsp.get(), "index", "target"));
+    if (!list) {
         EventLog_write(2, 7, __func__, "Unable to retrieve target list.");
         return 1;
     }
-    const int rows = ZeqRspUtil_numEntries(targets.get());
-    for (int row = 0; row < rows && !allowed; ++row)
-        allowed = ZeqRspUtil_getIndexedIntegerParam(targets.get(), row, "txIndex") == txIndex;
+    for (const ZeqRow target : ZeqRows(list.get())) targets.transmitters.insert(target.number("txIndex"));
     return 0;
+}
+
+unsigned Db::getUserTxAccessRight(unsigned userIndex, unsigned txIndex, bool& allowed, Errors& errors) {
+    UserTargets targets;
+    const unsigned result = getUserTargets(userIndex, targets, errors);
+    allowed = targets.allows(txIndex);
+    return result;
 }
 
 bool Db::userIsLoggedInToRx(unsigned userIndex, Errors& errors) {

@@ -1,5 +1,6 @@
 #include "db/HeldRecords.h"
 
+#include "db/Db.h"
 #include "db/InfoMgr.h"
 #include "db/ZeqExchange.h"
 #include "platform/client/ZeqReq.h"
@@ -14,7 +15,7 @@ thread_local HeldRecords* tHeld = nullptr;
 
 constexpr InfoMgr_InfoID kNotCounted{}; // changes of these are told by no counter
 
-constexpr const char* kUserKeys[] = {"name", "mgrName", "fullName"};
+constexpr const char* kUserKeys[] = {"name", "mgrName", "fullName", "role"};
 constexpr const char* kCounterKeys[] = {"lastChange"};
 
 /// What is held at the first read of a value.
@@ -59,6 +60,14 @@ bool has(const Held& held, std::string_view key) {
 void setIndexes(ZeqExchange& exchange, const HeldRecords::Indexes& indexes) {
     for (const unsigned index : indexes)
         if (index != 0) ZeqReqUtil_setIntegerQuery(exchange.request(), "index", index);
+}
+
+/// A table that is empty is refused.
+bool tellsNoEntries(const json_t* answer) {
+    const json_t* refusal = answer ? ZeqRspUtil_getObjectParam(answer, "errors") : nullptr;
+    std::vector<std::string> errors;
+    if (refusal) Db::db.interpZeqErrors(refusal, errors, true);
+    return refusal && errors.empty();
 }
 
 } // namespace
@@ -117,6 +126,8 @@ void HeldRecords::dropChanged() {
         table.fetched.reset();
         table.fetchedKeys.clear();
         table.fetchedRows.clear();
+        table.fetchedAll = false;
+        table.sorted.clear();
         std::erase_if(table.records, [](const auto& record) { return !record.second; });
     }
     for (const char* resource : kPlugged)
@@ -129,13 +140,17 @@ const json_t* HeldRecords::fetch(const char* resource, const Indexes& indexes, c
     table.fetched.reset();
     table.fetchedKeys = {keys.begin(), keys.end()};
     table.fetchedRows.clear();
+    table.fetchedAll = indexes.empty();
+    table.sorted.clear();
+    if (table.fetchedAll) table.found.clear();
     if (mSilent) return nullptr;
     ZeqExchange exchange(ZeqReqUtil_newGetResource, resource, __func__);
     setIndexes(exchange, indexes);
     const bool numbered = indexes != Indexes{0};
     if (numbered) ZeqReqUtil_setSelect(exchange.request(), "index");
     for (const std::string& key : table.fetchedKeys) ZeqReqUtil_setSelect(exchange.request(), key.c_str());
-    const bool refused = exchange.sendQuietly() != 0;
+    const bool refused =
+        exchange.sendQuietly() != 0 && !(table.fetchedAll && tellsNoEntries(exchange.response()));
     mSilent = !exchange.response();
     const int rows = ZeqRspUtil_numEntries(exchange.response());
     if (refused || rows < static_cast<int>(indexes.size())) {
@@ -178,15 +193,23 @@ HeldRecords::Row HeldRecords::ask(const char* resource, unsigned index, Errors& 
     return refused ? nullptr : exchange.takeResponse();
 }
 
+void HeldRecords::sortBy(Table& table, const char* key) {
+    const bool known = table.fetchedAll && table.fetched && table.fetchedKeys.contains(std::string_view(key));
+    if (!known || !table.sorted.insert(key).second) return;
+    for (const auto& [index, row] : table.fetchedRows) // the first of several is found
+        table.found.try_emplace({key, static_cast<unsigned>(ZeqRspUtil_getIntegerParam(row, key))}, index);
+}
+
 unsigned HeldRecords::find(const char* resource, const char* key, unsigned value, unsigned& index) {
     Table& table = mTables[resource];
+    sortBy(table, key);
     const auto place = std::pair(std::string(key), value);
     const auto known = table.found.find(place);
     if (known != table.found.end()) {
         if (known->second != 0) index = known->second;
         return known->second != 0 ? 0 : 1;
     }
-    if (mSilent) return 1;
+    if (mSilent || table.sorted.contains(std::string_view(key))) return 1;
     ZeqExchange exchange(ZeqReqUtil_newGetResource, resource, __func__);
     ZeqReqUtil_setIntegerQuery(exchange.request(), key, value);
     exchange.sendQuietly(); // a table without such an entry is refused; here that is just "not found"

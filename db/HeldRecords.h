@@ -43,8 +43,9 @@ public:
     void dropChanged();
     void clear();
 
-    /// Asks with one request for keys of these records ({0}: of the singleton) and holds the answer, which
-    /// stays until the next fetch of the resource. Null when the service refused or gave no answer.
+    /// Asks with one request for keys of these records ({0}: of the singleton, {}: of all that there are) and holds the
+    /// answer, which stays until the next fetch of the resource. Null when the service refused or gave no answer. Of all
+    /// records there may be none.
     const json_t* fetch(const char* resource, const Indexes& indexes, const Keys& keys);
     /// The row of a value that is covered; null after a failure, which is told in `errors` the first time.
     const json_t* row(const char* resource, unsigned index, const char* key, Errors& errors);
@@ -68,9 +69,12 @@ private:
         std::map<std::pair<std::string, unsigned>, unsigned> found; // by key and value; 0 = none
         std::shared_ptr<json_t> fetched;
         std::set<std::string, std::less<>> fetchedKeys;
+        bool fetchedAll = false;
+        std::set<std::string, std::less<>> sorted; // keys by whose values `found` has all records
         std::map<unsigned, const json_t*> fetchedRows;
     };
 
+    static void sortBy(Table& table, const char* key);
     const json_t* fetchedRow(const char* resource, unsigned index, const char* key) const;
     Row ask(const char* resource, unsigned index, Errors& errors);
 

@@ -43,17 +43,22 @@ public:
     /// What stands in place of the rows while there are none: why, and what to do.
     void setEmptyText(const Wt::WString& text);
 
-    /// Shows what the database answers instead of what was shown. False, and an empty table, without an answer
-    /// and after a refusal, which is logged.
-    template <class Record, std::size_t N, class Retrieve, class... Args>
-    bool read(const RecordColumn<Record> (&columns)[N], Retrieve retrieve, Args&&... args) {
+    /// Empties the table and asks the database. Null without an answer and after a refusal, which is logged.
+    template <class Retrieve, class... Args>
+    ZeqPtr retrieve(Retrieve send, Args&&... args) {
         clearData();
         ZeqClient_s* const client = databaseClient();
-        if (!client) return false;
-        const ZeqPtr answer = zeqRetrieve(retrieve, client, std::forward<Args>(args)...);
-        if (!answered(answer.get())) return false;
-        addRecords(columns, ZeqRows(answer.get()));
-        return true;
+        if (!client) return nullptr;
+        ZeqPtr answer = zeqRetrieve(send, client, std::forward<Args>(args)...);
+        return answered(answer.get()) ? std::move(answer) : nullptr;
+    }
+    /// Shows what the database answers instead of what was shown. False, and an empty table, without an answer
+    /// and after a refusal.
+    template <class Record, std::size_t N, class Retrieve, class... Args>
+    bool read(const RecordColumn<Record> (&columns)[N], Retrieve send, Args&&... args) {
+        const ZeqPtr answer = retrieve(send, std::forward<Args>(args)...);
+        if (answer) addRecords(columns, ZeqRows(answer.get()));
+        return answer != nullptr;
     }
     virtual void clearData();
 

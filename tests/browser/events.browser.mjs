@@ -5,29 +5,16 @@ import { readFileSync } from 'node:fs';
 import { join } from 'node:path';
 import { answer, sharedSystem } from './devices.mjs';
 import { outDir, test } from './harness.mjs';
+import { act, button, list, row, rows } from './lists.mjs';
 import { login, mainTab } from './pages.mjs';
 import { until } from './system.mjs';
 
 const shared = sharedSystem();
 export const done = shared.done;
 
-const list = (page, name) => page.locator('.mirl-context-panel').filter({ has: page.getByRole('heading', { name }) });
-const rows = (page, name) =>
-  list(page, name).locator('[role="row"]').filter({ has: page.locator('[role="gridcell"]') });
-const row = (page, name, message) => rows(page, name).filter({ hasText: message });
 const unacked = 'Unacknowledged Events';
 const history = 'Event History';
 const detail = (page) => page.locator('.mirl-details-tab:visible .mirl-attribute-table-read-only-cell').last();
-
-/** The button of an action: sections bear the same words. */
-const button = (page, name) =>
-  page.locator('.mirl-nav-accordion-action-button:visible').filter({ hasText: new RegExp(`^${name}$`) });
-
-/** Presses it as soon as it is enabled. */
-async function act(page, name) {
-  await until(`${name} can be pressed`, () => button(page, name).isEnabled());
-  await button(page, name).click();
-}
 
 /** Raises an event of this Switch. */
 const raise = (system, severity, message) =>

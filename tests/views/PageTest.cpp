@@ -1,13 +1,17 @@
 #include "tests/views/PageTest.h"
 
 #include "db/ZeqPtr.h"
+#include "frame/WNumericSortFilterProxyModel.h"
 #include "platform/client/ZeqClient.h"
 #include "platform/client/ZeqReq.h"
 #include "platform/client/ZeqRsp.h"
 
 #include <Wt/WComboBox>
 #include <Wt/WLineEdit>
+#include <Wt/WStandardItemModel>
 #include <Wt/WTextArea>
+
+#include <algorithm>
 
 namespace {
 
@@ -54,6 +58,27 @@ void PageTest::answerWith(const std::string& button) {
             dialog.reject();
         }
     });
+}
+
+void PageTest::raise(const std::string& message, const char* severity) {
+    json_t* request = ZeqReqUtil_newSetResource("simControl");
+    ZeqReqUtil_setStringParam(request, "action", "alert");
+    ZeqReqUtil_setStringParam(request, "message", message.c_str());
+    ZeqReqUtil_setStringParam(request, "severity", severity);
+    const ZeqPtr response(exchange(request));
+    EXPECT_TRUE(response && !ZeqRspUtil_getObjectParam(response.get(), "errors"));
+}
+
+std::vector<std::string> PageTest::linesOf(const RecordTable& table) {
+    std::vector<std::string> all;
+    for (int i = 0; i < table.proxy()->rowCount(); ++i) {
+        std::string line;
+        for (int column = 1; column < table.records()->columnCount(); ++column)
+            line += (column > 1 ? "|" : "") + table.textAt(table.proxy()->index(i, 0), column);
+        all.push_back(line);
+    }
+    std::ranges::sort(all);
+    return all;
 }
 
 Wt::WWidget* PageTest::shownTab() const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "frame/DetailsTabs.h"
+#include "frame/RecordTable.h"
 #include "tests/frame/WidgetSearch.h"
 #include "tests/shell/ShellTest.h"
 #include "widgets/WSettingsTab.h"
@@ -48,9 +49,14 @@ protected:
         return nullptr;
     }
 
+    /// What a list shows, sorted: the texts of a row's cells behind the hidden one, with "|" between them.
+    static std::vector<std::string> linesOf(const RecordTable& table);
+
     /// A value of the database; the index 0 is a singleton's.
     static std::string stored(const char* resource, unsigned index, const char* key);
     static void remove(const char* resource, unsigned index);
+    /// This Switch raises an alert.
+    static void raise(const std::string& message, const char* severity = "warning");
 
     /// The page of the main tabs, once it has been found; its details, once the page has told them.
     template <class View>

@@ -11,3 +11,9 @@ std::string eventDate(const ZeqRow& event) {
 std::string eventSeverity(const ZeqRow& event) {
     return Convert_alertSeverityDbStringToUiString(event.text("severity"));
 }
+
+const char* eventMark(const ZeqRow& event) {
+    const std::string severity = event.text("severity");
+    if (severity == "error") return "mirl-severity-error";
+    return severity == "warning" ? "mirl-severity-warning" : "mirl-severity-info";
+}

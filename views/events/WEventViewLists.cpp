@@ -4,23 +4,14 @@
 #include "platform/client/ZeqReq.h"
 #include "views/events/EventRecord.h"
 
-#include <string_view>
-
 namespace {
 
 using List = EventList;
 
-// By shape and colour, beside the word.
-const char* severityMark(const ZeqRow& event) {
-    const std::string severity = event.text("severity");
-    if (severity == "error") return "mirl-severity-error";
-    return severity == "warning" ? "mirl-severity-warning" : "mirl-severity-info";
-}
-
 constexpr RecordColumn<> kColumns[] = {
     {"Index", RecordIndex{"instanceId"}},
     {"[RSnnn]Date/Time", eventDate, 150},
-    {"[RSnnn]Type", eventSeverity, 110, severityMark},
+    {"[RSnnn]Type", eventSeverity, 110, eventMark},
     {"[RSnnn]Originator EID", "originatorEid", 130},
     {"[RSnnn]Message", "alertMsg"},
 };

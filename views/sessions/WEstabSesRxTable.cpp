@@ -3,8 +3,6 @@
 #include "db/Db.h"
 #include "db/DeviceState.h"
 #include "db/InfoTables.h"
-#include "db/ZeqExchange.h"
-#include "platform/client/ZeqReq.h"
 #include "views/sessions/AccessModes.h"
 
 namespace {
@@ -32,14 +30,16 @@ void WEstabSesRxTable::readFromDatabase(Info_AccessMode mode, unsigned int usrIn
     Db::db.getAllowedAccessModeFromUserIndex(usrIndex, userWord, errors);
     const auto userMode = accessModeNamed(userWord);
 
-    ZeqExchange exchange(ZeqReqUtil_newGetResource, "rx", __func__);
-    if (!exchange.ready()) return;
-    for (const char* key : {"index", "eid", "name", "modeAllowed"}) ZeqObj_setSelect(exchange.request(), key);
-    if (exchange.send(errors) != 0 || !rowOfValue(kAccessModeTable, mode) || !userMode) return;
+    if (!rowOfValue(kAccessModeTable, mode) || !userMode) return;
 
-    for (const ZeqRow rx : ZeqRows(exchange.response())) {
+    HeldRecords held;
+    const HeldRecords::Use use(held);
+    const json_t* receivers = holdDevices(held, "rx", "userSession", {"rxIndex", "userIndex"});
+    std::vector<ZeqRow> offered;
+    for (const ZeqRow rx : ZeqRows(receivers)) {
         const auto rxMode = accessModeNamed(rx.text("modeAllowed"));
         if (!rxMode || accessModesClash(mode, *rxMode) || accessModesClash(*userMode, *rxMode)) continue;
-        if (isFree(rx.number("index"))) addRecord(kColumns, rx);
+        if (isFree(rx.number("index"))) offered.push_back(rx);
     }
+    addRecords(kColumns, offered);
 }

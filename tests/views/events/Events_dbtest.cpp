@@ -32,14 +32,6 @@ protected:
         view->readFromDatabase(false);
     }
 
-    static void raise(const std::string& message, const char* severity = "warning") {
-        ZeqExchange exchange(ZeqReqUtil_newSetResource, "simControl", __func__);
-        ZeqReqUtil_setStringParam(exchange.request(), "action", "alert");
-        ZeqReqUtil_setStringParam(exchange.request(), "message", message.c_str());
-        ZeqReqUtil_setStringParam(exchange.request(), "severity", severity);
-        std::vector<std::string> errors;
-        EXPECT_EQ(exchange.send(errors), 0u);
-    }
     void acknowledgeAll() { clickAction(EventAction::AcknowledgeAll); }
 
     void select(EventList& list, const std::vector<std::string>& messages) {

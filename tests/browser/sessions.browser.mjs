@@ -1,0 +1,112 @@
+// KVM sessions: connected, shared, disconnected; the Dashboard follows.
+import assert from 'node:assert/strict';
+import { answer, sharedSystem } from './devices.mjs';
+import { test } from './harness.mjs';
+import { act, button, list, row, rows } from './lists.mjs';
+import { login, mainTab } from './pages.mjs';
+import { until } from './system.mjs';
+
+const shared = sharedSystem();
+export const done = shared.done;
+
+const sessions = 'Sessions';
+const dialog = (page) => page.getByRole('dialog').last();
+const picks = (page, list) => dialog(page).getByRole('grid', { name: `Select a ${list}.` });
+const pick = (page, list, name) => picks(page, list).locator('[role="row"]').filter({ hasText: name }).click();
+const connect = (page) => dialog(page).getByRole('button', { name: 'Connect', exact: true });
+
+/** @param {import('./harness.mjs').Context} t */
+async function sessionsPage(t, system) {
+  const page = await t.page();
+  await login(page, system);
+  await mainTab(page, 'Sessions').click();
+  await row(page, sessions, 'Video Wall 1').waitFor();
+  return page;
+}
+
+/** Fills in the Connect dialog as far as it goes. */
+async function ask(page, mode, user, receiver, transmitter) {
+  await act(page, 'Connect');
+  await dialog(page).getByRole('combobox').selectOption({ label: `${mode} session` });
+  await pick(page, 'user', user);
+  await pick(page, 'receiver', receiver);
+  if (transmitter) await pick(page, 'transmitter', transmitter);
+}
+
+async function connected(page, receiver, transmitter) {
+  await answer(page, 'Session has been successfully connected.', 'Close');
+  await row(page, sessions, receiver).filter({ hasText: transmitter }).waitFor();
+}
+
+test('a shared session, a second one on the same transmitter, and no private one', async (t) => {
+  const system = await shared.get();
+  const page = await sessionsPage(t, system);
+  await ask(page, 'Shared', 'supervisor', 'Desk 4', 'Historian');
+  await t.picture(page, 'sessions-connect');
+  await connect(page).click();
+  await connected(page, 'Desk 4', 'Historian');
+  await ask(page, 'Shared', 'supervisor', 'Desk 5', 'Historian');
+  await connect(page).click();
+  await connected(page, 'Desk 5', 'Historian');
+
+  await ask(page, 'Private', 'supervisor', 'Desk 10', null);
+  await pick(page, 'transmitter', 'Alarm Server Standby');
+  assert.equal(await picks(page, 'transmitter').locator('[role="row"]').filter({ hasText: 'Historian' }).count(), 0);
+  // Another mode takes the picks away and leaves the button: the refusal has words.
+  await dialog(page).getByRole('combobox').selectOption({ label: 'Shared session' });
+  await dialog(page).locator('[data-empty="Select a user."]').first().waitFor();
+  await connect(page).click();
+  await answer(page, 'Unable to create session. Select a user, a receiver and a transmitter.', 'Close');
+  await t.picture(page, 'sessions');
+  await mainTab(page, 'Dashboard').click();
+  await row(page, 'User Sessions', 'Desk 5').filter({ hasText: 'Historian' }).waitFor();
+  await t.picture(page, 'dashboard-sessions');
+});
+
+test('several sessions are disconnected, one of them too late; the warning can be switched off', async (t) => {
+  const system = await shared.get();
+  const page = await sessionsPage(t, system);
+  const before = await rows(page, sessions).count();
+  await row(page, sessions, 'Desk 1 Left').click();
+  await row(page, sessions, 'Desk 2 Left').click({ modifiers: ['Control'] });
+  await row(page, sessions, 'Video Wall 3').click({ modifiers: ['Control'] });
+  await act(page, 'Disconnect');
+  await dialog(page).getByText('3 sessions').waitFor();
+  await t.picture(page, 'sessions-disconnect');
+  system.ctl('delete', 'connection', '3'); // that of Desk 2 Left
+  await answer(page, 'disconnect the selected session(s)?', 'Disconnect');
+  await answer(page, 'Unable to disconnect session.', 'Close');
+  await until('the others are gone', async () => (await rows(page, sessions).count()) === before - 3);
+
+  await row(page, sessions, 'Video Wall 2').click();
+  await act(page, 'Disconnect');
+  await dialog(page).getByRole('checkbox').check();
+  await answer(page, 'disconnect the selected session(s)?', 'Cancel');
+  await button(page, 'Disconnect').dblclick(); // asks no more, and disconnects once
+  await row(page, sessions, 'Video Wall 2').waitFor({ state: 'detached' });
+  assert.equal(await rows(page, sessions).count(), before - 4);
+});
+
+test('the Dashboard is folded, dragged and filtered, and its durations go on', async (t) => {
+  const system = await shared.get();
+  const page = await t.page();
+  await login(page, system);
+  const logins = 'User Sessions';
+  await row(page, logins, 'Engineering').waitFor();
+  const duration = () => row(page, logins, 'Engineering').getByRole('gridcell').last().innerText();
+  const first = await duration();
+  await until('the duration goes on', async () => (await duration()) !== first);
+  await list(page, logins).getByRole('textbox').fill('wall');
+  await page.keyboard.press('Tab');
+  await row(page, logins, 'Engineering').waitFor({ state: 'detached' });
+  await list(page, logins).getByRole('textbox').fill('');
+  await page.keyboard.press('Tab');
+  await row(page, logins, 'Engineering').waitFor();
+
+  const title = (name) => list(page, name).getByRole('button', { name: new RegExp(name) }).first();
+  await title('Events').focus();
+  await page.keyboard.press('Enter');
+  await until('the events are folded', async () => ((await list(page, 'Events').boundingBox())?.height ?? 99) < 40);
+  await page.keyboard.press('Enter');
+  await until('they are back', async () => ((await list(page, 'Events').boundingBox())?.height ?? 0) > 90);
+});
