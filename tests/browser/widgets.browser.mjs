@@ -110,25 +110,18 @@ test('an icon is chosen by keyboard', async (t) => {
   await icon.focus();
   await page.keyboard.press('Space');
   const choice = page.getByRole('dialog').getByRole('button', { name: 'Icon 12', exact: true });
-  await choice.waitFor();
-  await until('all pictures are there', () =>
-    page
-      .getByRole('dialog')
-      .locator('img')
-      .evaluateAll(all => all.every(img => img.complete))
-  );
+  const pictures = page.getByRole('dialog').locator('img');
+  const opened = async () => {
+    await choice.waitFor();
+    await until('all pictures are there', () => pictures.evaluateAll(all => all.every(img => img.complete)));
+  };
+  await opened();
   await page.keyboard.press('Escape');
   await choice.waitFor({ state: 'hidden' });
   assert.equal(await shown(icon), 'Icon 7');
   await icon.focus();
   await page.keyboard.press('Enter');
-  await choice.waitFor();
-  await until('all pictures are there', () =>
-    page
-      .getByRole('dialog')
-      .locator('img')
-      .evaluateAll(all => all.every(img => img.complete))
-  );
+  await opened();
   await choice.focus();
   await page.keyboard.press('Enter');
   await until('the icon is another one', async () => (await shown(icon)) === 'Icon 12');

@@ -61,7 +61,11 @@ protected:
     /// The page of the main tabs, once it has been found; its details, once the page has told them.
     template <class View>
     View* mainTab() {
-        Wt::WTabWidget* tabs = session.probe().tabs();
+        return mainTabOf<View>(session);
+    }
+    template <class View>
+    static View* mainTabOf(AppSession& of) {
+        Wt::WTabWidget* tabs = of.probe().tabs();
         for (int i = 0; i < tabs->count(); ++i)
             if (auto* view = dynamic_cast<View*>(tabs->widget(i))) return view;
         throw std::runtime_error("no such main tab");

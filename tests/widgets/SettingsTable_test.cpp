@@ -40,6 +40,12 @@ protected:
 
 constexpr SettingsTableSpec kSpec{.resource = "r"};
 constexpr SettingsChoice kOn = {.key = "e", .is = "enabled"};
+constexpr SettingsRow kName = {.label = "[RSnnn]Name", .make = makeSettingsField<WLineEditZeq>, .key = "t"};
+constexpr SettingsRow kOfAll = {.label = "[RSnnn]Of all",
+                                .make = makeSettingsField<WLineEditZeq>,
+                                .key = "t",
+                                .resource = "g",
+                                .singleton = true};
 constexpr SettingsRow kFollowing[] = {
     {.label = "[RSnnn]Enabled", .make = makeSettingsField<WEnableDisable>, .key = "e"},
     {.label = "[RSnnn]Name",
@@ -190,13 +196,7 @@ TEST_F(SettingsTable, OneRefusalAmongSeveralResourcesIsAFailure) {
     for (const auto save :
          {SettingsTableSpec::Save::OneRequestPerRecord, SettingsTableSpec::Save::OneExchangePerField}) {
         const SettingsTableSpec spec{.resource = "r", .save = save};
-        static constexpr SettingsRow kRows[] = {
-            {.label = "[RSnnn]Name", .make = makeSettingsField<WLineEditZeq>, .key = "t"},
-            {.label = "[RSnnn]Of all",
-             .make = makeSettingsField<WLineEditZeq>,
-             .key = "t",
-             .resource = "g",
-             .singleton = true}};
+        static constexpr SettingsRow kRows[] = {kName, kOfAll};
         WSettingsTable table(spec, kRows, page());
         table.readFromDatabase({5}, false);
         type(*table.widgetAt<WLineEditZeq>(0), "X");
@@ -252,12 +252,8 @@ TEST_F(SettingsTable, ARowThatFollowsNoRowIsRefusedAtOnce) {
 
 TEST_F(SettingsTable, SeveralResourcesEachWithItsOwnRequest) {
     static constexpr SettingsRow kRows[] = {
-        {.label = "[RSnnn]Name", .make = makeSettingsField<WLineEditZeq>, .key = "t"},
-        {.label = "[RSnnn]Of all",
-         .make = makeSettingsField<WLineEditZeq>,
-         .key = "t",
-         .resource = "g",
-         .singleton = true},
+        kName,
+        kOfAll,
         {.label = "[RSnnn]Number", .make = makeSettingsField<WLineEditUInt32Zeq>, .key = "n"},
     };
     WSettingsTable table(kSpec, kRows, page());

@@ -6,11 +6,9 @@
 
 #include <boost/json/serialize.hpp>
 
-#include <chrono>
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
-#include <thread>
 
 namespace Wt::Impl {
 
@@ -67,8 +65,7 @@ private:
         if (!event.contains("k")) return false;
         const std::string kind(event.at("k").as_string());
         if (kind == "echo") mSink.send(json::serialize(json::array{json::array{"echo", event.at("x")}}));
-        if (kind == "sleep")
-            std::this_thread::sleep_for(std::chrono::milliseconds(event.at("ms").as_int64()));
+        if (kind == "wait") fakeHostGate().acquire();
         if (kind == "flood")
             mSink.send("[[\"flood\",\"" +
                        std::string(static_cast<std::size_t>(event.at("bytes").as_int64()), 'x') + "\"]]");
@@ -142,6 +139,11 @@ private:
 std::unique_ptr<SessionHost> makeFakeHost(const StartRequest& start, Mailbox& mailbox, PageSink& sink,
                                           const std::string&) {
     return std::make_unique<FakeHost>(start, mailbox, sink);
+}
+
+std::counting_semaphore<>& fakeHostGate() {
+    static std::counting_semaphore<> gate(0);
+    return gate;
 }
 
 FakeHostCounts& fakeHostCounts() {

@@ -3,11 +3,12 @@
 #include "session/SessionHost.h"
 
 #include <atomic>
+#include <semaphore>
 
 namespace Wt::Impl {
 
 /// A session without widgets, told what to do by its events: {"k":"echo","x":…} answers [["echo",…]]; "nest"
-/// and "unnest" enter and leave a nested loop; "sleep" with "ms"; "flood" with "bytes" sends that much;
+/// and "unnest" enter and leave a nested loop; "wait" until fakeHostGate() lets it go; "flood" with "bytes" sends that much;
 /// "login" recognises the user; "throw"; "quit" finishes with [["bye"]]. Resources: "KEY" of the address decides, see FakeHost.cpp.
 std::unique_ptr<SessionHost> makeFakeHost(const StartRequest& start, Mailbox& mailbox, PageSink& sink,
                                           const std::string& resourceBase);
@@ -18,5 +19,8 @@ struct FakeHostCounts {
     std::atomic<int> unwound{0}; ///< nested loops that a session's end left
 };
 FakeHostCounts& fakeHostCounts();
+
+/// Lets sessions go that wait: a release each.
+std::counting_semaphore<>& fakeHostGate();
 
 } // namespace Wt::Impl

@@ -73,6 +73,17 @@ protected:
         return std::string(tab().saveButton()->isDisabled() ? "." : "S") +
                (tab().cancelButton()->isDisabled() ? "." : "C");
     }
+    /// Presses New on the page of a session of its own, looks, and ends that session.
+    static void newUserInAnotherSession(const std::function<void(WUsrView&)>& look) {
+        std::thread([&] {
+            AppSession other;
+            other.logIn("admin", ZeqdProcess::kAdminPassword);
+            WUsrView& page = *mainTabOf<WUsrView>(other);
+            page.readFromDatabase(true, true);
+            page.newUsrActionButtonClicked();
+            look(page);
+        }).join();
+    }
     void tick() { view->refreshTimerTimeout(); }
     void typeInto(WLineEditZeq* field, const std::string& text) {
         field->Wt::WLineEdit::setText(text);

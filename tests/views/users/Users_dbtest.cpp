@@ -112,18 +112,10 @@ TEST_F(UsersPage, AProvisionalAccountGoesWithItsAdministrator) {
     EXPECT_FALSE(table().isDisabled());
 
     // A session that is over, however it ended.
-    std::thread([&] {
-        AppSession other;
-        other.logIn("admin", ZeqdProcess::kAdminPassword);
-        Wt::WTabWidget* tabs = other.probe().tabs();
-        for (int i = 0; i < tabs->count(); ++i)
-            if (auto* page = dynamic_cast<WUsrView*>(tabs->widget(i))) {
-                page->readFromDatabase(true, true);
-                page->newUsrActionButtonClicked();
-                EXPECT_TRUE(page->newUserPending());
-                EXPECT_EQ(page->list()->rowCount(), static_cast<int>(before.size()) + 1);
-            }
-    }).join();
+    newUserInAnotherSession([&](WUsrView& page) {
+        EXPECT_TRUE(page.newUserPending());
+        EXPECT_EQ(page.list()->rowCount(), static_cast<int>(before.size()) + 1);
+    });
     view->readFromDatabase(true, true);
     EXPECT_EQ(names(), before);
 }
@@ -259,21 +251,13 @@ TEST_F(UsersPage, TwoAdministratorsPressNewInOneSecond) {
     clickAction(UserAction::New);
     ASSERT_TRUE(view->newUserPending());
     const std::string first = stored("user", table().selectedZeqIndex(), "name");
-    std::thread([&] {
-        AppSession other;
-        other.logIn("admin", ZeqdProcess::kAdminPassword);
-        Wt::WTabWidget* tabs = other.probe().tabs();
-        for (int i = 0; i < tabs->count(); ++i)
-            if (auto* page = dynamic_cast<WUsrView*>(tabs->widget(i))) {
-                page->readFromDatabase(true, true);
-                page->newUsrActionButtonClicked();
-                ASSERT_TRUE(page->newUserPending());
-                const unsigned own = page->list()->table()->selectedZeqIndex();
-                EXPECT_NE(stored("user", own, "name"), first);
-                EXPECT_EQ(stored("user", own, "provisional"), "enabled");
-                EXPECT_EQ(page->list()->rowCount(), static_cast<int>(before) + 2);
-            }
-    }).join();
+    newUserInAnotherSession([&](WUsrView& page) {
+        ASSERT_TRUE(page.newUserPending());
+        const unsigned own = page.list()->table()->selectedZeqIndex();
+        EXPECT_NE(stored("user", own, "name"), first);
+        EXPECT_EQ(stored("user", own, "provisional"), "enabled");
+        EXPECT_EQ(page.list()->rowCount(), static_cast<int>(before) + 2);
+    });
     WallClock_setSource(nullptr);
     cancel();
     EXPECT_EQ(names().size(), before);
