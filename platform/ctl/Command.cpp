@@ -80,6 +80,13 @@ constexpr CommandRow kCommands[] = {
      "  zeqctl manager enrol 10.20.1.90\n"
      "  zeqctl manager leave\n",
      "enrol leave down up", runManager},
+    {"alert", "alert KIND [TEXT]", "raise an event of a kind",
+     "KIND is a switch of alertLogControl; while it is off nothing happens. Without a text the event says what\n"
+     "its kind is.\n"
+     "\n"
+     "  zeqctl alert enableAlertFanFault\n"
+     "  zeqctl alert enableAlertUserLogin 'ops logged in at Desk 4'\n",
+     "", runAlert},
     {"time", "time faster N", "let simulated time run N times as fast",
      "Reboots, firmware updates and the like then take that much less time. 1 is real time.\n"
      "\n"

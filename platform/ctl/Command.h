@@ -47,6 +47,7 @@ void runDescribe(Context& context);
 void runDevice(Context& context);
 void runCascade(Context& context);
 void runManager(Context& context);
+void runAlert(Context& context);
 void runTime(Context& context);
 void runHelp(Context& context);
 void runCompletion(Context& context);

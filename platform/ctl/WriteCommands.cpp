@@ -128,6 +128,16 @@ void runManager(Context& context) {
     throw Failure(Exit::Usage, "use manager enrol ADDRESS, manager leave, manager down or manager up");
 }
 
+void runAlert(Context& context) {
+    const std::size_t count = context.words.size();
+    if (count != 1 && count != 2)
+        throw Failure(Exit::Usage, "use alert KIND, with a text in quotes or without");
+    const JsonPtr params(json_pack("{s:s}", "action", "alert"));
+    ZeqObj_setString(params.get(), "key", context.words[0].c_str());
+    if (count == 2) ZeqObj_setString(params.get(), "message", context.words[1].c_str());
+    context.service.write("set", "simControl", params.get());
+}
+
 void runTime(Context& context) {
     const JsonPtr factor =
         context.words.size() == 2 && context.words[0] == "faster" ? parseIndexes(context.words[1]) : nullptr;

@@ -12,6 +12,7 @@
 #include "platform/service/sim/Life.h"
 #include "platform/service/sim/SwitchLife.h"
 
+#include <cctype>
 #include <charconv>
 
 namespace zeqd {
@@ -155,11 +156,24 @@ std::string lineOf(std::string message) {
     return message;
 }
 
+/// An event in words, or one of a kind ("key", of "alertLogControl"), which comes only while its switch is on.
 void alert(Context& context) {
-    if (!context.given("message")) return context.fail(Errno::MissingParameters, "message");
+    std::string message = context.after->text("message");
+    if (context.given("key")) {
+        const auto& kinds = resource(Res::AlertLogControl).keys;
+        const int at = findKey(kinds, context.after->text("key"));
+        if (at < 0) return context.fail(Errno::InvalidParameter, "key");
+        const KeyRow& kind = kinds[static_cast<std::size_t>(at)];
+        if (!context.tx.singleton(Res::AlertLogControl).enabled(kind.key)) return;
+        if (message.empty()) {
+            message = kind.help;
+            message[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(message[0])));
+        }
+    } else if (message.empty()) {
+        return context.fail(Errno::MissingParameters, "message");
+    }
     addAlert(context.tx, context.now, context.given("severity") ? context.after->choice("severity") : "info",
-             context.given("eid") ? context.after->text("eid") : thisSwitchEid(context.tx),
-             lineOf(context.after->text("message")));
+             context.given("eid") ? context.after->text("eid") : thisSwitchEid(context.tx), lineOf(message));
 }
 
 /// The Switch that "look", "link_down" and "link_up" are about: the named one, else the other of the cascade, else the first
