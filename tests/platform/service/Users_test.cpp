@@ -1,4 +1,5 @@
 // Accounts, logins of administrators and the events that tell of them.
+#include "platform/service/catalogue/Catalogue.h"
 #include "tests/platform/service/support/Harness.h"
 
 #include <gtest/gtest.h>
@@ -433,6 +434,25 @@ TEST(Events, AreAcknowledgedAndBecomeABoundedHistory) {
     EXPECT_EQ(service.set("alertsControl", one).error(), 0);
     EXPECT_EQ(service.set("alertsControl", one).error(), 7);
     EXPECT_EQ(service.set("alertsControl", R"({"alertsAction":"ack_specific"})").error(), 1007);
+}
+
+TEST(Events, OfEveryKindAreRaisedByTheirSwitchAndNotWhileItIsOff) {
+    Harness service;
+    int raised = service.get("unacknowledgedAlerts").rowCount();
+    const auto& kinds = zeqd::resource(Res::AlertLogControl).keys;
+    EXPECT_EQ(kinds.size(), 42U);
+    for (const KeyRow& kind : kinds) {
+        const std::string key(kind.key);
+        const std::string raise = R"({"action":"alert","key":")" + key + "\"}";
+        EXPECT_EQ(service.set("simControl", raise).error(), 0) << key;
+        EXPECT_EQ(static_cast<int>(service.get("unacknowledgedAlerts").rowCount()), ++raised) << key;
+        EXPECT_EQ(lastEvent(service).substr(1), std::string(kind.help.substr(1)));
+        service.set("alertLogControl", "{\"" + key + R"(":"disabled"})");
+        EXPECT_EQ(service.set("simControl", raise).error(), 0);
+        EXPECT_EQ(static_cast<int>(service.get("unacknowledgedAlerts").rowCount()), raised) << key;
+    }
+    EXPECT_NE(service.set("simControl", R"({"action":"alert","key":"enableAlertNothing"})").error(), 0);
+    EXPECT_NE(service.set("simControl", R"({"action":"alert"})").error(), 0);
 }
 
 TEST(Events, FollowTheirSwitches) {
