@@ -124,13 +124,15 @@ void WSesView::discSesActionButtonClicked() {
     if (chosenRecords().empty() || !confirm(kConfirmDisconnect, selection().count(), hit())) return;
     const std::vector<unsigned> sessions = chosenRecords(); // those that still run
     ActionResults results;
+    std::vector<unsigned> ending;
     for (const unsigned session : sessions) {
         const std::string name =
             mList->table()->textAt(mList->table()->rowOf(session), WSesViewList::Receiver);
-        results.run(name, [&](auto& errors) { return Db::db.destroyKvmSession(session, errors); });
+        if (results.run(name, [&](auto& errors) { return Db::db.destroyKvmSession(session, errors); }))
+            ending.push_back(session);
     }
     selection().clear();
-    if (results.done() > 0) mList->showEnding(sessions);
+    mList->showEnding(ending);
     mEndTimer->start();
     showSelection(false);
     if (results.failed() > 0) showFailed("[RSnnn]Unable to disconnect session.", results);

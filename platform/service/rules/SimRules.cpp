@@ -158,7 +158,7 @@ std::string lineOf(std::string message) {
 
 /// An event in words, or one of a kind ("key", of "alertLogControl"), which comes only while its switch is on.
 void alert(Context& context) {
-    std::string message = context.after->text("message");
+    std::string message = context.given("message") ? context.after->text("message") : "";
     if (context.given("key")) {
         const auto& kinds = resource(Res::AlertLogControl).keys;
         const int at = findKey(kinds, context.after->text("key"));

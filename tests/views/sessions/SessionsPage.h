@@ -26,6 +26,7 @@ protected:
     SessionsPage() : view(mainTab<WSesView>()) {
         setDetails(view->details());
         view->readFromDatabase(true);
+        tick(); // from here the page knows the counters of changes
     }
 
     RecordTable& table() const { return *view->list()->table(); }
@@ -76,8 +77,10 @@ protected:
     std::vector<std::string> details() const {
         std::vector<std::string> texts;
         Wt::WTable* shownTable = widgetsIn<Wt::WTable>(view->details()).back();
-        for (int row = 1; row < shownTable->rowCount(); ++row)
+        for (int row = 1; row < shownTable->rowCount(); ++row) {
             texts.push_back(textIn(shownTable->elementAt(row, 1)));
+            if (texts.back().ends_with('\n')) texts.back().pop_back(); // behind each widget
+        }
         return texts;
     }
 
