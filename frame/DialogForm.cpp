@@ -66,6 +66,10 @@ Wt::WPushButton* DialogForm::newButton(const Wt::WString& text) {
     return newMsgBoxButton(text, mButtons);
 }
 
+void DialogForm::markMain(Wt::WPushButton* button) {
+    button->addStyleClass("mirl-main-answer");
+}
+
 Wt::WPushButton* DialogForm::addButton(const char* textKey, int number, DialogCode result) {
     Wt::WPushButton* button = newButton(tr(textKey));
     button->clicked().connect(boost::bind(&DialogForm::finish, this, number, result));

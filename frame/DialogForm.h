@@ -82,6 +82,8 @@ protected:
         return button;
     }
     Wt::WPushButton* newButton(const Wt::WString& text);
+    /// Shows it as what the dialog is for; without, that is the first button.
+    static void markMain(Wt::WPushButton* button);
 
     /// Enter in the field presses the button if it is enabled.
     void enterPresses(Wt::WLineEdit* field, Wt::WPushButton* button);

@@ -15,12 +15,6 @@ namespace {
 
 constexpr int kRefreshInterval = 5000; // milliseconds
 
-/// Pixels; 0 when the window's height is not known. As the window was when the page was loaded.
-int shareOfWindow(int percent) {
-    const auto* application = Wt::WApplication::instance();
-    return application ? application->environment().screenHeight() * percent / 100 : 0;
-}
-
 } // namespace
 
 PageFrame::PageFrame(Wt::WContainerWidget* parent)
@@ -29,11 +23,16 @@ PageFrame::PageFrame(Wt::WContainerWidget* parent)
     mRefreshTimer->timeout().connect(this, &PageFrame::refreshTimerTimeout);
 }
 
+int PageFrame::heightOf(int leastPx, int share) {
+    const auto* application = Wt::WApplication::instance();
+    return application ? std::max(leastPx, application->environment().screenHeight() * share / 100) : leastPx;
+}
+
 void PageFrame::place(ActionColumn* actions, std::initializer_list<Pane> panes) {
     mActions = actions;
     mVBox = new Wt::WVBoxLayout;
     for (const Pane& pane : panes) {
-        if (pane.height) pane.widget->setHeight(std::max(pane.height, shareOfWindow(pane.share)));
+        if (pane.height) pane.widget->setHeight(heightOf(pane.height, pane.share));
         if (pane.minHeight) pane.widget->setMinimumSize(Wt::WLength::Auto, pane.minHeight);
         mVBox->addWidget(pane.widget, pane.stretch);
     }

@@ -44,6 +44,9 @@ protected:
 
     explicit PageFrame(Wt::WContainerWidget* parent);
 
+    /// Pixels of a list that takes `share` percent of the browser window's height, but not less than `leastPx`. The
+    /// window is as it was when the page was loaded.
+    static int heightOf(int leastPx, int share);
     /// Lays the page out, once; takes ownership of all. A divider can be dragged between the actions and the panes
     /// and between any two panes.
     void place(ActionColumn* actions, std::initializer_list<Pane> panes);

@@ -85,6 +85,7 @@ void WCollapsingContextPanel::showContent() {
 }
 
 void WCollapsingContextPanel::titleButtonClicked() {
+    mToggled = true;
     if (mCollapsed)
         unfold(mHeightType == ResizableHeight ? mCurrentHeight : mInitialHeight);
     else
@@ -109,6 +110,9 @@ void WCollapsingContextPanel::unfold(int height) {
 
 void WCollapsingContextPanel::layoutSizeChanged(int /*width*/, int height) {
     if (mHeightType != ResizableHeight) return;
+    const bool before = mToggled && mCollapsed != (height < kFoldHeight);
+    mToggled = false;
+    if (before) return; // measured before the title was clicked
     if (mCollapsed) {
         if (height < kFoldHeight) return;
         unfold(height);

@@ -3,9 +3,11 @@ import { until } from './system.mjs';
 
 /** @typedef {import('playwright-core').Page} Page */
 
-/** The panel under a heading. @param {Page} page @param {string} name */
+/** The panel under a heading, or a title that folds it. @param {Page} page @param {string} name */
 export const list = (page, name) =>
-  page.locator('.mirl-context-panel').filter({ has: page.getByRole('heading', { name }) });
+  page
+    .locator('.mirl-context-panel')
+    .filter({ has: page.getByRole('heading', { name }).or(page.getByRole('button', { name, expanded: true })) });
 
 /** @param {Page} page @param {string} name of the list */
 export const rows = (page, name) =>

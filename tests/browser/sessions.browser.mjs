@@ -50,7 +50,7 @@ test('a shared session, a second one on the same transmitter, and no private one
   await connected(page, 'Desk 5', 'Historian');
 
   await ask(page, 'Private', 'supervisor', 'Desk 10', null);
-  await pick(page, 'transmitter', 'Alarm Server Standby');
+  await pick(page, 'transmitter', 'Weather');
   assert.equal(await picks(page, 'transmitter').locator('[role="row"]').filter({ hasText: 'Historian' }).count(), 0);
   // Another mode takes the picks away and leaves the button: the refusal has words.
   await dialog(page).getByRole('combobox').selectOption({ label: 'Shared session' });
@@ -103,10 +103,18 @@ test('the Dashboard is folded, dragged and filtered, and its durations go on', a
   await page.keyboard.press('Tab');
   await row(page, logins, 'Engineering').waitFor();
 
-  const title = (name) => list(page, name).getByRole('button', { name: new RegExp(name) }).first();
-  await title('Events').focus();
+  const panel = (text) => page.locator('.mirl-context-panel').filter({ hasText: text });
+  const height = async (text) => (await panel(text).boundingBox())?.height ?? 0;
+  const [above, below] = ['Duration', 'Message'];
+  const open = await height(below);
+  await panel(below).getByRole('button', { name: 'Events' }).focus();
   await page.keyboard.press('Enter');
-  await until('the events are folded', async () => ((await list(page, 'Events').boundingBox())?.height ?? 99) < 40);
+  await until('the events are folded', async () => (await height(below)) < 40);
   await page.keyboard.press('Enter');
-  await until('they are back', async () => ((await list(page, 'Events').boundingBox())?.height ?? 0) > 90);
+  await until('they are back', async () => (await height(below)) === open);
+  const before = await height(above);
+  await page.getByRole('separator').filter({ visible: true }).first().focus();
+  await page.keyboard.press('ArrowDown');
+  await until('the divider has moved', async () => (await height(above)) > before);
+  await t.picture(page, 'dashboard-moved');
 });

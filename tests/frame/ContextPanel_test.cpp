@@ -62,6 +62,24 @@ TEST(CollapsingContextPanel, UnfoldsToTheLastGoodHeightOrToTheFixedOne) {
     EXPECT_EQ(fixed.pixels(), 260);
 }
 
+TEST(CollapsingContextPanel, ASizeFromBeforeAClickDoesNotUndoIt) {
+    PlainApp app;
+    Panel panel(WCollapsingContextPanel::ResizableHeight, 260, app.application.root());
+    panel.titleButtonClicked();
+    panel.titleButtonClicked();
+    panel.layoutSizeChanged(100, 24); // of the first click
+    EXPECT_FALSE(panel.isCollapsed());
+    panel.layoutSizeChanged(100, 260);
+    panel.titleButtonClicked();
+    panel.layoutSizeChanged(100, 259);
+    EXPECT_TRUE(panel.isCollapsed());
+    panel.layoutSizeChanged(100, 24);
+    panel.layoutSizeChanged(100, 200); // dragged open
+    EXPECT_FALSE(panel.isCollapsed());
+    panel.layoutSizeChanged(100, 30);
+    EXPECT_TRUE(panel.isCollapsed());
+}
+
 TEST(CollapsingContextPanel, ContentHiddenByTheViewStaysHiddenThroughAFold) {
     PlainApp app;
     Panel panel(WCollapsingContextPanel::ResizableHeight, 260, app.application.root());

@@ -14,6 +14,7 @@ WLinkPeerDialog::WLinkPeerDialog() : DialogForm(kHead), mList(new WLinkPeerDialo
     nameByText(*mList);
     addButton("[RSnnn]Cancel", Cancel, Rejected);
     mSelect = addButton("cascade.linkPeerDialog.select", this, &WLinkPeerDialog::selectButtonClickedHandler);
+    markMain(mSelect);
     mSelect->disable();
     mList->selectionChanged().connect(this, &WLinkPeerDialog::selectionChangedHandler);
     mList->readFromDatabase();

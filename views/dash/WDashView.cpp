@@ -8,7 +8,8 @@
 namespace {
 
 // Pixels.
-constexpr int kListHeight = 260;
+constexpr int kListHeight = 260; // at least
+constexpr int kListShare = 36;   // percent of the window, for each of the two
 constexpr int kTitleBar = 24;
 constexpr int kSpacer = 200;
 constexpr int kSpacerMin = 400;
@@ -18,15 +19,16 @@ constexpr int kSpacerMin = 400;
 WDashView::WDashView(Wt::WContainerWidget* parent)
     : PageFrame(parent),
       mSessions(new WDashViewSesList(tr("[RSnnn]User Sessions"), WCollapsingContextPanel::ResizableHeight,
-                                     kListHeight)),
-      mEvents(
-          new WDashViewEventList(tr("[RSnnn]Events"), WCollapsingContextPanel::ResizableHeight, kListHeight)),
+                                     heightOf(kListHeight, kListShare))),
+      mEvents(new WDashViewEventList(tr("[RSnnn]Events"), WCollapsingContextPanel::ResizableHeight,
+                                     heightOf(kListHeight, kListShare))),
       mSesSelection(
           *mSessions, [this] { mSessions->readFromDatabase(); }, [] {}),
       mEventSelection(
           *mEvents, [this] { mEvents->readFromDatabase(); }, [] {}),
       mWatched({InfoMgr_InfoID::Connections, InfoMgr_InfoID::UserSessions, InfoMgr_InfoID::Users,
                 InfoMgr_InfoID::Receivers, InfoMgr_InfoID::Transmitters, InfoMgr_InfoID::Alerts}) {
+    addStyleClass("mirl-dashboard");
     auto* grid = new Wt::WGridLayout;
     grid->setContentsMargins(0, 0, 0, 0);
     int row = 0;

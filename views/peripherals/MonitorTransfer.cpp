@@ -26,6 +26,7 @@ MonitorTransfer::MonitorTransfer(const DialogFormHead& head, RecordTable* list, 
     mList->resize(width, height);
     nameByText(*mList);
     mList->selectionChanged().connect(this, &MonitorTransfer::selectionChangedHandler);
+    markMain(mGo);
     mGo->disable();
     finished().connect([this] { mLeft = true; });
 }

@@ -42,6 +42,7 @@ WEstabSesDialog::WEstabSesDialog() : DialogForm(kHead), mMode(new WSesMode) {
     mTransmitters->setAttributeValue("aria-label", tr("sessions.pick.transmitter"));
     addButton("[RSnnn]Cancel", Cancel);
     mConnect = addButton("[RSnnn]Connect", Connect);
+    markMain(mConnect);
     mConnect->disable();
     mUsers->readFromDatabase(wanted());
     sayWhyEmpty();
