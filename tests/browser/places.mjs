@@ -36,6 +36,13 @@ const paneOf = (page, { type, tabs: names }) => until(`the details pane of a ${t
 export const detailsTab = (page, name) =>
   page.locator('.mirl-details-tab:visible').getByRole('tab', { name: new RegExp(`^${name}\\*?$`) });
 
+/** The tab of that name has come to the front. @param {Page} page @param {string} tab */
+async function showTab(page, tab) {
+  await detailsTab(page, tab).click();
+  const shown = async () => (await detailsTab(page, tab).getAttribute('aria-selected')) === 'true';
+  await until(`${tab} is on show`, shown);
+}
+
 /** Types of devices as the list shows them, with the tabs of their details pane. */
 export const kinds = [
   { type: 'Receiver (G1)', short: 'rx', device: 'Desk 4', tabs: ['Attributes', 'Settings', 'Status', 'Video', 'USB'] },
@@ -155,8 +162,7 @@ const detailsOf = (short, device, tab, then) => async (page) => {
   await openDevices(page);
   await (await showRow(page, device)).click();
   await paneOf(page, kinds.find((kind) => kind.short === short));
-  await detailsTab(page, tab).click();
-  await until(`${tab} is on show`, async () => (await detailsTab(page, tab).getAttribute('aria-selected')) === 'true');
+  await showTab(page, tab);
   await then(page);
 };
 
@@ -173,9 +179,7 @@ async function cancelEdits(page) {
 /** The settings of the system, on a tab. @param {Page} page @param {string} tab */
 export async function openSettings(page, tab) {
   await mainTab(page, 'System Settings').click();
-  await detailsTab(page, tab).click();
-  const shown = async () => (await detailsTab(page, tab).getAttribute('aria-selected')) === 'true';
-  await until(`${tab} is on show`, shown);
+  await showTab(page, tab);
 }
 
 /** Tabs of the system's settings. */
@@ -204,25 +208,33 @@ export const details = kinds.flatMap((kind) => kind.tabs.map((tab) => ({
     await openDevices(page);
     await (await showRow(page, kind.device)).click();
     await paneOf(page, kind);
-    await detailsTab(page, tab).click();
-    await until(
-      `${tab} is on show`,
-      async () => (await detailsTab(page, tab).getAttribute('aria-selected')) === 'true'
-    );
-  },
-}))).concat(['Attributes', 'Decoded EDID'].map((tab) => ({
-  name: `monitor-${tab.toLowerCase().replace(' ', '-')}`,
-  part: detailsPart,
-  go: async (page) => {
-    await openMonitors(page);
-    await (await showRow(page, 'Ives I12 panel')).click();
-    await detailsTab(page, tab).click();
-    await until(
-      `${tab} is on show`,
-      async () => (await detailsTab(page, tab).getAttribute('aria-selected')) === 'true'
-    );
+    await showTab(page, tab);
   },
 })));
+
+/** A page of the main tabs. @param {string} name */
+const openPage = (name) => (/** @type {Page} */ page) => mainTab(page, name).click();
+
+/** Details of one record of the other pages. */
+const records = [
+  { short: 'monitor', open: openMonitors, record: 'Ives I12 panel', tabs: ['Attributes', 'Decoded EDID'] },
+  { short: 'session', open: openPage('Sessions'), record: 'Video Wall 1', tabs: ['Attributes'] },
+  {
+    short: 'user',
+    open: openPage('Users'),
+    record: 'mhansen',
+    tabs: ['Attributes', 'Permissions', 'Targets', 'Favorites', 'OSD', 'OSD F1-F12', 'Status'],
+  },
+];
+details.push(...records.flatMap(({ short, open, record, tabs: names }) => names.map((tab) => ({
+  name: `${short}-${tab.toLowerCase().replace(' ', '-')}`,
+  part: detailsPart,
+  go: async (/** @type {Page} */ page) => {
+    await open(page);
+    await (await showRow(page, record)).click();
+    await showTab(page, tab);
+  },
+}))));
 
 details.push(...settingsTabs.map((tab) => ({
   name: `settings-${tab.toLowerCase().replace(' ', '-')}`,
@@ -300,6 +312,18 @@ export const boxes = [
     },
     leave: ['Cancel', 'Close'],
   }),
+  boxBehind('box-link-peer', openPage('Cascade'), 'Link', { says: 'to stand by as backup' }),
+  boxBehind('box-connect', openPage('Sessions'), 'Connect', {
+    says: 'Select the session mode',
+    then: chooseInList('mhansen'),
+  }),
+  box('box-disconnect', 'Video Wall 1', 'Disconnect', {
+    says: 'want to disconnect the selected session',
+    open: openPage('Sessions'),
+  }),
+  box('box-login-user', 'trainee', 'Login', { says: 'Receiver', open: openPage('Users') }),
+  box('box-logout-user', 'mhansen', 'Logout', { says: 'log', open: openPage('Users') }),
+  box('box-delete-user', 'trainee', 'Delete', { says: 'Are you sure', open: openPage('Users') }),
   box('box-delete-monitor', 'Ives I12 panel', 'Delete', {
     says: 'want to delete the selected item?',
     open: openMonitors,

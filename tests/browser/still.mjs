@@ -55,7 +55,7 @@ export async function takePicture(page, part) {
   await page.mouse.move(0, 0);
   await page.evaluate(() => document.fonts.ready);
   await stopClocks(page);
-  const what = part ? page.locator(part).last() : page;
+  const what = part ? page.locator(part).locator('visible=true').last() : page;
   return what.screenshot({ animations: 'disabled', caret: 'hide' });
 }
 
