@@ -70,7 +70,7 @@ private:
     std::int32_t mInitialHeight; // pixels, as are the others
     std::int32_t mCurrentHeight; // the last one of at least 90
     bool mCollapsed = false;
-    bool mToggled = false; // by its title, and no size has come since
+    bool mToggled = false;       // by its title, and no size has come since
     bool mContentHidden = false; // by hideContent
     Wt::Signal<bool> mFoldedSignal;
 };

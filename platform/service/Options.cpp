@@ -35,6 +35,8 @@ const OptionRow kOptions[] = {
     {"--empty", "", &Options::empty,
      "a new database begins factory new: one administrator without a password"},
     {"--demo-dir", "DIR", &Options::demoDir, "folder of the demo's data files; else ZEQD_DEMO_DIR"},
+    {"--living", "", &Options::living,
+     "simulated operators log in at Receivers, connect and leave by themselves"},
     {"--devices", "N", &Options::devices, "a new demo is grown to N Receivers and Transmitters"},
     {"--admin-password", "TEXT", &Options::adminPassword,
      "of the demo's administrator; else ZEQD_ADMIN_PASSWORD, which other users cannot see; "

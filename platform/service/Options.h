@@ -15,6 +15,7 @@ struct Options {
     std::string adminPassword;
     std::string uploadDir = "/tmp";
     bool demo = false;
+    bool living = false;
     bool empty = false;
     bool simControl = false;
     bool localServers = false;

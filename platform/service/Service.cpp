@@ -97,17 +97,17 @@ int serve(const Options& options) {
                                     const std::string& eid) {
         syslog.send(server, syslogMessage(event, eid));
     };
-    Engine engine(
-        {clock,
-         *disk,
-         executor,
-         log,
-         options.settingsDir,
-         database,
-         toSyslog,
-         hashPassword,
-         {options.uploadDir, options.localServers || options.demo, options.simControl || options.demo}},
-        std::move(store));
+    Engine engine({clock,
+                   *disk,
+                   executor,
+                   log,
+                   options.settingsDir,
+                   database,
+                   toSyslog,
+                   hashPassword,
+                   {options.uploadDir, options.localServers || options.demo,
+                    options.simControl || options.demo, options.living}},
+                  std::move(store));
     const std::filesystem::path folder = std::filesystem::path(options.socket).parent_path();
     if (!folder.empty()) std::filesystem::create_directories(folder);
     const int listening = listenOn(options.socket);

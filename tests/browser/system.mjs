@@ -35,7 +35,7 @@ export class System {
   /** Resolves when a browser can log in; rejects with what was printed when it ends before. */
   async start() {
     if (!this.port) this.port = await freePort();
-    this.process = spawn(join(top, 'run'), ['--port', String(this.port), '--data', this.data, ...this.args],
+    this.process = spawn(join(top, 'run'), ['--port', String(this.port), '--data', this.data, '--still', ...this.args],
       { stdio: ['ignore', 'pipe', 'pipe'], detached: true });
     endsWithUs(this.process, true);
     this.ended = new Promise((resolve) => this.process.once('exit', (code, signal) => resolve(code ?? signal)));

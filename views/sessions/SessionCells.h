@@ -10,7 +10,6 @@ struct json_t;
 /// be null: at most four requests, whatever their number. The held records in use on this thread take it.
 void holdSessionNames(const json_t* logins, const json_t* connections);
 
-// Cells of lists of sessions, by the record's "rxIndex"; empty when the user has logged out meanwhile, or the device is
-// gone.
+// Cells of lists of sessions, by the record's "rxIndex"; empty when the user has logged out, or the device is gone.
 std::string sessionUsername(const ZeqRow& record);
 std::string sessionReceiver(const ZeqRow& record);

@@ -44,7 +44,9 @@ inline constexpr KeyRow kSimControl[] = {
     number("mode", 0, 64, "video: number of the video mode that the computer sends, 0 = none").act(),
     text("resource", 32, Form::AlphaNumeric, "poke: the resource").act(),
     number("record", 0, kAnyNumber, "poke: the record").act(),
-    text("key", 64, Form::Printable, "poke: the key, also one that only the service writes; alert: a kind of alertLogControl").act(),
+    text("key", 64, Form::Printable,
+         "poke: the key, also one that only the service writes; alert: a kind of alertLogControl")
+        .act(),
     text("value", 1024, Form::Any, "poke: the value, as text").act(),
     choice("severity", values::severity, "alert: severity").act(),
     text("message", 1000, Form::Any, "alert: text").act(),

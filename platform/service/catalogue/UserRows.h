@@ -78,6 +78,10 @@ inline constexpr KeyRow kUserSession[] = {
     number("userIndex", 1, kAnyNumber, "the user").ref("user").need().create(),
     number("rxIndex", 1, kAnyNumber, "the Receiver").ref("rx").need().create(),
     number("sessionStartTime", 0, kAnyNumber, "seconds since 1970 UTC").read(),
+    choice("simOperator", values::enabled, "a simulated operator, who also leaves by himself")
+        .def("disabled")
+        .internal()
+        .silent(),
 };
 
 inline constexpr KeyRow kAdminSession[] = {
@@ -101,6 +105,9 @@ inline constexpr KeyRow kConnection[] = {
     text("rxEid", 13, Form::Eid, "EID of the Receiver").read(),
     text("txEid", 13, Form::Eid, "EID of the Transmitter").read(),
     number("sessionStartTime", 0, kAnyNumber, "seconds since 1970 UTC").read(),
+    number("simEndsAt", 0, kAnyNumber, "seconds since 1970 UTC: it ends then without a key; 0 = never")
+        .internal()
+        .silent(),
 };
 
 } // namespace zeqd::rows

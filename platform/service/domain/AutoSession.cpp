@@ -15,24 +15,33 @@ void autoConnect(Transaction& tx, std::int64_t now, const RecordPtr& rx, const R
     if (judgeConnection(tx, rx, target, rx->choice("autoConnectMode")) != Errno{})
         return raiseAlert(tx, now, alerts::kSessionFailed, rx->text("eid"),
                           "Automatic connection of " + joined + " failed");
-    Record connection(Res::Connection, tx.nextIndex(Res::Connection));
-    connection.set("rxIndex", rx->index()).set("txIndex", target->index());
-    connection.choose("mode", rx->choice("autoConnectMode"));
-    beginConnection(tx, now, connection, user);
-    tx.put(std::move(connection));
+    connect(tx, now, user, *rx, *target, rx->choice("autoConnectMode"));
 }
 
 } // namespace
+
+Record newLogin(const Transaction& tx, std::int64_t now, const Record& user, const Record& rx) {
+    Record login(Res::UserSession, tx.nextIndex(Res::UserSession));
+    login.set("userIndex", user.index()).set("rxIndex", rx.index());
+    login.set("sessionStartTime", static_cast<std::uint32_t>(now));
+    return login;
+}
+
+void connect(Transaction& tx, std::int64_t now, const Record& user, const Record& rx, const Record& target,
+             std::string_view mode) {
+    Record connection(Res::Connection, tx.nextIndex(Res::Connection));
+    connection.set("rxIndex", rx.index()).set("txIndex", target.index());
+    connection.choose("mode", mode);
+    beginConnection(tx, now, connection, user);
+    tx.put(std::move(connection));
+}
 
 void startAutoSession(Transaction& tx, std::int64_t now, std::uint32_t rxIndex) {
     const RecordPtr rx = tx.find(Res::Rx, rxIndex);
     if (!rx || !rx->enabled("autoLoginControl")) return;
     const RecordPtr user = tx.find(Res::User, rx->number("autoLoginUserIndex"));
     if (!user || judgeLogin(tx, *user, *rx) != Errno{}) return;
-    Record session(Res::UserSession, tx.nextIndex(Res::UserSession));
-    session.set("userIndex", user->index()).set("rxIndex", rxIndex);
-    session.set("sessionStartTime", static_cast<std::uint32_t>(now));
-    tx.put(std::move(session));
+    tx.put(newLogin(tx, now, *user, *rx));
     raiseAlert(tx, now, alerts::kUserAutoLogin, rx->text("eid"),
                user->text("name") + " logged in automatically at " + deviceLabel(*rx));
     if (rx->enabled("autoConnectControl")) autoConnect(tx, now, rx, *user);

@@ -31,13 +31,15 @@ void showPictures(Transaction& tx, std::uint32_t rxIndex, std::uint32_t txIndex)
     tx.put(std::move(rx));
 }
 
-void endConnection(Transaction& tx, std::int64_t now, const RecordPtr& connection, const AlertKind& why) {
+void endConnection(Transaction& tx, std::int64_t now, const RecordPtr& connection, const AlertKind& why,
+                   std::string_view words) {
     const std::uint32_t rx = connection->number("rxIndex");
     tx.erase(Res::Connection, connection->index());
     showPictures(tx, rx, 0);
     raiseAlert(tx, now, why, connection->text("rxEid"),
                "Session of " + labelOf(tx, Res::Rx, rx) + " with " +
-                   labelOf(tx, Res::Tx, connection->number("txIndex")) + " disconnected");
+                   labelOf(tx, Res::Tx, connection->number("txIndex")) + " disconnected" +
+                   std::string(words));
 }
 
 void endSessionsOf(Transaction& tx, std::int64_t now, const DeviceSet& devices, const AlertKind& why) {

@@ -11,8 +11,9 @@ namespace zeqd {
 /// Completes the record of a KVM session that nothing stands against, for the user at its Receiver.
 void beginConnection(Transaction& tx, std::int64_t now, Record& connection, const Record& user);
 
-/// Ends the KVM session; the alert tells why. The devices' pictures go dark.
-void endConnection(Transaction& tx, std::int64_t now, const RecordPtr& connection, const AlertKind& why);
+/// Ends the KVM session; the alert tells why, in words too where there is more to say. The devices' pictures go dark.
+void endConnection(Transaction& tx, std::int64_t now, const RecordPtr& connection, const AlertKind& why,
+                   std::string_view words = "");
 
 /// Ends the KVM sessions that this user, as the record is to be, may no longer have.
 void endForbiddenConnections(Transaction& tx, std::int64_t now, const Record& user);

@@ -26,6 +26,7 @@ struct EngineOptions {
     std::string uploadDir = "/tmp"; ///< firmware files of this machine come from there and nowhere else
     bool localServers = false;      ///< firmware servers may be on this machine or its own link
     bool simControl = false;        ///< clients may steer the simulation
+    bool living = false;            ///< operators come, connect and leave by themselves
 };
 
 struct EngineParts {

@@ -4,7 +4,9 @@
 #include "platform/service/sim/Cascade.h"
 #include "platform/service/sim/Enrolment.h"
 #include "platform/service/sim/Firmware.h"
+#include "platform/service/sim/Inactivity.h"
 #include "platform/service/sim/Life.h"
+#include "platform/service/sim/Operators.h"
 #include "platform/service/sim/Resume.h"
 #include "platform/service/sim/SwitchLife.h"
 #include "platform/service/sim/Upgrade.h"
@@ -28,6 +30,8 @@ constexpr StepRow kSteps[] = {
     {Step::SwitchBack, switchBack},
     {Step::SwitchReady, switchReady},
     {Step::NtpResult, ntpResult},
+    {Step::SessionIdle, sessionIdle},
+    {Step::Operators, operators},
     {Step::UpgradeProgress, upgradeProgress},
     {Step::UpgradeReset, upgradeReset},
     {Step::PeerReady, peerReady},
@@ -118,6 +122,9 @@ void Simulation::hasFetched(std::uint32_t upgrade, const std::shared_ptr<Fetched
 
 void Simulation::resume(Transaction& tx) {
     resumeAll(tx, now());
+    if (mEngine.mParts.options.living)
+        tx.later(span::kOperators,
+                 makeTask(Step::Operators, Res::User, 0, static_cast<std::uint32_t>(now())));
 }
 
 } // namespace zeqd

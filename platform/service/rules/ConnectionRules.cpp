@@ -4,6 +4,7 @@
 #include "platform/service/domain/Devices.h"
 #include "platform/service/domain/Sessions.h"
 #include "platform/service/rules/Rules.h"
+#include "platform/service/sim/Inactivity.h"
 
 #include <algorithm>
 
@@ -123,6 +124,7 @@ void sessionConnected(Context& context) {
     const RecordPtr login = context.tx.findNumber(Res::UserSession, "rxIndex", rx->index());
     beginConnection(context.tx, context.now, connection,
                     *context.tx.find(Res::User, login->number("userIndex")));
+    awaitInput(context.tx, context.now, connection, *rx);
 }
 
 void sessionDisconnected(Context& context) {

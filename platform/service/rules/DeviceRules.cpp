@@ -4,6 +4,7 @@
 #include "platform/service/domain/Video.h"
 #include "platform/service/rules/Rules.h"
 #include "platform/service/sim/Cascade.h"
+#include "platform/service/sim/Inactivity.h"
 #include "platform/service/sim/Life.h"
 #include "platform/service/sim/SwitchLife.h"
 #include "platform/service/sim/Upgrade.h"
@@ -80,9 +81,17 @@ void checkMode(Context& context) {
 void deviceChanged(Context& context) {
     checkReset(context);
     checkUpgrade(context);
-    if (context.after->id() != Res::Rx || !context.changes("videoScaling")) return;
+    if (context.after->id() != Res::Rx) return;
+    const bool timed = context.changes("sessionInactivityTimeout");
+    if (!timed && !context.changes("videoScaling")) return;
     const RecordPtr tie = context.tx.findNumber(Res::Connection, "rxIndex", context.after->index());
-    setPictures(*context.after, tie ? context.tx.find(Res::Tx, tie->number("txIndex")) : nullptr);
+    if (tie && timed) {
+        Record connection = *tie;
+        awaitInput(context.tx, context.now, connection, *context.after);
+        context.tx.put(std::move(connection));
+    }
+    if (context.changes("videoScaling"))
+        setPictures(*context.after, tie ? context.tx.find(Res::Tx, tie->number("txIndex")) : nullptr);
 }
 
 void switchChanged(Context& context) {

@@ -3,6 +3,7 @@
 #include "platform/service/domain/AutoSession.h"
 #include "platform/service/domain/Devices.h"
 #include "platform/service/domain/Sessions.h"
+#include "platform/service/sim/Inactivity.h"
 
 namespace zeqd {
 
@@ -61,7 +62,9 @@ void deviceReady(StepContext& step) {
     next.choose("status", "ready");
     finishUpgrade(next);
     step.tx.put(std::move(next));
-    if (device->id() == Res::Rx) startAutoSession(step.tx, step.now, device->index());
+    if (device->id() != Res::Rx) return;
+    startAutoSession(step.tx, step.now, device->index());
+    awaitInput(step.tx, step.now, device->index());
 }
 
 void flashEnd(StepContext& step) {

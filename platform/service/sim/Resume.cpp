@@ -5,6 +5,7 @@
 #include "platform/service/domain/Video.h"
 #include "platform/service/sim/Cascade.h"
 #include "platform/service/sim/Enrolment.h"
+#include "platform/service/sim/Inactivity.h"
 #include "platform/service/sim/Life.h"
 #include "platform/service/sim/SwitchLife.h"
 #include "platform/service/sim/Upgrade.h"
@@ -69,6 +70,7 @@ void resumeAll(Transaction& tx, std::int64_t now) {
     beginEnrolment(tx, globals);
     if (!sameFields(globals.fields(), stored.fields())) tx.put(std::move(globals));
     settleCascade(tx);
+    resumeInactivity(tx, now);
 }
 
 } // namespace zeqd

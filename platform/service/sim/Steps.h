@@ -19,6 +19,9 @@ enum class Step : std::uint16_t {
     RestartService, ///< this Switch itself reboots
     FactoryThisSwitch,
     NtpResult,
+    // sessions
+    SessionIdle, ///< argument: when the KVM session was to end, as its record tells
+    Operators,   ///< argument: state of the chances
     // firmware
     UpgradeFetch,    ///< argument: the upgrade record
     UpgradeProgress, ///< argument: percent
@@ -57,6 +60,7 @@ constexpr std::int64_t kUpgradeTick = 1000;
 constexpr std::int64_t kBeforeUpgradeReset = 8000; ///< so that whoever watches sees that it is complete
 constexpr std::int64_t kPeerSync = 5000;
 constexpr std::int64_t kEnrol = 4000;
+constexpr std::int64_t kOperators = 15000; ///< at least; then one of them does something
 } // namespace span
 
 } // namespace zeqd

@@ -178,6 +178,87 @@ TEST(Sessions, PicturesFollowTheSession) {
         << "still logged in";
 }
 
+constexpr std::int64_t kMinute = 60'000;
+
+bool hasSession(const Harness& service, std::uint32_t rx) {
+    return service.engine->store().findNumber(Res::Connection, "rxIndex", rx) != nullptr;
+}
+
+TEST(Sessions, EndWhenNobodyIsThere) {
+    Harness service;
+    service.set("rx", R"({"index":5,"sessionInactivityTimeout":2})");
+    ASSERT_EQ(service.create("connection", R"({"rxIndex":5,"txIndex":4,"mode":"share_mode"})").error(), 0);
+    service.pass(2 * kMinute - 1000);
+    EXPECT_TRUE(hasSession(service, 5));
+    service.pass(1000);
+    EXPECT_FALSE(hasSession(service, 5));
+    EXPECT_NE(service.engine->store().findNumber(Res::UserSession, "rxIndex", 5), nullptr);
+    const Answer events = service.get("unacknowledgedAlerts");
+    EXPECT_EQ(events.at("alertMsg", events.rowCount() - 1),
+              "Session of Desk 3 Left with Historian disconnected: nobody there for 2 min");
+    EXPECT_EQ(service.value("rx", 5, "inputVideoTiming/horizontalResolution"), "0");
+    EXPECT_TRUE(hasSession(service, 1)) << "a limit of 0 ends nothing";
+}
+
+TEST(Sessions, ANewLimitCountsFromThereAndARestartGoesOnCounting) {
+    Harness service;
+    service.set("rx", R"({"index":1,"sessionInactivityTimeout":1})");
+    service.pass(kMinute / 2);
+    service.set("rx", R"({"index":1,"sessionInactivityTimeout":3})");
+    service.set("rx", R"({"index":2,"sessionInactivityTimeout":3})");
+    service.pass(kMinute);
+    service.set("rx", R"({"index":2,"sessionInactivityTimeout":0})");
+    service.restart();
+    service.pass(2 * kMinute - 2000);
+    EXPECT_TRUE(hasSession(service, 1));
+    service.pass(2000);
+    EXPECT_FALSE(hasSession(service, 1));
+    service.pass(kMinute);
+    EXPECT_TRUE(hasSession(service, 2));
+
+    service.set("rx", R"({"index":2,"sessionInactivityTimeout":1})");
+    service.remove("connection", 2);
+    service.pass(kMinute / 2);
+    ASSERT_EQ(service.create("connection", R"({"rxIndex":2,"txIndex":5,"mode":"share_mode"})").error(), 0);
+    service.pass(kMinute / 2);
+    EXPECT_TRUE(hasSession(service, 2)) << "what was left of one session is not another's";
+}
+
+TEST(Operators, ComeConnectAndLeaveByThemselves) {
+    Harness service;
+    const std::string before = dump(service.engine->store());
+    service.pass(60 * kMinute);
+    EXPECT_EQ(dump(service.engine->store()), before) << "nobody moves in a demo that stands still";
+
+    service.living = true;
+    service.set("rx", R"({"index":7,"sessionInactivityTimeout":1})");
+    service.restart();
+    const std::size_t residents = service.engine->store().count(Res::UserSession);
+    std::set<std::string> seen;
+    std::size_t most = 0, logins = 0;
+    for (int minute = 0; minute < 12 * 60; ++minute) {
+        service.pass(kMinute);
+        const Store& store = service.engine->store();
+        most = std::max(most, store.count(Res::UserSession));
+        for (const std::uint32_t resident : {1U, 2U, 3U, 10U, 12U, 15U})
+            EXPECT_TRUE(hasSession(service, resident)) << resident;
+        store.each(Res::Connection, [&](const RecordPtr& connection) {
+            EXPECT_NE(store.findNumber(Res::UserSession, "rxIndex", connection->number("rxIndex")), nullptr);
+            seen.insert(connection->text("rxEid") + connection->text("txEid"));
+            return true;
+        });
+        logins += store.count(Res::UserSession) > residents;
+        service.set("alertsControl", R"({"alertsAction":"ack_all"})");
+    }
+    EXPECT_GT(most, residents);
+    EXPECT_LE(most, residents + 4);
+    EXPECT_GT(logins, 600U) << "minutes with somebody there";
+    EXPECT_GT(seen.size(), 30U) << "pairs of devices";
+    EXPECT_LT(service.engine->store().count(Res::UserSession), residents + 5);
+    const std::string told = service.get("historicalAlerts", R"("select":["alertMsg"])").text();
+    EXPECT_EQ(told.find("Connection of"), std::string::npos) << "nobody tries what is refused";
+}
+
 TEST(Sessions, PortsTellWhatIsPluggedIn) {
     Harness service;
     const std::string ports = service.value("portStatus", 1, "ports");

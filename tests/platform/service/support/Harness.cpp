@@ -138,7 +138,7 @@ void Harness::boot(Store store) {
                         syslog.push_back(server + " " + event.severity + " " + event.message + " " + eid);
                     },
                     [this](std::string_view password) { return hash(password); },
-                    {.localServers = true, .simControl = simControl}},
+                    {.localServers = true, .simControl = simControl, .living = living}},
         std::move(store));
     engine->start(1);
     settle();

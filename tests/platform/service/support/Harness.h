@@ -113,6 +113,7 @@ public:
     std::vector<std::string> syslog; ///< server, severity, message, EID of the Switch
     std::string settingsDir = "/nonexistent";
     bool simControl = true;
+    bool living = false;                          ///< from the next restart on
     std::string database = "/nonexistent/zeq.db"; ///< path, of which only what was set aside is looked at
     std::function<std::string(std::string_view)> hash = hashPassword;
     std::unique_ptr<Engine> engine;
