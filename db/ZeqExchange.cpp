@@ -8,6 +8,7 @@
 namespace {
 
 thread_local unsigned long tExchanges = 0;
+thread_local unsigned long tUnanswered = 0;
 
 } // namespace
 
@@ -46,6 +47,7 @@ bool ZeqExchange::answered() {
     if (!ready()) return false;
     zeqCountExchange();
     mResponse.reset(ZeqClient_getResponse(mClient, mRequest.get()));
+    if (!mResponse) zeqCountUnanswered();
     return mResponse != nullptr;
 }
 
@@ -77,4 +79,12 @@ unsigned long zeqExchangeCount() {
 
 void zeqCountExchange() {
     ++tExchanges;
+}
+
+unsigned long zeqUnansweredCount() {
+    return tUnanswered;
+}
+
+void zeqCountUnanswered() {
+    ++tUnanswered;
 }

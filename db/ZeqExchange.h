@@ -66,11 +66,16 @@ unsigned zeqRefused(const json_t* response, std::vector<std::string>& errors);
 /// Tests count with it what a refresh costs.
 unsigned long zeqExchangeCount();
 void zeqCountExchange();
+/// Of these, the ones that got no answer.
+unsigned long zeqUnansweredCount();
+void zeqCountUnanswered();
 
 /// A typed retrieve, which sends at once: zeqRetrieve(ZeqReq_rxRetrieve, client, "[\"index\"]").
 /// Empty = no answer.
 template <class Retrieve, class... Args>
 ZeqPtr zeqRetrieve(Retrieve retrieve, ZeqClient_s* client, Args&&... args) {
     zeqCountExchange();
-    return ZeqPtr(retrieve(client, std::forward<Args>(args)...));
+    ZeqPtr answer(retrieve(client, std::forward<Args>(args)...));
+    if (!answer) zeqCountUnanswered();
+    return answer;
 }

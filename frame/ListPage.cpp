@@ -12,6 +12,7 @@ void ListPage::setList(ObjListParts& list, KeptSelection::Job rebuild, KeptSelec
 }
 
 void ListPage::readFromDatabase(bool forceDetails, bool forceList) {
+    const WatchedKinds::Reading reading(mWatched);
     if (!forceList && detailsTabs()->hasChanged()) return tellWhatChanged();
     if (forceList || mWatched.haveNews() || listIsDue()) {
         mSelection->rebuild();

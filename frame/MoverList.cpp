@@ -1,5 +1,7 @@
 #include "frame/MoverList.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr RecordColumn<MoverItem> kColumns[] = {
@@ -8,11 +10,12 @@ constexpr RecordColumn<MoverItem> kColumns[] = {
 };
 
 constexpr int kText = 1;
+constexpr int kBesideText = 27; // pixels: a cell's padding and the scroll bar
 
 } // namespace
 
 MoverList::MoverList(const MoverListLook& look, Wt::WContainerWidget* parent)
-    : RecordTable(kColumns, parent) {
+    : RecordTable(kColumns, parent), mTextWidth(look.textWidth) {
     setHeader(kText, tr(look.header));
     setAttributeValue("aria-label", tr(look.header));
     fixColumn(kText, look.textWidth);
@@ -21,6 +24,11 @@ MoverList::MoverList(const MoverListLook& look, Wt::WContainerWidget* parent)
     resize(look.width, look.height);
     setSortingEnabled(look.sorted);
     if (look.sorted) sortByColumn(kText, Wt::AscendingOrder);
+}
+
+void MoverList::layoutSizeChanged(int width, int height) {
+    fixColumn(kText, std::max(mTextWidth, width - kBesideText));
+    RecordTable::layoutSizeChanged(width, height);
 }
 
 void MoverList::setItems(const std::vector<MoverItem>& items) {

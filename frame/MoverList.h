@@ -18,7 +18,7 @@ struct MoverListLook {
     const char* header; // message key
     int width = 250;
     int height = 200;
-    int textWidth = 320; // of the column: what is listed is whole
+    int textWidth = 320; // of the column at least: what is listed is whole
     bool sorted = true;  // by text; else the items keep their order
 };
 
@@ -31,6 +31,10 @@ public:
     /// take 10 ms.
     void setItems(const std::vector<MoverItem>& items);
 
+protected:
+    void layoutSizeChanged(int width, int height) override;
+
 private:
+    int mTextWidth;
     std::vector<MoverItem> mItems; // as they were given
 };

@@ -54,7 +54,6 @@ ZeqClient_s* RecordTable::databaseClient() {
 }
 
 bool RecordTable::answered(const json_t* answer) {
-    if (!answer) return false;
     const json_t* refusal = ZeqRspUtil_getObjectParam(answer, "errors");
     if (!refusal) return true;
     std::vector<std::string> errors;

@@ -43,17 +43,18 @@ public:
     /// What stands in place of the rows while there are none: why, and what to do.
     void setEmptyText(const Wt::WString& text);
 
-    /// Empties the table and asks the database. Null without an answer and after a refusal, which is logged.
+    /// Asks the database, and empties the table for what it answers. Null without an answer: then what is shown stays.
+    /// Null, too, after a refusal, which is logged.
     template <class Retrieve, class... Args>
     ZeqPtr retrieve(Retrieve send, Args&&... args) {
-        clearData();
         ZeqClient_s* const client = databaseClient();
         if (!client) return nullptr;
         ZeqPtr answer = zeqRetrieve(send, client, std::forward<Args>(args)...);
+        if (!answer) return nullptr;
+        clearData();
         return answered(answer.get()) ? std::move(answer) : nullptr;
     }
-    /// Shows what the database answers instead of what was shown. False, and an empty table, without an answer
-    /// and after a refusal.
+    /// Shows what the database answers instead of what was shown. As retrieve(); false for null.
     template <class Record, std::size_t N, class Retrieve, class... Args>
     bool read(const RecordColumn<Record> (&columns)[N], Retrieve send, Args&&... args) {
         const ZeqPtr answer = retrieve(send, std::forward<Args>(args)...);

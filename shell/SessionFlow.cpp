@@ -1,6 +1,7 @@
 // How a session connects and ends.
 
 #include "db/Db.h"
+#include "db/ZeqExchange.h"
 #include "frame/WMsgBox.h"
 #include "frame/WMsgBoxSimple.h"
 #include "platform/client/EventLog.h"
@@ -10,6 +11,7 @@
 #include "shell/SessionLimit.h"
 #include "shell/SteadyClock.h"
 #include "shell/WEndingNotice.h"
+#include "shell/WStandardHeader.h"
 
 #include <Wt/WPushButton>
 
@@ -86,9 +88,13 @@ void MirlApplication::updateMirlInactivityTimeout(unsigned int minutes) {
 }
 
 void MirlApplication::notify(const Wt::WEvent& event) {
+    const unsigned long asked = zeqExchangeCount();
+    const unsigned long unanswered = zeqUnansweredCount();
     watchInactivity(event.eventType());
     Wt::WApplication::notify(event);
     showPlace();
+    if (mUserLoggedIn && mHeader && zeqExchangeCount() != asked)
+        mHeader->setServiceAway(zeqUnansweredCount() != unanswered);
 }
 
 void MirlApplication::watchInactivity(Wt::EventType type) {

@@ -45,8 +45,15 @@ WStandardHeader::WStandardHeader(const std::string& username, Wt::WContainerWidg
     textCell->setWidth(kTextCellWidthPx);
     auto* text = new Wt::WText(headerText(username), Wt::PlainText, textCell);
     text->setStyleClass("mirl-header-text-middle");
+    mServiceNote = new Wt::WText(textCell);
+    mServiceNote->setStyleClass("mirl-service-note");
+    mServiceNote->setAttributeValue("role", "status");
 
     Wt::WTableCell* right = table->elementAt(0, 3);
     right->setStyleClass("mirl-header-rhs");
     new WHeaderLinks(right);
+}
+
+void WStandardHeader::setServiceAway(bool away) {
+    mServiceNote->setText(away ? tr("mirl.service.away") : Wt::WString());
 }

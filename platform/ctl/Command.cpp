@@ -64,6 +64,16 @@ constexpr CommandRow kCommands[] = {
      "r", runDescribe},
     {"device", "device offline|online EID", "take a simulated device away or bring it back",
      "\n  zeqctl device offline AB12CD-000003\n", "offline online", runDevice},
+    {"login", "login USER RECEIVER", "log a user in at a Receiver",
+     "USER is the login name, RECEIVER a name or an EID. The Receiver must be free.\n"
+     "\n"
+     "  zeqctl login mhansen \"Desk 4\"\n",
+     "", runLogin},
+    {"logout", "logout RECEIVER", "log out whoever is at a Receiver",
+     "Ends the KVM session there, too.\n"
+     "\n"
+     "  zeqctl logout 00A702-020077\n",
+     "", runLogout},
     {"cascade", "cascade look|down|up [EID]", "look from the other Switch, or take it away",
      "look: the interface becomes that of the other Switch, without any change of roles; sessions end,\n"
      "as they would at its own address. down and up: the other Switch, or the link to it, is gone and\n"

@@ -45,6 +45,8 @@ void runDelete(Context& context);
 void runWatch(Context& context);
 void runDescribe(Context& context);
 void runDevice(Context& context);
+void runLogin(Context& context);
+void runLogout(Context& context);
 void runCascade(Context& context);
 void runManager(Context& context);
 void runAlert(Context& context);

@@ -51,6 +51,27 @@ void writeEach(RemoteService& service, const char* method, const std::string& re
     }
 }
 
+/// Index of the first record that has the word in one of the keys.
+int indexOf(RemoteService& service, const char* resource, std::initializer_list<const char*> keys,
+            const std::string& word) {
+    for (const char* key : keys) {
+        const JsonPtr query(json_pack("{s:s}", key, word.c_str()));
+        if (!query) throw Failure(Exit::Usage, "the name is not UTF-8");
+        try {
+            const JsonPtr rows = service.get(resource, query.get(), {"index"});
+            const json_t* first = json_array_get(rows.get(), 0);
+            if (first) return static_cast<int>(json_integer_value(json_object_get(first, "index")));
+        } catch (const Refusal& refusal) {
+            if (!refusal.noEntries()) throw;
+        }
+    }
+    throw Failure(Exit::Refused, std::string("no ") + resource + " is named " + word);
+}
+
+int receiverOf(RemoteService& service, const std::string& word) {
+    return indexOf(service, "rx", {"name", "eid"}, word);
+}
+
 } // namespace
 
 void runSet(Context& context) {
@@ -77,6 +98,29 @@ void runDelete(Context& context) {
     if (!indexes) throw Failure(Exit::Usage, "which records? give INDEX or INDEX,INDEX");
     const JsonPtr params(ZeqObj_new());
     writeEach(context.service, "delete", resource, params.get(), indexes.get());
+}
+
+void runLogin(Context& context) {
+    if (context.words.size() != 2) throw Failure(Exit::Usage, "use login USER RECEIVER");
+    const int user = indexOf(context.service, "user", {"name"}, context.words[0]);
+    const int rx = receiverOf(context.service, context.words[1]);
+    const JsonPtr params(json_pack("{s:i, s:i}", "userIndex", user, "rxIndex", rx));
+    context.service.write("create", "userSession", params.get());
+}
+
+void runLogout(Context& context) {
+    if (context.words.size() != 1) throw Failure(Exit::Usage, "use logout RECEIVER");
+    const JsonPtr query(json_pack("{s:i}", "rxIndex", receiverOf(context.service, context.words[0])));
+    JsonPtr rows;
+    try {
+        rows = context.service.get("userSession", query.get(), {"index"});
+    } catch (const Refusal& refusal) {
+        if (!refusal.noEntries()) throw;
+    }
+    const json_t* first = json_array_get(rows.get(), 0);
+    if (!first) throw Failure(Exit::Refused, "nobody is logged in there");
+    const JsonPtr params(json_pack("{s:O}", "index", json_object_get(first, "index")));
+    context.service.write("delete", "userSession", params.get());
 }
 
 void runDevice(Context& context) {

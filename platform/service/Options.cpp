@@ -38,6 +38,7 @@ const OptionRow kOptions[] = {
     {"--living", "", &Options::living,
      "simulated operators log in at Receivers, connect and leave by themselves"},
     {"--devices", "N", &Options::devices, "a new demo is grown to N Receivers and Transmitters"},
+    {"--users", "N", &Options::users, "a new demo is grown to N users"},
     {"--admin-password", "TEXT", &Options::adminPassword,
      "of the demo's administrator; else ZEQD_ADMIN_PASSWORD, which other users cannot see; "
      "else control-room-1"},

@@ -20,6 +20,7 @@ struct Options {
     bool simControl = false;
     bool localServers = false;
     std::uint32_t devices = 0;
+    std::uint32_t users = 0;
     std::uint32_t clients = 0;
     std::uint32_t timeFactor = 1;
     std::uint32_t syslogPort = 514;

@@ -67,6 +67,7 @@ InstallationPlan planOf(const Options& options, std::int64_t now) {
     plan.dataDir = options.demoDir;
     plan.adminPassword = options.adminPassword;
     plan.devices = options.devices;
+    plan.users = options.users;
     plan.now = now;
     return plan;
 }

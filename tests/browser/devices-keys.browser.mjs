@@ -2,21 +2,12 @@
 import assert from 'node:assert/strict';
 import { sharedSystem, shows } from './devices.mjs';
 import { test } from './harness.mjs';
-import { deviceRow, deviceRows, field, login, mainTab, saveButton, tabs } from './pages.mjs';
+import { deviceRow, deviceRows, field, login, mainTab, saveButton, tabs, tabTo } from './pages.mjs';
 import { detailsTab } from './places.mjs';
 import { until } from './system.mjs';
 
 const shared = sharedSystem();
 export const done = shared.done;
-
-/** Presses Tab until the element has the focus. @param {import('playwright-core').Page} page */
-async function tabTo(page, what, element) {
-  for (let n = 0; n < 60; n++) {
-    if (await element.evaluate((e) => e.contains(document.activeElement)).catch(() => false)) return;
-    await page.keyboard.press('Tab');
-  }
-  throw new Error(`Tab does not reach ${what}`);
-}
 
 const selected = (page, name) =>
   until(`${name} is selected`, async () => (await deviceRow(page, name).getAttribute('aria-selected')) === 'true');

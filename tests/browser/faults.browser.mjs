@@ -25,6 +25,42 @@ test('the database service is killed and comes back under an open page', async (
   await rename(page, name, 'After the fall');
 });
 
+test('the service is killed under each page, which goes on by itself', async (t) => {
+  const system = await new System().start();
+  t.after(() => system.remove());
+  const page = await t.page();
+  await login(page, system);
+  const shown = {
+    Dashboard: 'Video Wall 2', Sessions: 'Video Wall 2', Users: 'mhansen', Devices: 'Desk 1 Left',
+    Cascade: '00A701-010001', Peripherals: 'Ives I12 panel', 'System Settings': 'Manager', Events: 'Fan 2 works again',
+  };
+  const note = page.getByText('The database of the Switch does not answer.');
+  const wall = page.getByText(shown.Dashboard).locator('visible=true').first();
+  await wall.waitFor();
+  system.kill('zeqd', 'SIGSTOP');
+  t.after(() => system.kill('zeqd', 'SIGCONT'));
+  await note.waitFor({ timeout: 30_000 });
+  assert.equal(await wall.isVisible(), true, 'what was read stays');
+  await t.picture(page, 'service-away');
+  system.kill('zeqd', 'SIGCONT');
+  await note.waitFor({ state: 'hidden' });
+  for (const [tab, text] of Object.entries(shown)) {
+    await mainTab(page, tab).click();
+    const there = page.getByText(text).locator('visible=true').first();
+    await there.waitFor();
+    const before = system.pids('zeqd');
+    system.kill('zeqd');
+    await until(`another service runs under ${tab}`, () => {
+      const now = system.pids('zeqd');
+      return now.length === 1 && now[0] !== before[0];
+    });
+    await until('it answers', () => system.ctl('get', 'swx', '1', 'index') === '1');
+    await there.waitFor();
+    assert.equal(await page.getByRole('dialog').count(), 0, tab);
+    assert.equal(await mainTab(page, tab).getAttribute('aria-selected'), 'true');
+  }
+});
+
 test('the interface is killed; ./run starts it again and the page says so', async (t) => {
   const system = await new System().start();
   t.after(() => system.remove());

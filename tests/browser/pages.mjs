@@ -115,3 +115,12 @@ export async function rename(page, from, to) {
   await saveButton(page).click();
   await showRow(page, to);
 }
+
+/** Presses Tab until the element has the focus. @param {import('playwright-core').Page} page */
+export async function tabTo(page, what, element) {
+  for (let n = 0; n < 60; n++) {
+    if (await element.evaluate((e) => e.contains(document.activeElement)).catch(() => false)) return;
+    await page.keyboard.press('Tab');
+  }
+  throw new Error(`Tab does not reach ${what}`);
+}

@@ -3,7 +3,7 @@ import assert from 'node:assert/strict';
 import { answer, sharedSystem } from './devices.mjs';
 import { test } from './harness.mjs';
 import { act, button, list, row, rows } from './lists.mjs';
-import { login, mainTab } from './pages.mjs';
+import { login, mainTab, tabs, tabTo } from './pages.mjs';
 import { until } from './system.mjs';
 
 const shared = sharedSystem();
@@ -117,4 +117,43 @@ test('the Dashboard is folded, dragged and filtered, and its durations go on', a
   await page.keyboard.press('ArrowDown');
   await until('the divider has moved', async () => (await height(above)) > before);
   await t.picture(page, 'dashboard-moved');
+});
+
+test('a session is connected and disconnected by keyboard alone', async (t) => {
+  const system = await shared.get();
+  const page = await t.page();
+  await login(page, system);
+  await mainTab(page, 'Dashboard').focus();
+  for (let i = 0; i < tabs.indexOf('Sessions'); i++) await page.keyboard.press('ArrowRight');
+  await page.keyboard.press('Enter');
+  await row(page, sessions, 'Video Wall 1').waitFor();
+  await tabTo(page, 'Connect', button(page, 'Connect'));
+  await page.keyboard.press('Enter');
+  for (const name of ['user', 'receiver', 'transmitter']) {
+    await tabTo(page, name, picks(page, name));
+    await page.keyboard.press('End');
+    const last = picks(page, name).locator('[role="row"][aria-selected="true"]');
+    await until(`a ${name} is picked`, async () => (await last.count()) === 1);
+  }
+  await tabTo(page, 'the button', connect(page));
+  await page.keyboard.press('Enter');
+  await dialog(page).getByText('Session has been successfully connected.').waitFor();
+  await page.keyboard.press('Enter');
+  await until('the box is closed', async () => (await page.getByRole('dialog').count()) === 0);
+  const made = JSON.parse(system.ctl('--json', 'list', 'connection', 'index', 'rxIndex')).at(-1);
+  const receiver = system.ctl('get', 'rx', String(made.rxIndex), 'name');
+  await row(page, sessions, receiver).waitFor();
+
+  await tabTo(page, 'the list', list(page, sessions).getByRole('grid'));
+  await page.keyboard.press('Home');
+  const chosen = rows(page, sessions).locator('xpath=self::*[@aria-selected="true"]');
+  for (let n = 0; n < 20 && !(await chosen.filter({ hasText: receiver }).count()); n++) {
+    const before = await chosen.innerText();
+    await page.keyboard.press('ArrowDown');
+    await until('the next row', async () => (await chosen.innerText()) !== before);
+  }
+  await tabTo(page, 'Disconnect', button(page, 'Disconnect'));
+  await page.keyboard.press('Enter');
+  if ((await page.getByRole('dialog').count()) > 0) await page.keyboard.press('Enter'); // unless it was switched off
+  await row(page, sessions, receiver).waitFor({ state: 'detached' });
 });

@@ -1,6 +1,7 @@
 // A page as a newcomer would write it: a list, two actions, a tab that edits and one that shows. On records that the
 // test makes up.
 
+#include "db/ZeqExchange.h"
 #include "frame/ActionColumn.h"
 #include "frame/DetailsTabs.h"
 #include "frame/ListPage.h"
@@ -515,6 +516,16 @@ TEST_F(Pages, WatchedKinds) {
     store.put("changeStatus", 7, R"("lastChange":2)");
     EXPECT_TRUE(kinds.haveNews());
     EXPECT_FALSE(kinds.haveNews()) << "no kind is new twice";
+    store.put("changeStatus", 7, R"("lastChange":1)");
+    EXPECT_TRUE(kinds.haveNews()) << "a service that started anew counts anew";
+    EXPECT_FALSE(kinds.haveNews());
+    {
+        const WatchedKinds::Reading reading(kinds);
+        zeqCountUnanswered();
+    }
+    EXPECT_TRUE(kinds.haveNews()) << "what was read was not all";
+    { const WatchedKinds::Reading reading(kinds); }
+    EXPECT_FALSE(kinds.haveNews());
     store.hangUp();
     EXPECT_TRUE(kinds.haveNews()) << "a doubt leads to a reading";
     EXPECT_TRUE(none.haveNews()) << "nobody tells such a reader what is new";

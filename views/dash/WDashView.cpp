@@ -50,6 +50,7 @@ WDashView::WDashView(Wt::WContainerWidget* parent)
 
 void WDashView::refresh() {
     // What the service does not tell as a change would be read for nothing.
+    const WatchedKinds::Reading reading(mWatched);
     if (mWatched.haveNews()) readFromDatabase();
     mSessions->refreshDurations();
 }

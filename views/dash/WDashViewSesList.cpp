@@ -62,9 +62,9 @@ WDashViewSesList::WDashViewSesList(const Wt::WString& title, HeightType heightTy
 }
 
 void WDashViewSesList::readFromDatabase() {
-    mClock.clear();
     const ZeqPtr logins = mTable->retrieve(ZeqReq_userSessionRetrieve, R"(["index","rxIndex"])");
     if (!logins) return;
+    mClock.clear();
     HeldRecords names;
     const HeldRecords::Use use(names);
     const json_t* sessions =

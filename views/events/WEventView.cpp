@@ -67,6 +67,7 @@ void WEventView::enable(EventAction action, bool enabled, const char* why) {
 
 void WEventView::refresh() {
     // What the service does not tell as a change would be read for nothing.
+    const WatchedKinds::Reading reading(mWatched);
     if (mWatched.haveNews()) readFromDatabase(false);
 }
 

@@ -56,10 +56,10 @@ WSesViewList::WSesViewList(const Wt::WString& title, Wt::WContainerWidget* paren
 }
 
 void WSesViewList::readFromDatabase() {
-    mClock.clear();
     const ZeqPtr sessions = mTable->retrieve(ZeqReq_connectionRetrieve,
                                              R"(["index","rxIndex","txIndex","mode","sessionStartTime"])");
     if (!sessions) return;
+    mClock.clear();
     HeldRecords names;
     const HeldRecords::Use use(names);
     holdSessionNames(nullptr, sessions.get());

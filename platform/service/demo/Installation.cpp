@@ -1,5 +1,6 @@
 #include "platform/service/demo/Installation.h"
 
+#include "platform/service/catalogue/Catalogue.h"
 #include "platform/service/secret/PasswordHash.h"
 
 namespace zeqd {
@@ -50,6 +51,7 @@ std::vector<RecordPtr> makeInstallation(const InstallationPlan& plan) {
         record = std::make_shared<Record>(std::move(admin));
     }
     growInstallation(records, plan.devices);
+    growAccounts(records, std::min(plan.users, resource(Res::User).capacity));
     return records;
 }
 

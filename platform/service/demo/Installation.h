@@ -12,6 +12,7 @@ struct InstallationPlan {
     std::string dataDir;       ///< folder of the demo's JSON files
     std::string adminPassword; ///< plain text; the demo's administrator gets it
     std::uint32_t devices = 0; ///< of a large installation; 0 = just the demo
+    std::uint32_t users = 0;   ///< the same
     std::int64_t now = 0;      ///< seconds since 1970 UTC
 };
 
@@ -26,5 +27,8 @@ std::vector<RecordPtr> factoryInstallation();
 
 /// Adds Receivers, Transmitters and Switches until there are so many Receivers and Transmitters.
 void growInstallation(std::vector<RecordPtr>& records, std::uint32_t devices);
+
+/// Adds accounts, most of them operators, until there are so many. They have no password yet.
+void growAccounts(std::vector<RecordPtr>& records, std::uint32_t users);
 
 } // namespace zeqd

@@ -93,6 +93,19 @@ TEST_F(ZeqctlOnDemo, SecretsCanBeSetButAreNeverShown) {
     EXPECT_EQ(sZeqd->log().find("n3w-Secret"), std::string::npos);
 }
 
+TEST_F(ZeqctlOnDemo, UsersAreLoggedInAndOutByTheirNames) {
+    EXPECT_EQ(zeqctl({"login", "supervisor", "Desk 4"}).err, "");
+    EXPECT_EQ(zeqctl({"login", "supervisor", "00A702-020088"}).code, 0);
+    EXPECT_NE(zeqctl({"list", "userSession", "userIndex=2", "rxIndex"}).out.find("8"), std::string::npos);
+    EXPECT_EQ(zeqctl({"login", "mhansen", "Desk 4"}).code, 1) << "somebody is there";
+    EXPECT_EQ(zeqctl({"logout", "Desk 4"}).code, 0);
+    EXPECT_EQ(zeqctl({"logout", "Desk 4"}).err, "zeqctl: nobody is logged in there\n");
+    EXPECT_EQ(zeqctl({"login", "nobody", "Desk 4"}).err, "zeqctl: no user is named nobody\n");
+    EXPECT_EQ(zeqctl({"logout", "No desk"}).err, "zeqctl: no rx is named No desk\n");
+    EXPECT_EQ(zeqctl({"alert", "enableAlertFanFault", "Fan 9"}).code, 0);
+    EXPECT_NE(zeqctl({"list", "unacknowledgedAlerts", "alertMsg"}).out.find("Fan 9"), std::string::npos);
+}
+
 TEST_F(ZeqctlOnDemo, DevicesGoAwayAndComeBack) {
     std::string eid = zeqctl({"get", "rx", "5", "eid"}).out;
     eid.pop_back();

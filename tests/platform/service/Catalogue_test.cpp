@@ -157,12 +157,13 @@ TEST(Forms, AcceptAndRefuse) {
 
 class DemoData : public ::testing::Test {
 protected:
-    DemoData() {
+    explicit DemoData(std::uint32_t users = 0) {
         EXPECT_GE(sodium_init(), 0);
         InstallationPlan plan;
         plan.dataDir = MIRL_SOURCE_DIR "/platform/service/data";
         plan.adminPassword = "x";
         plan.now = 1'700'000'000;
+        plan.users = users;
         for (const RecordPtr& record : makeInstallation(plan)) store.load(record);
     }
     Store store;
@@ -180,7 +181,7 @@ TEST_F(DemoData, IsAControlRoomOfItsSize) {
     EXPECT_TRUE(store.find(Res::User, 2)->is("role", "admin"));
 }
 
-TEST_F(DemoData, ReferencesHoldAndNothingIsThereTwice) {
+void referencesHold(const Store& store) {
     std::set<std::string> eids;
     std::set<std::pair<std::uint32_t, std::uint32_t>> ports;
     for (const Res kind : {Res::Swx, Res::Rx, Res::Tx}) {
@@ -214,6 +215,32 @@ TEST_F(DemoData, ReferencesHoldAndNothingIsThereTwice) {
         EXPECT_EQ(connection->text("txEid"), store.find(Res::Tx, connection->number("txIndex"))->text("eid"));
         return true;
     });
+}
+
+TEST_F(DemoData, ReferencesHoldAndNothingIsThereTwice) {
+    referencesHold(store);
+}
+
+class ManyAccounts : public DemoData {
+protected:
+    ManyAccounts() : DemoData(1000) {}
+};
+
+TEST_F(ManyAccounts, AreAsManyAsThereMayBeAndOfDifferentRights) {
+    referencesHold(store);
+    EXPECT_EQ(store.count(Res::User), 256U);
+    std::set<std::string> names, rights;
+    store.each(Res::User, [&](const RecordPtr& user) {
+        EXPECT_TRUE(names.insert(user->text("name")).second) << user->text("name");
+        EXPECT_TRUE(hasForm(Form::AlphaNumeric, user->text("name"))) << user->text("name");
+        EXPECT_LE(user->text("name").size(), 20U);
+        if (user->index() > 8)
+            rights.insert(std::string(user->choice("role")) + std::string(user->choice("modeAllowed")) +
+                          std::to_string(user->at("target").entries().size()));
+        return true;
+    });
+    EXPECT_EQ(rights, (std::set<std::string>{"adminshare_or_private_mode0", "usershare_or_private_mode12",
+                                             "userprivate_mode5", "usershare_mode2"}));
 }
 
 TEST_F(DemoData, MonitorsDifferAndFewAreDamaged) {

@@ -224,6 +224,17 @@ TEST(Sessions, ANewLimitCountsFromThereAndARestartGoesOnCounting) {
     EXPECT_TRUE(hasSession(service, 2)) << "what was left of one session is not another's";
 }
 
+TEST(Sessions, OneThatAReceiverStartedByItselfEndsToo) {
+    Harness service;
+    service.set("rx", R"({"index":6,"sessionInactivityTimeout":1,"autoLoginControl":"enabled",)"
+                      R"("autoLoginUserIndex":1,"autoConnectControl":"enabled",)"
+                      R"("autoConnectTxEid":"00A703-030041","reset":"cold_reboot"})");
+    service.pass(20'000);
+    ASSERT_TRUE(hasSession(service, 6));
+    service.pass(kMinute);
+    EXPECT_FALSE(hasSession(service, 6));
+}
+
 TEST(Operators, ComeConnectAndLeaveByThemselves) {
     Harness service;
     const std::string before = dump(service.engine->store());

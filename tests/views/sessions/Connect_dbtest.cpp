@@ -18,12 +18,15 @@ constexpr auto kPrivate = Info_ConnectionMode::Private;
 
 TEST_F(SessionsPage, TheChainOffersWhatEachPickAllows) {
     for (const unsigned user : {3U, 5U, 6U}) store("user", user, "allTargetAccess", "enabled");
+    poke("user", 8, "name", "");
+    poke("user", 8, "mgrName", "WALL");
     WEstabSesDialog dialog;
     Wt::WPushButton* connect = buttonIn(&dialog, "Connect");
     EXPECT_TRUE(connect->isDisabled());
     EXPECT_TRUE(offers(*dialog.users(), 3));
     EXPECT_TRUE(offers(*dialog.users(), 5));
     EXPECT_FALSE(offers(*dialog.users(), 6)) << "private only";
+    EXPECT_EQ(dialog.users()->textAt(dialog.users()->rowOf(8), 1), "WALL") << "named by a manager";
     EXPECT_EQ(dialog.receivers()->rowCount(), 0);
     pick(*dialog.users(), 3);
     EXPECT_TRUE(offers(*dialog.receivers(), 7));
