@@ -39,10 +39,14 @@ WSysSettingsViewEnabledEventList::WSysSettingsViewEnabledEventList(Wt::WContaine
 void WSysSettingsViewEnabledEventList::readFromDatabase(bool unconditional) {
     if (mMover->hasSelection() || (mUserHasChangedContent && !unconditional)) return;
     std::vector<std::string> errors;
-    for (Event& event : mEvents) {
-        event.enabled = false; // also of one that cannot be read
+    std::vector<Event> read = mEvents;
+    const unsigned long unanswered = zeqUnansweredCount();
+    for (Event& event : read) {
+        event.enabled = false; // also of one that is refused
         Db::db.readEnableDisable(kResource, 0, event.key, event.enabled, errors);
     }
+    // Without an answer nothing is known: a save would switch off what is shown as disabled.
+    if (zeqUnansweredCount() == unanswered) mEvents = std::move(read);
     mMover->refresh();
     mUserHasChangedContent = false;
 }
