@@ -93,6 +93,21 @@ export const outside = [
     },
     leave: async (_page, system) => { system.ctl('set', 'systemGlobals', 'mirlBannerEnable=disabled'); },
   },
+  ...[
+    ['slave', ['cascade', 'look'], 'This Switch is a slave in a cascade'],
+    ['managed', ['manager', 'enrol', '10.20.1.90'], 'Managed Mode Settings and Status'],
+  ].map(([name, words, says]) => ({
+    name,
+    args: [], // a system of its own, which is led to another state
+    go: async (page, system) => {
+      system.ctl(...words);
+      if (name === 'managed')
+        await until('it is managed', () => system.ctl('get', 'systemGlobals', 'managedSetting') === 'verified');
+      await openLogin(page, system);
+      await tryLogin(page, system.user, system.password);
+      await page.getByText(says).first().waitFor();
+    },
+  })),
   {
     name: 'first-password',
     args: ['--empty'],

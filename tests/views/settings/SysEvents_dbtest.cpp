@@ -123,6 +123,18 @@ TEST_F(SysEvents, WithoutAnAnswerTheSaveIsToldAsFailed) {
     EXPECT_EQ(stateOf(kLogin), "disabled");
 }
 
+TEST_F(SysEvents, WhatCouldNotBeReadIsNotSavedAsSwitchedOff) {
+    zeqd.kill();
+    view->readFromDatabase(true);
+    EXPECT_EQ(disabled(), std::vector<std::string>{"User login"});
+    zeqd.start();
+    choose(events().right(), "User logout");
+    events().apply(Move::Remove);
+    save();
+    EXPECT_EQ(stateOf("enableAlertFanFault"), "enabled");
+    EXPECT_EQ(stateOf(kLogout), "disabled");
+}
+
 TEST_F(SysEvents, AddressAndSeveritiesGoToTheirOwnResources) {
     type("syslogDest", "10.9.8.7");
     PageTest::choose("warning", 0);
