@@ -44,6 +44,7 @@ void ZeqExchange::adopt(ZeqPtr request) {
 
 bool ZeqExchange::answered() {
     mResponse.reset();
+    if (!mClient) zeqCountUnanswered();
     if (!ready()) return false;
     zeqCountExchange();
     mResponse.reset(ZeqClient_getResponse(mClient, mRequest.get()));

@@ -66,7 +66,7 @@ unsigned zeqRefused(const json_t* response, std::vector<std::string>& errors);
 /// Tests count with it what a refresh costs.
 unsigned long zeqExchangeCount();
 void zeqCountExchange();
-/// Of these, the ones that got no answer.
+/// Requests that got no answer, or could not be sent for want of a connection.
 unsigned long zeqUnansweredCount();
 void zeqCountUnanswered();
 

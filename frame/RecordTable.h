@@ -48,7 +48,10 @@ public:
     template <class Retrieve, class... Args>
     ZeqPtr retrieve(Retrieve send, Args&&... args) {
         ZeqClient_s* const client = databaseClient();
-        if (!client) return nullptr;
+        if (!client) {
+            zeqCountUnanswered();
+            return nullptr;
+        }
         ZeqPtr answer = zeqRetrieve(send, client, std::forward<Args>(args)...);
         if (!answer) return nullptr;
         clearData();

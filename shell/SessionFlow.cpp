@@ -93,8 +93,8 @@ void MirlApplication::notify(const Wt::WEvent& event) {
     watchInactivity(event.eventType());
     Wt::WApplication::notify(event);
     showPlace();
-    if (mUserLoggedIn && mHeader && zeqExchangeCount() != asked)
-        mHeader->setServiceAway(zeqUnansweredCount() != unanswered);
+    const bool away = zeqUnansweredCount() != unanswered;
+    if (mUserLoggedIn && mHeader && (away || zeqExchangeCount() != asked)) mHeader->setServiceAway(away);
 }
 
 void MirlApplication::watchInactivity(Wt::EventType type) {

@@ -2,7 +2,7 @@
 import assert from 'node:assert/strict';
 import { spawn, spawnSync } from 'node:child_process';
 import { once } from 'node:events';
-import { writeFileSync, mkdtempSync, rmSync, existsSync } from 'node:fs';
+import { existsSync, mkdtempSync, readFileSync, rmSync, writeFileSync } from 'node:fs';
 import { createServer } from 'node:net';
 import { tmpdir } from 'node:os';
 import { join } from 'node:path';
@@ -40,8 +40,12 @@ test('a busy port, a folder that is no folder, words that are none', async (t) =
 });
 
 test('one data folder serves one instance; Ctrl-C ends both programs', async (t) => {
-  const system = await new System().start();
+  const system = new System();
   t.after(() => system.remove());
+  writeFileSync(join(system.data, 'attributes'), 'switch.oem.short=calvex\nhelp.host=help.plant.example\n');
+  await system.start();
+  const attributes = readFileSync(join(system.data, 'attributes'), 'utf8');
+  assert.match(attributes, /^switch\.oem\.short=calvex\nfirmware\.appversion=.+\nhelp\.host=help\.plant\.example\n$/);
   const { code, lines } = refusal(['--port', String(await freePort()), '--data', system.data]);
   assert.notEqual(code, 0);
   assert.match(lines[0], /in use by another/);

@@ -152,6 +152,19 @@ TEST_F(CascadePage, LinksAPeerAndUnlinksIt) {
     EXPECT_EQ(values(1), "|||||||") << "nothing of the former peer stays";
 }
 
+TEST_F(CascadePage, APeerThatWentAwayMeanwhileIsTold) {
+    answer([](Wt::WDialog& dialog) {
+        auto* list = dynamic_cast<WLinkPeerDialog&>(dialog).list();
+        list->setSelectedIndexes(Wt::WModelIndexSet{list->proxy()->index(0, 0)});
+        list->selectionChanged().emit();
+        poke("swx", 2, "status", "offline");
+        click(buttonIn(&dialog, "Select"));
+    });
+    answerWith("Close");
+    clickAction(CascadeAction::Link);
+    EXPECT_EQ(stored("systemGlobals", 0, "peerControllerSwitchEid"), "");
+}
+
 TEST_F(CascadePage, OffersOnlySwitchesThatCanStandBy) {
     const struct {
         const char* key;

@@ -22,6 +22,7 @@
 #include <Wt/WLineEdit>
 
 #include <gmock/gmock.h>
+#include <thread>
 
 namespace {
 
@@ -271,6 +272,40 @@ TEST_F(OneSwitch, ThePasswordIsTheLoggedInAdministrators) {
         ZeqReqUtil_setStringParam(login.request(), "password", password);
         EXPECT_EQ(login.sendQuietly(), password == std::string("new-secret-1") ? 0U : 1U) << password;
     }
+}
+
+TEST_F(OneSwitch, AnotherAdministratorSeesHisOwnAccount) {
+    ZeqExchange created(ZeqPtr(ZeqReqUtil_newCreateResource("user")), __func__);
+    for (const auto& [key, value] :
+         {std::pair("name", "second"), {"role", "admin"}, {"password", "Second-1"}})
+        ZeqReqUtil_setStringParam(created.request(), key, value);
+    ASSERT_EQ(created.sendQuietly(), 0U);
+    std::string shownName;
+    std::thread([&] {
+        AppSession other;
+        other.logIn("second", "Second-1");
+        WManagedView page(other.app().root());
+        page.readFromDatabase(true);
+        for (auto* line : widgetsIn<Wt::WLineEdit>(&page))
+            if (auto* bound = dynamic_cast<WWidgetZeq*>(line);
+                bound && bound->resource() == std::string("user") && bound->key() == std::string("name"))
+                shownName = line->text().toUTF8();
+    }).join();
+    EXPECT_EQ(shownName, "second");
+}
+
+TEST_F(OneSwitch, ARefreshLeavesTheTableThatIsBeingTypedIn) {
+    open<WManagedView>();
+    auto* name = fieldOf<Wt::WLineEdit>("user", "fullName");
+    name->setFocus();
+    poke("user", 1, "fullName", "Somebody");
+    global("managerIpAddress", "10.8.8.8");
+    mPage->refreshTimerTimeout();
+    EXPECT_EQ(name->text(), "System Administrator");
+    EXPECT_EQ(lineText("systemGlobals", "managerIpAddress"), "10.8.8.8");
+    name->setFocus(false);
+    mPage->refreshTimerTimeout();
+    EXPECT_EQ(name->text(), "Somebody");
 }
 
 TEST_F(OneSwitch, RebootFlashAndPromoteAskFirst) {

@@ -123,6 +123,13 @@ TEST_F(SysEvents, WithoutAnAnswerTheSaveIsToldAsFailed) {
     EXPECT_EQ(stateOf(kLogin), "disabled");
 }
 
+TEST_F(SysEvents, CancelShowsWhatIsStoredOverASelection) {
+    events().apply(Move::AddAll);
+    choose(events().right(), "User logout");
+    click(tab().cancelButton());
+    EXPECT_EQ(disabled(), std::vector<std::string>{"User login"});
+}
+
 TEST_F(SysEvents, WhatCouldNotBeReadIsNotSavedAsSwitchedOff) {
     zeqd.kill();
     view->readFromDatabase(true);
@@ -139,7 +146,9 @@ TEST_F(SysEvents, AddressAndSeveritiesGoToTheirOwnResources) {
     type("syslogDest", "10.9.8.7");
     PageTest::choose("warning", 0);
     const std::string word = text("warning");
+    store("alertLogControl", 0, kLogout, "disabled"); // by another administrator
     save();
+    EXPECT_EQ(stateOf(kLogout), "disabled") << "what was not moved is not written";
     EXPECT_EQ(stored("systemGlobals", 0, "syslogDest"), "10.9.8.7");
     EXPECT_EQ(stored("eventLogControl", 0, "warning"), word == "Disabled" ? "disabled" : "enabled");
 }

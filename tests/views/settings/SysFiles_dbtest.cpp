@@ -147,6 +147,7 @@ TEST_F(SysFiles, ALargeFileAndACancelledOne) {
         EXPECT_EQ(dialog.result(), WLoadSettingsDialog::TooLarge);
         EXPECT_THAT(textIn(&dialog), HasSubstr("File too large. Probably not a valid settings file."));
         click(buttonIn(&dialog, "Cancel"));
+        EXPECT_EQ(dialog.result(), WLoadSettingsDialog::TooLarge) << "not the user's doing";
     });
     clickAction(SysAction::Load);
     answer([](Wt::WDialog& shownDialog) {

@@ -134,6 +134,17 @@ TEST_F(UsersPage, ABlankPasswordIsAPassword) {
     EXPECT_EQ(change().currentIndex(), 0);
 }
 
+TEST_F(UsersPage, ACancelledPasswordStaysInNoField) {
+    select({"mhansen"});
+    change().setCurrentIndex(1);
+    change().changed().emit();
+    for (const std::size_t which : {0U, 1U}) typeInto(password(which), "Not-kept-1");
+    EXPECT_EQ(buttons(), "SC");
+    click(tab().cancelButton());
+    for (const std::size_t which : {0U, 1U}) EXPECT_EQ(password(which)->text(), "");
+    EXPECT_EQ(change().currentIndex(), 0);
+}
+
 TEST_F(UsersPage, SeveralUsersKeepTheirNamesAndPasswords) {
     select({"mhansen", "jokoro"});
     EXPECT_TRUE(field<WLineEditZeq>("name")->isDisabled());

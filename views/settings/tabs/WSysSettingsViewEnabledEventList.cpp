@@ -40,13 +40,10 @@ void WSysSettingsViewEnabledEventList::readFromDatabase(bool unconditional) {
     if (mMover->hasSelection() || (mUserHasChangedContent && !unconditional)) return;
     std::vector<std::string> errors;
     std::vector<Event> read = mEvents;
-    const unsigned long unanswered = zeqUnansweredCount();
-    for (Event& event : read) {
-        event.enabled = false; // also of one that is refused
-        Db::db.readEnableDisable(kResource, 0, event.key, event.enabled, errors);
-    }
-    // Without an answer nothing is known: a save would switch off what is shown as disabled.
-    if (zeqUnansweredCount() == unanswered) mEvents = std::move(read);
+    for (Event& event :
+         read) // of what is unknown nothing is shown: a save would switch off what looks disabled
+        if (Db::db.readEnableDisable(kResource, 0, event.key, event.enabled, errors) != 0) return;
+    mEvents = std::move(read);
     mMover->refresh();
     mUserHasChangedContent = false;
 }
