@@ -161,14 +161,9 @@ TEST_F(SessionsPage, ConnectsAndListsIt) {
 
 TEST_F(SessionsPage, AnotherModeBehindThePicksIsRefusedInWords) {
     store("user", 3, "allTargetAccess", "enabled");
-    answer([](Wt::WDialog& shownDialog) {
-        auto& dialog = dynamic_cast<WEstabSesDialog&>(shownDialog);
-        pick(*dialog.users(), 3);
-        pick(*dialog.receivers(), 7);
-        pick(*dialog.transmitters(), 4);
+    connectWith(3, 7, 4, kShare, [](WEstabSesDialog& dialog) {
         chooseMode(dialog, kPrivate);
         EXPECT_FALSE(buttonIn(&dialog, "Connect")->isDisabled()) << "left as it was";
-        click(buttonIn(&dialog, "Connect"));
     });
     answerWith("Close");
     const int logins = count("userSession");
@@ -179,13 +174,8 @@ TEST_F(SessionsPage, AnotherModeBehindThePicksIsRefusedInWords) {
 
 TEST_F(SessionsPage, ARefusalIsToldAndLeavesTheLogin) {
     store("user", 3, "allTargetAccess", "enabled");
-    answer([](Wt::WDialog& shownDialog) {
-        auto& dialog = dynamic_cast<WEstabSesDialog&>(shownDialog);
-        pick(*dialog.users(), 3);
-        pick(*dialog.receivers(), 7);
-        pick(*dialog.transmitters(), 4);
-        store("tx", 4, "modeAllowed", "private_mode"); // by somebody else, meanwhile
-        click(buttonIn(&dialog, "Connect"));
+    connectWith(3, 7, 4, kShare, [](WEstabSesDialog&) {
+        store("tx", 4, "modeAllowed", "private_mode"); // by somebody else
     });
     answerWith("Close");
     const int logins = count("userSession");

@@ -55,14 +55,17 @@ protected:
         dialog.mode()->setCurrentIndex(mode == Info_ConnectionMode::Share ? 0 : 1);
         dialog.mode()->changed().emit();
     }
-    /// Answers the Connect dialog.
-    void connectWith(unsigned user, unsigned rx, unsigned tx, Info_ConnectionMode mode) {
+    /// Answers the Connect dialog; `meanwhile` happens before its button is pressed.
+    void connectWith(
+        unsigned user, unsigned rx, unsigned tx, Info_ConnectionMode mode,
+        const std::function<void(WEstabSesDialog&)>& meanwhile = [](WEstabSesDialog&) {}) {
         answer([=](Wt::WDialog& shownDialog) {
             auto& dialog = dynamic_cast<WEstabSesDialog&>(shownDialog);
             chooseMode(dialog, mode);
             pick(*dialog.users(), user);
             pick(*dialog.receivers(), rx);
             pick(*dialog.transmitters(), tx);
+            meanwhile(dialog);
             click(buttonIn(&dialog, "Connect"));
         });
     }
