@@ -51,19 +51,24 @@ void writeEach(RemoteService& service, const char* method, const std::string& re
     }
 }
 
+/// Index of the first record that fits, 0 = there is none.
+int firstIndex(RemoteService& service, const char* resource, const JsonPtr& query) {
+    if (!query) throw Failure(Exit::Usage, "the name is not UTF-8");
+    try {
+        const JsonPtr rows = service.get(resource, query.get(), {"index"});
+        return static_cast<int>(json_integer_value(json_object_get(json_array_get(rows.get(), 0), "index")));
+    } catch (const Refusal& refusal) {
+        if (!refusal.noEntries()) throw;
+        return 0;
+    }
+}
+
 /// Index of the first record that has the word in one of the keys.
 int indexOf(RemoteService& service, const char* resource, std::initializer_list<const char*> keys,
             const std::string& word) {
     for (const char* key : keys) {
         const JsonPtr query(json_pack("{s:s}", key, word.c_str()));
-        if (!query) throw Failure(Exit::Usage, "the name is not UTF-8");
-        try {
-            const JsonPtr rows = service.get(resource, query.get(), {"index"});
-            const json_t* first = json_array_get(rows.get(), 0);
-            if (first) return static_cast<int>(json_integer_value(json_object_get(first, "index")));
-        } catch (const Refusal& refusal) {
-            if (!refusal.noEntries()) throw;
-        }
+        if (const int index = firstIndex(service, resource, query)) return index;
     }
     throw Failure(Exit::Refused, std::string("no ") + resource + " is named " + word);
 }
@@ -111,15 +116,9 @@ void runLogin(Context& context) {
 void runLogout(Context& context) {
     if (context.words.size() != 1) throw Failure(Exit::Usage, "use logout RECEIVER");
     const JsonPtr query(json_pack("{s:i}", "rxIndex", receiverOf(context.service, context.words[0])));
-    JsonPtr rows;
-    try {
-        rows = context.service.get("userSession", query.get(), {"index"});
-    } catch (const Refusal& refusal) {
-        if (!refusal.noEntries()) throw;
-    }
-    const json_t* first = json_array_get(rows.get(), 0);
-    if (!first) throw Failure(Exit::Refused, "nobody is logged in there");
-    const JsonPtr params(json_pack("{s:O}", "index", json_object_get(first, "index")));
+    const int login = firstIndex(context.service, "userSession", query);
+    if (login == 0) throw Failure(Exit::Refused, "nobody is logged in there");
+    const JsonPtr params(json_pack("{s:i}", "index", login));
     context.service.write("delete", "userSession", params.get());
 }
 

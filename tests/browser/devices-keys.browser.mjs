@@ -2,7 +2,7 @@
 import assert from 'node:assert/strict';
 import { sharedSystem, shows } from './devices.mjs';
 import { test } from './harness.mjs';
-import { deviceRow, deviceRows, field, login, mainTab, saveButton, tabs, tabTo } from './pages.mjs';
+import { deviceRow, deviceRows, field, login, openByKeys, saveButton, tabTo } from './pages.mjs';
 import { detailsTab } from './places.mjs';
 import { until } from './system.mjs';
 
@@ -16,9 +16,7 @@ test('filter, select, edit, save, reboot and flash by keyboard alone', async (t)
   const system = await shared.get();
   const page = await t.page();
   await login(page, system);
-  await mainTab(page, 'Dashboard').focus();
-  for (let i = 0; i < tabs.indexOf('Devices'); i++) await page.keyboard.press('ArrowRight');
-  await page.keyboard.press('Enter');
+  await openByKeys(page, 'Devices');
   await deviceRows(page).first().waitFor();
 
   await tabTo(page, 'the filter', page.getByLabel('Filter by name').locator('visible=true'));

@@ -124,3 +124,11 @@ export async function tabTo(page, what, element) {
   }
   throw new Error(`Tab does not reach ${what}`);
 }
+
+/** Goes to a main tab without a pointer, from the Dashboard.
+ * @param {import('playwright-core').Page} page @param {string} tab */
+export async function openByKeys(page, tab) {
+  await mainTab(page, 'Dashboard').focus();
+  for (let i = 0; i < tabs.indexOf(tab); i++) await page.keyboard.press('ArrowRight');
+  await page.keyboard.press('Enter');
+}

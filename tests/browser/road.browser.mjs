@@ -1,7 +1,7 @@
 // The first ten minutes of an administrator: log in, rename a Receiver, stop, start, find the name again.
 import assert from 'node:assert/strict';
 import { test } from './harness.mjs';
-import { deviceRow, deviceRows, login, mainTab, openDevices, rename, showRow, tabs } from './pages.mjs';
+import { deviceRow, deviceRows, login, mainTab, openByKeys, openDevices, rename, showRow, tabs } from './pages.mjs';
 import { System, until } from './system.mjs';
 
 /** Index and name of the first Receiver, as the service has it. */
@@ -68,9 +68,7 @@ test('a page without a pointer: log in and rename by keyboard alone', async (t) 
   await page.keyboard.press('Enter');
   await mainTab(page, 'Dashboard').waitFor();
 
-  await mainTab(page, 'Dashboard').focus();
-  for (let i = 0; i < tabs.indexOf('Devices'); i++) await page.keyboard.press('ArrowRight');
-  await page.keyboard.press('Enter');
+  await openByKeys(page, 'Devices');
   await deviceRows(page).first().waitFor();
   await page.locator('[role="grid"]:visible').focus();
   await page.keyboard.press('Home');

@@ -3,7 +3,7 @@ import assert from 'node:assert/strict';
 import { answer, sharedSystem } from './devices.mjs';
 import { test } from './harness.mjs';
 import { act, button, list, row, rows } from './lists.mjs';
-import { login, mainTab, tabs, tabTo } from './pages.mjs';
+import { login, mainTab, openByKeys, tabTo } from './pages.mjs';
 import { until } from './system.mjs';
 
 const shared = sharedSystem();
@@ -121,11 +121,10 @@ test('the Dashboard is folded, dragged and filtered, and its durations go on', a
 
 test('a session is connected and disconnected by keyboard alone', async (t) => {
   const system = await shared.get();
+  system.ctl('set', 'user', '1', 'enableDisconnectSessionWarning=enabled');
   const page = await t.page();
   await login(page, system);
-  await mainTab(page, 'Dashboard').focus();
-  for (let i = 0; i < tabs.indexOf('Sessions'); i++) await page.keyboard.press('ArrowRight');
-  await page.keyboard.press('Enter');
+  await openByKeys(page, 'Sessions');
   await row(page, sessions, 'Video Wall 1').waitFor();
   await tabTo(page, 'Connect', button(page, 'Connect'));
   await page.keyboard.press('Enter');
@@ -154,6 +153,7 @@ test('a session is connected and disconnected by keyboard alone', async (t) => {
   }
   await tabTo(page, 'Disconnect', button(page, 'Disconnect'));
   await page.keyboard.press('Enter');
-  if ((await page.getByRole('dialog').count()) > 0) await page.keyboard.press('Enter'); // unless it was switched off
+  await dialog(page).getByText('disconnect the selected session(s)?').waitFor();
+  await page.keyboard.press('Enter');
   await row(page, sessions, receiver).waitFor({ state: 'detached' });
 });

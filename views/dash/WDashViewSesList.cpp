@@ -1,6 +1,5 @@
 #include "views/dash/WDashViewSesList.h"
 
-#include "db/Convert.h"
 #include "db/Db.h"
 #include "db/HeldRecords.h"
 #include "platform/client/ZeqReq.h"
@@ -34,13 +33,11 @@ std::string transmitterOf(const Login& login) {
 }
 
 std::string modeOf(const Login& login) {
-    if (!login.session) return "";
-    return Convert_accessModeEnumToString(
-        static_cast<Info_AccessMode>(ZeqRsp_connectionGetMode(login.session->json())));
+    return login.session ? sessionMode(*login.session) : "";
 }
 
 std::string durationOf(const Login& login) {
-    return login.session ? SessionClock::duration(login.session->time("sessionStartTime")) : "";
+    return login.session ? sessionDuration(*login.session) : "";
 }
 
 constexpr RecordColumn<Login> kColumns[] = {

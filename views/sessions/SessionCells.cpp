@@ -1,7 +1,10 @@
 #include "views/sessions/SessionCells.h"
 
+#include "db/Convert.h"
 #include "db/Db.h"
 #include "db/HeldRecords.h"
+#include "platform/client/ZeqReq.h"
+#include "views/sessions/SessionClock.h"
 
 #include <set>
 #include <vector>
@@ -51,4 +54,13 @@ std::string sessionUsername(const ZeqRow& record) {
 
 std::string sessionReceiver(const ZeqRow& record) {
     return ofReceiver<&Db::getRxNameOrEidFromRxIndex>(record);
+}
+
+std::string sessionMode(const ZeqRow& connection) {
+    return Convert_accessModeEnumToString(
+        static_cast<Info_AccessMode>(ZeqRsp_connectionGetMode(connection.json())));
+}
+
+std::string sessionDuration(const ZeqRow& connection) {
+    return SessionClock::duration(connection.time("sessionStartTime"));
 }

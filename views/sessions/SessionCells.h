@@ -13,3 +13,7 @@ void holdSessionNames(const json_t* logins, const json_t* connections);
 // Cells of lists of sessions, by the record's "rxIndex"; empty when the user has logged out, or the device is gone.
 std::string sessionUsername(const ZeqRow& record);
 std::string sessionReceiver(const ZeqRow& record);
+
+// Cells of a connection.
+std::string sessionMode(const ZeqRow& connection);
+std::string sessionDuration(const ZeqRow& connection); // until now

@@ -1,6 +1,5 @@
 #include "views/sessions/WSesViewList.h"
 
-#include "db/Convert.h"
 #include "db/Db.h"
 #include "db/HeldRecords.h"
 #include "platform/client/ZeqReq.h"
@@ -21,22 +20,13 @@ std::string transmitterOf(const ZeqRow& session) {
     return name;
 }
 
-std::string modeOf(const ZeqRow& session) {
-    return Convert_accessModeEnumToString(
-        static_cast<Info_AccessMode>(ZeqRsp_connectionGetMode(session.json())));
-}
-
-std::string durationOf(const ZeqRow& session) {
-    return SessionClock::duration(session.time("sessionStartTime"));
-}
-
 constexpr RecordColumn<> kColumns[] = {
     {"index", RecordIndex{}},
     {"[RSnnn]Username", sessionUsername},
     {"[RSnnn]Receiver", sessionReceiver},
     {"[RSnnn]Transmitter", transmitterOf},
-    {"[RSnnn]Mode", modeOf, 110},
-    {"[RSnnn]Duration", durationOf, 130},
+    {"[RSnnn]Mode", sessionMode, 110},
+    {"[RSnnn]Duration", sessionDuration, 130},
 };
 static_assert(std::size(kColumns) == List::kColumnCount &&
               columnHeaded(kColumns, "[RSnnn]Username") == List::Username &&
